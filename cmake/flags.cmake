@@ -1,0 +1,37 @@
+# SPDX-License-Identifier: MIT
+# What every target of ours is compiled with. Whether warnings are errors is
+# CMAKE_COMPILE_WARNING_AS_ERROR, which the presets set and a release build does not.
+
+add_library(chimewell_flags INTERFACE)
+target_compile_features(chimewell_flags INTERFACE cxx_std_23)
+target_include_directories(chimewell_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
+target_compile_options(chimewell_flags INTERFACE
+  -Wall -Wextra -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast)
+
+if(CHIMEWELL_SANITIZE)
+  target_compile_options(chimewell_flags INTERFACE
+    -fsanitize=${CHIMEWELL_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(chimewell_flags INTERFACE -fsanitize=${CHIMEWELL_SANITIZE})
+endif()
+
+# Adapters and interface: text between our std::string and QString is converted by name only.
+add_library(chimewell_qt_flags INTERFACE)
+target_compile_definitions(chimewell_qt_flags INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_CONTEXTLESS_CONNECT)
+target_link_libraries(chimewell_qt_flags INTERFACE chimewell_flags)
+
+# chimewell_library(NAME SOURCES... HEADERS... LINK...): one static library of the core. Its headers
+# are proven to compile alone (target all_verify_interface_header_sets).
+function(chimewell_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;HEADERS;LINK")
+  if(arg_SOURCES)
+    add_library(${name} STATIC ${arg_SOURCES})
+    set(scope PUBLIC)
+  else()
+    add_library(${name} INTERFACE)
+    set(scope INTERFACE)
+  endif()
+  target_sources(${name} ${scope} FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR}/src FILES ${arg_HEADERS})
+  set_target_properties(${name} PROPERTIES CXX_EXTENSIONS OFF)
+  target_link_libraries(${name} ${scope} chimewell_flags ${arg_LINK})
+endfunction()
