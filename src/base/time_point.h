@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <chrono>
+
+namespace chimewell {
+
+/// A moment on the calendar (UTC), as the user's clock shows it.
+using Date = std::chrono::sys_time<std::chrono::microseconds>;
+
+/// Tag of the time line that never jumps and goes on while the machine sleeps. Its zero is arbitrary.
+struct ContinuousTime {
+    using rep = std::chrono::nanoseconds::rep;
+    using period = std::chrono::nanoseconds::period;
+    using duration = std::chrono::nanoseconds;
+    using time_point = std::chrono::time_point<ContinuousTime>;
+    static constexpr bool is_steady = true;
+};
+
+/// A moment to measure intervals from; two of them are comparable within one run only.
+using Instant = ContinuousTime::time_point;
+
+}
