@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <expected>
+#include <string>
+
+namespace chimewell {
+
+/// Whether the system starts the application when the user logs in.
+class LoginItem {
+public:
+    virtual ~LoginItem() = default;
+    /// What the system will really do at the next log-in.
+    virtual bool isEnabled() const = 0;
+    /// The error is the system's description.
+    virtual std::expected<void, std::string> registerItem() = 0;
+    virtual std::expected<void, std::string> unregisterItem() = 0;
+};
+
+}

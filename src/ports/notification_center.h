@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+
+namespace chimewell {
+
+/// What the system says about our permission to show banners.
+enum class NotificationPermission { notDetermined, denied, authorized, provisional, ephemeral, unknown };
+
+/// A button that every banner of the category carries.
+struct NotificationCategory {
+    std::string identifier;
+    std::string actionIdentifier;
+    std::string actionTitle;
+};
+
+struct NotificationRequest {
+    std::string identifier; ///< Unique: banners never replace one another.
+    std::string categoryIdentifier;
+    std::string title;
+    std::string body;
+    std::map<std::string, std::string> userInfo; ///< Comes back with a click.
+};
+
+/// A click on a banner or on its button.
+struct NotificationResponse {
+    std::string actionIdentifier; ///< The button's identifier, or `defaultNotificationAction`.
+    std::map<std::string, std::string> userInfo;
+};
+
+/// The user clicked the banner itself.
+inline constexpr char defaultNotificationAction[] = "default";
+
+/// The system's banners. Every answer may come later, on the main thread; nothing here waits.
+class NotificationCenter {
+public:
+    virtual ~NotificationCenter() = default;
+    /// False when no banner can be shown by this process at the moment, whatever the user allows.
+    virtual bool isAvailable() const = 0;
+    /// Clicks go to `response` from now on, and banners are shown while our own windows are in front.
+    virtual void setResponseHandler(std::function<void(const NotificationResponse&)> response) = 0;
+    /// Replaces all categories by this one.
+    virtual void setCategory(const NotificationCategory& category) = 0;
+    virtual void readPermission(std::function<void(NotificationPermission)> done) = 0;
+    /// Asks the user, where the system has such a question; `done` follows in every case.
+    virtual void requestPermission(std::function<void()> done) = 0;
+    /// Hands the banner over for showing at once, without a sound of its own.
+    virtual void post(const NotificationRequest& request) = 0;
+    virtual void openSystemSettings() = 0;
+    /// `changed` runs whenever availability or permission may have become another.
+    virtual void setChangeHandler(std::function<void()> changed) = 0;
+};
+
+}

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "values/app_settings.h"
+
+#include "values/provider.h"
+#include "values/sound_option.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+namespace chimewell {
+
+namespace {
+
+// In the order of CanonicalEvent.
+constexpr std::array<std::string_view, allCanonicalEvents.size()> defaultSoundIds = {
+    "Blow", "Funk", "Pop", "Basso", "Tink", "Purr", "Bottle", silentSoundId,
+};
+
+constexpr std::array defaultProviderOrder = {claudeProvider, cursorProvider, codexProvider};
+
+}
+
+EventSetting EventSetting::defaultSetting(CanonicalEvent event)
+{
+    return {.event = event,
+            .enabled = enabledByDefault(event),
+            .soundId = std::string(defaultSoundIds[static_cast<std::size_t>(event)]),
+            .showPopup = enabledByDefault(event),
+            .speak = false,
+            .spokenPhrase = {}};
+}
+
+std::vector<EventSetting> AppSettings::defaultEvents()
+{
+    std::vector<EventSetting> events;
+    for (const CanonicalEvent event : allCanonicalEvents)
+        events.push_back(EventSetting::defaultSetting(event));
+    return events;
+}
+
+std::vector<ProviderInstallState> AppSettings::defaultProviders()
+{
+    std::vector<ProviderInstallState> providers;
+    for (const std::string_view identifier : defaultProviderOrder)
+        providers.push_back({.providerId = std::string(identifier)});
+    return providers;
+}
+
+void AppSettings::normalize()
+{
+    for (const CanonicalEvent event : allCanonicalEvents)
+        if (!setting(event)) events.push_back(EventSetting::defaultSetting(event));
+    for (const std::string_view identifier : defaultProviderOrder)
+        if (std::ranges::find(providers, identifier, &ProviderInstallState::providerId) == providers.end())
+            providers.push_back({.providerId = std::string(identifier)});
+    schemaVersion = currentSchemaVersion;
+}
+
+const EventSetting* AppSettings::setting(CanonicalEvent event) const
+{
+    const auto found = std::ranges::find(events, event, &EventSetting::event);
+    return found == events.end() ? nullptr : &*found;
+}
+
+EventSetting* AppSettings::setting(CanonicalEvent event)
+{
+    const auto found = std::ranges::find(events, event, &EventSetting::event);
+    return found == events.end() ? nullptr : &*found;
+}
+
+}
