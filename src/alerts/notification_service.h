@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/subscription.h"
+#include "ports/notification_center.h"
+#include "ports/random.h"
+#include "values/auth_status.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace chimewell {
+
+/// Shows banners, knows whether the user allows them, and tells when one was clicked.
+class NotificationService {
+public:
+    NotificationService(NotificationCenter& center, Random& random) : center_(center), random_(random) {}
+
+    /// Runs when the user clicks a banner or its button; set once at start-up.
+    std::function<void(const std::optional<std::string>& term, const std::optional<std::string>& cwd)>
+        onOpenSession;
+
+    AuthStatus status() const { return status_; }
+    [[nodiscard]] Subscription onChange(std::function<void()> callback);
+
+    /// Once at start-up: takes the clicks, registers the category and reads the permission.
+    void configure();
+    void refreshStatus();
+    /// Asks the user if that has not been done yet, then reads the permission again.
+    void requestAuthorization();
+    /// True when the banner was handed to the system, false when banners are unavailable.
+    bool post(const std::string& title, const std::string& body, const std::optional<std::string>& cwd,
+              const std::optional<std::string>& term);
+    void openSystemSettings() { center_.openSystemSettings(); }
+
+private:
+    void publish(AuthStatus status);
+    void respond(const NotificationResponse& response) const;
+
+    NotificationCenter& center_;
+    Random& random_;
+    AuthStatus status_ = AuthStatus::notDetermined;
+    Subscribers subscribers_;
+};
+
+}

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#include "alerts/voice_announcer.h"
+
+#include "base/white_space.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace chimewell {
+
+void VoiceAnnouncer::speak(std::string_view text, const std::optional<std::string>& voiceIdentifier)
+{
+    const std::string_view announcement = trimmed(text);
+    if (announcement.empty()) return;
+    synth_.speak(std::string(announcement), voiceIdentifier);
+}
+
+std::vector<Voice> VoiceAnnouncer::voices(std::vector<Voice> installed) const
+{
+    std::string code = locale_.languageCode();
+    if (code.empty()) code = "en";
+    const auto speaksIt = [&](const Voice& voice) { return voice.language.starts_with(code); };
+    if (std::ranges::any_of(installed, speaksIt))
+        std::erase_if(installed, [&](const Voice& voice) { return !speaksIt(voice); });
+    std::ranges::stable_sort(installed, {},
+                             [](const Voice& voice) { return std::tie(voice.language, voice.name); });
+    return installed;
+}
+
+}

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include "events/event_history.h"
+
+#include "values/event_title.h"
+
+#include <utility>
+
+namespace chimewell {
+
+std::string EventHistory::Entry::displayTitle() const
+{
+    return eventTitle(event, projectLabel) + (isReminder ? " (reminder)" : "");
+}
+
+std::string EventHistory::Entry::timeText(const UserLocale& locale, Date now) const
+{
+    return locale.shortTime(date) + " (" + locale.relativeTime(date, now) + ")";
+}
+
+void EventHistory::add(const EventPayload& payload, bool isReminder)
+{
+    entries_.insert(entries_.begin(), {.id = random_.uuid(),
+                                       .date = clock_.now(),
+                                       .event = payload.type,
+                                       .projectLabel = payload.projectLabel(),
+                                       .message = payload.message,
+                                       .isReminder = isReminder,
+                                       .cwd = payload.cwd,
+                                       .term = payload.term});
+    if (entries_.size() > capacity) entries_.resize(capacity);
+    subscribers_.notify();
+}
+
+void EventHistory::clear()
+{
+    entries_.clear();
+    subscribers_.notify();
+}
+
+Subscription EventHistory::onChange(std::function<void()> callback)
+{
+    return subscribers_.add(std::move(callback));
+}
+
+}

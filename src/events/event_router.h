@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "alerts/notification_service.h"
+#include "alerts/sound_player.h"
+#include "alerts/voice_announcer.h"
+#include "base/last_seen.h"
+#include "events/event_history.h"
+#include "events/reminder_manager.h"
+#include "ports/clock.h"
+#include "settings/settings_store.h"
+#include "values/event_payload.h"
+
+#include <chrono>
+#include <cstddef>
+
+namespace chimewell {
+
+/// Decides what one event sets off: history, sound, speech, banner, reminder. Refusals (muted,
+/// disabled, repeated, filtered) are silent by design. The settings are read afresh each time.
+class EventRouter {
+public:
+    struct Collaborators {
+        const SettingsStore& store;
+        EventHistory& history;
+        SoundPlayer& sound;
+        NotificationService& notifications;
+        VoiceAnnouncer& voice;
+        ReminderManager& reminders;
+        const Clock& clock;
+    };
+    explicit EventRouter(Collaborators with) : with_(with) {} ///< All of them outlive the router.
+
+    void handle(const EventPayload& payload);
+    /// Alerts once more for a payload that is still waiting.
+    void fireReminder(const EventPayload& payload);
+
+    /// A repeat of one session's event is dropped while it is younger than this.
+    static constexpr std::chrono::seconds throttleWindow{5};
+    static constexpr std::chrono::seconds throttleMemory{60};
+    /// Keys remembered for it; only a flood of events reaches that many.
+    static constexpr std::size_t throttleCapacity = 10'000;
+
+private:
+    enum class Occasion { first, reminder };
+
+    void keepRemindersInStep(const EventPayload& payload);
+    bool isRepeat(const EventPayload& payload);
+    void alert(const EventPayload& payload, const EventSetting& setting, Occasion occasion);
+
+    Collaborators with_;
+    LastSeen lastPresentedAt_{throttleCapacity}; ///< By raw event name, "|" and session.
+};
+
+}

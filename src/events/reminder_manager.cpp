@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include "events/reminder_manager.h"
+
+#include <algorithm>
+
+namespace chimewell {
+
+using namespace std::chrono_literals;
+
+void ReminderManager::arm(const EventPayload& payload, std::int64_t intervalSeconds, std::int64_t maxCount)
+{
+    const std::string key = payload.sessionKey();
+    cancel(key);
+    if (recentlySettled(key, with_.clock.instant())) return;
+    if (maxCount < 1 || intervalSeconds < 1) return;
+
+    if (pending_.size() >= maxPending) dropOldest();
+    pending_[key] = {.payload = payload,
+                     .count = 0,
+                     .order = ++armings_,
+                     .timer = with_.timers.repeat(period(intervalSeconds),
+                                                  [this, key, maxCount] { tick(key, maxCount); })};
+}
+
+void ReminderManager::cancel(const std::string& sessionKey)
+{
+    pending_.erase(sessionKey);
+}
+
+void ReminderManager::markSettled(const EventPayload& payload, Instant when)
+{
+    const std::string key = payload.sessionKey();
+    cancel(key);
+    cancel(noSessionKey);
+    settledAt_.set(key, when);
+    settledAt_.forgetUntil(when - settleWindow);
+}
+
+void ReminderManager::unsettle(const std::string& sessionKey)
+{
+    settledAt_.erase(sessionKey);
+}
+
+bool ReminderManager::recentlySettled(const std::string& sessionKey, Instant now)
+{
+    const auto settled = settledAt_.find(sessionKey);
+    if (!settled) return false;
+    if (now - *settled <= settleWindow) return true;
+    settledAt_.erase(sessionKey);
+    return false;
+}
+
+void ReminderManager::tick(const std::string& sessionKey, std::int64_t maxCount)
+{
+    const auto found = pending_.find(sessionKey);
+    if (found == pending_.end()) return;
+    if (with_.store.settings().globalMuted) return;
+
+    const std::int64_t count = ++found->second.count;
+    const std::uint64_t order = found->second.order;
+    // onFire may cancel the entry or arm another one in its place, so it gets a copy and the entry
+    // is looked up again.
+    const EventPayload payload = found->second.payload;
+    const std::string key = sessionKey; // lives in the timer, which dies with the entry
+    if (onFire) onFire(payload);
+    if (count < maxCount) return;
+    const auto still = pending_.find(key);
+    if (still != pending_.end() && still->second.order == order) pending_.erase(still);
+}
+
+std::chrono::milliseconds ReminderManager::period(std::int64_t intervalSeconds)
+{
+    // A hand-written interval may be anything; a century is never waited for, and fits every timer.
+    constexpr std::int64_t century = std::int64_t{100} * 366 * 24 * 3600;
+    const std::chrono::milliseconds interval = std::chrono::seconds(std::min(intervalSeconds, century));
+    // Sessions that began to wait together should not go on reminding in the same instant.
+    const auto maxJitter = std::min(interval / 10, std::chrono::milliseconds(5s));
+    const double jitter = with_.random.unit() * static_cast<double>(maxJitter.count());
+    return interval + std::chrono::milliseconds(static_cast<std::int64_t>(jitter + 0.5));
+}
+
+void ReminderManager::dropOldest()
+{
+    pending_.erase(
+        std::ranges::min_element(pending_, {}, [](const auto& pending) { return pending.second.order; }));
+}
+
+}

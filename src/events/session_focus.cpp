@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#include "events/session_focus.h"
+
+#include <filesystem>
+
+namespace chimewell {
+
+void SessionFocus::focusSession(const std::optional<std::string>& term, const std::optional<std::string>& cwd)
+{
+    const TerminalApplication* const terminal = term ? findTerminalApplication(*term) : nullptr;
+    if (terminal && activateApp(*terminal)) return;
+    if (cwd) showFolder(*cwd);
+}
+
+bool SessionFocus::activateApp(const TerminalApplication& application)
+{
+    if (workspace_.isInstalled(application)) {
+        workspace_.openActivating(application);
+        return true;
+    }
+    return workspace_.activateRunning(application);
+}
+
+void SessionFocus::showFolder(const std::string& cwd)
+{
+    const std::filesystem::path path(cwd);
+    if (!path.is_absolute()) return;
+    const auto kind = files_.kind(path);
+    if (!kind) return;
+    // Anything but a folder is only pointed at: opening it could run it.
+    if (*kind != FileKind::folder || !workspace_.openFolder(path)) workspace_.reveal(path);
+}
+
+}
