@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+#include "alerts/notification_service.h"
+#include "alerts/sound_player.h"
+#include "alerts/voice_announcer.h"
+#include "values/sound_option.h"
+
+#include "support/fixed_random.h"
+#include "support/plain_locale.h"
+#include "support/recording_notification_center.h"
+#include "support/recording_sounds.h"
+#include "support/recording_speech.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace chimewell::test {
+
+TEST(SoundPlayerTest, LetsTheNewestFourSound)
+{
+    RecordingSounds sounds;
+    SoundPlayer player(sounds);
+    for (const char* name : {"Basso", "Blow", "Bottle", "Frog", "Funk"})
+        player.play(name);
+    EXPECT_TRUE(sounds.played[0]->stopped);
+    for (int i = 1; i < 5; ++i)
+        EXPECT_TRUE(sounds.played[static_cast<std::size_t>(i)]->playing) << i;
+
+    sounds.played[2]->playing = false; // came to its end: there is room again
+    player.play("Glass");
+    EXPECT_FALSE(sounds.played[1]->stopped);
+}
+
+TEST(SoundPlayerTest, PlaysOnlyExactNamesThatExist)
+{
+    RecordingSounds sounds;
+    sounds.missing = {"Pop"};
+    SoundPlayer player(sounds);
+    for (const char* id : {"__silent__", "silent", "", "tink", "Tink ", "Pop"})
+        player.play(id);
+    EXPECT_TRUE(sounds.played.empty());
+    for (const auto& option : SoundOption::all())
+        player.play(option.id);
+    EXPECT_EQ(sounds.played.size(), 13u); // all but the silent one and the missing one
+}
+
+TEST(VoiceAnnouncerTest, SpeaksTrimmedTextAndNothingBlank)
+{
+    RecordingSpeech speech;
+    const PlainLocale locale;
+    VoiceAnnouncer voice(speech, locale);
+    voice.speak(" \n\u00A0", std::nullopt);
+    voice.speak("\n done \u2028", "Anna");
+    EXPECT_EQ(speech.spoken, (std::vector<RecordingSpeech::Utterance>{{"done", "Anna"}}));
+}
+
+TEST(VoiceAnnouncerTest, OffersTheVoicesOfTheUsersLanguage)
+{
+    RecordingSpeech speech;
+    PlainLocale locale;
+    const VoiceAnnouncer voice(speech, locale);
+    const std::vector<Voice> installed = {
+        {"1", "Zoe", "en-US"}, {"2", "Anna", "de-DE"}, {"3", "Adam", "en-US"}, {"4", "Bea", "en-GB"}};
+    const auto offered = [&](const char* language) {
+        locale.language = language;
+        std::string names;
+        for (const auto& v : voice.voices(installed))
+            names += v.name + " ";
+        return names;
+    };
+    EXPECT_EQ(offered("en"), "Bea Adam Zoe ");
+    EXPECT_EQ(offered("de"), "Anna ");
+    EXPECT_EQ(offered("fr"), "Anna Bea Adam Zoe "); // none: all of them
+    EXPECT_EQ(offered(""), "Bea Adam Zoe ");
+}
+
+class NotificationServiceTest : public ::testing::Test {
+protected:
+    using Session = std::pair<std::optional<std::string>, std::optional<std::string>>; ///< term, cwd
+
+    NotificationServiceTest()
+    {
+        service.onOpenSession = [this](const auto& term, const auto& cwd) { opened.emplace_back(term, cwd); };
+    }
+
+    RecordingNotificationCenter center;
+    FixedRandom random;
+    NotificationService service{center, random};
+    std::vector<Session> opened;
+};
+
+TEST_F(NotificationServiceTest, ShowsThePermissionOfTheSystem)
+{
+    const std::pair<NotificationPermission, AuthStatus> table[] = {
+        {NotificationPermission::denied, AuthStatus::denied},
+        {NotificationPermission::authorized, AuthStatus::authorized},
+        {NotificationPermission::provisional, AuthStatus::provisional},
+        {NotificationPermission::ephemeral, AuthStatus::authorized},
+        {NotificationPermission::notDetermined, AuthStatus::notDetermined},
+        {NotificationPermission::unknown, AuthStatus::notDetermined},
+    };
+    EXPECT_EQ(service.status(), AuthStatus::notDetermined);
+    for (const auto& [permission, status] : table) {
+        center.permission = permission;
+        service.refreshStatus();
+        EXPECT_EQ(service.status(), status);
+    }
+}
+
+TEST_F(NotificationServiceTest, FollowsTheSystemAndTellsOfChangesOnly)
+{
+    int told = 0;
+    const Subscription subscription = service.onChange([&] { ++told; });
+    service.configure();
+    center.changed();
+    EXPECT_EQ(told, 1);
+    center.available = false;
+    center.changed();
+    EXPECT_EQ(service.status(), AuthStatus::unavailable);
+    EXPECT_FALSE(service.post("t", "b", std::nullopt, std::nullopt));
+    EXPECT_TRUE(center.posted.empty());
+    EXPECT_EQ(told, 2);
+}
+
+TEST_F(NotificationServiceTest, AsksTheUserOnce)
+{
+    center.permission = NotificationPermission::notDetermined;
+    center.userAnswers = NotificationPermission::denied;
+    service.requestAuthorization();
+    service.requestAuthorization();
+    EXPECT_EQ(center.requests, 1);
+    EXPECT_EQ(service.status(), AuthStatus::denied);
+}
+
+TEST_F(NotificationServiceTest, PostsBannersThatNeverReplaceOneAnother)
+{
+    service.configure();
+    EXPECT_EQ(center.category.identifier, "AGENT_EVENT");
+    EXPECT_EQ(center.category.actionIdentifier, "FOCUS_SESSION");
+    EXPECT_EQ(center.category.actionTitle, "Open Session");
+
+    EXPECT_TRUE(service.post("Title", "Body", "/proj", std::nullopt));
+    EXPECT_TRUE(service.post("Title", "Body", std::nullopt, "kitty"));
+    ASSERT_EQ(center.posted.size(), 2u);
+    EXPECT_NE(center.posted[0].identifier, center.posted[1].identifier);
+    EXPECT_EQ(center.posted[0].categoryIdentifier, "AGENT_EVENT");
+    EXPECT_EQ(center.posted[0].userInfo, (std::map<std::string, std::string>{{"cwd", "/proj"}}));
+    EXPECT_EQ(center.posted[1].userInfo, (std::map<std::string, std::string>{{"term", "kitty"}}));
+}
+
+TEST_F(NotificationServiceTest, OpensTheSessionOfAClickedBanner)
+{
+    service.configure();
+    center.respond({"FOCUS_SESSION", {{"cwd", "/proj"}, {"term", "kitty"}}});
+    center.respond({defaultNotificationAction, {}});
+    center.respond({"dismiss", {{"cwd", "/proj"}}});
+    EXPECT_EQ(opened, (std::vector<Session>{{"kitty", "/proj"}, {std::nullopt, std::nullopt}}));
+}
+
+}

@@ -1,0 +1,287 @@
+// SPDX-License-Identifier: MIT
+#include "events/event_router.h"
+
+#include "support/fake_time.h"
+#include "support/fixed_random.h"
+#include "support/memory_files.h"
+#include "support/plain_locale.h"
+#include "support/recording_notification_center.h"
+#include "support/recording_sounds.h"
+#include "support/recording_speech.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace chimewell::test {
+
+using namespace std::chrono_literals;
+
+/// The whole core behind the event road, wired as the application wires it.
+class EventRouterTest : public ::testing::Test {
+protected:
+    EventRouterTest()
+    {
+        reminders.onFire = [this](const EventPayload& payload) { router.fireReminder(payload); };
+        store.updateEvent(CanonicalEvent::waitingInput, [](EventSetting& setting) { setting.speak = true; });
+    }
+
+    static EventPayload event(CanonicalEvent type, std::optional<std::string> session = "S")
+    {
+        return {.type = type, .provider = "claude", .cwd = "/home/me/proj", .session = std::move(session)};
+    }
+    static EventPayload waiting(std::optional<std::string> message = std::nullopt)
+    {
+        EventPayload payload = event(CanonicalEvent::waitingInput);
+        payload.message = std::move(message);
+        return payload;
+    }
+    void set(const std::function<void(AppSettings&)>& change) { store.update(change); }
+    std::size_t alerts() const { return sounds.played.size(); }
+
+    FakeTime time;
+    MemoryFiles files;
+    FixedRandom random;
+    RecordingSounds sounds;
+    RecordingSpeech speech;
+    RecordingNotificationCenter center;
+    PlainLocale locale;
+
+    SettingsStore store{files, "/data/Chimewell"};
+    SoundPlayer sound{sounds};
+    VoiceAnnouncer voice{speech, locale};
+    NotificationService notifications{center, random};
+    EventHistory history{time, random};
+    ReminderManager reminders{{.store = store, .clock = time, .timers = time, .random = random}};
+    EventRouter router{{.store = store,
+                        .history = history,
+                        .sound = sound,
+                        .notifications = notifications,
+                        .voice = voice,
+                        .reminders = reminders,
+                        .clock = time}};
+};
+
+TEST_F(EventRouterTest, AlertsInEveryWayThatIsSwitchedOn)
+{
+    router.handle(waiting("Claude needs your permission"));
+    ASSERT_EQ(history.entries().size(), 1u);
+    EXPECT_EQ(history.entries()[0].displayTitle(), "Waiting for input — proj");
+    EXPECT_EQ(sounds.names(), (std::vector<std::string>{"Funk"}));
+    EXPECT_EQ(speech.spoken, (std::vector<RecordingSpeech::Utterance>{
+                                 {"The agent is waiting for your input", std::nullopt}}));
+    ASSERT_EQ(center.posted.size(), 1u);
+    EXPECT_EQ(center.posted[0].title, "Waiting for input — proj");
+    EXPECT_EQ(center.posted[0].body, "Claude needs your permission");
+    EXPECT_EQ(center.posted[0].userInfo.at("cwd"), "/home/me/proj");
+
+    set([](AppSettings& settings) {
+        EventSetting& finished = *settings.setting(CanonicalEvent::finished);
+        finished.showPopup = false;
+        finished.soundId = "__silent__";
+    });
+    router.handle(event(CanonicalEvent::finished));
+    EXPECT_EQ(history.entries().size(), 2u);
+    EXPECT_EQ(alerts(), 1u);
+    EXPECT_EQ(center.posted.size(), 1u);
+}
+
+TEST_F(EventRouterTest, ComposesTheBannerFromWhatThereIs)
+{
+    EventPayload payload = event(CanonicalEvent::finished, "A");
+    payload.cwd = std::nullopt;
+    router.handle(payload);
+    payload.session = "B";
+    payload.title = "Build";
+    payload.message = "All green";
+    router.handle(payload);
+    ASSERT_EQ(center.posted.size(), 2u);
+    EXPECT_EQ(center.posted[0].title, "Finished");
+    EXPECT_EQ(center.posted[0].body, "The agent finished responding and is idle.");
+    EXPECT_EQ(center.posted[1].title, "Build");
+    EXPECT_EQ(center.posted[1].body, "All green");
+}
+
+TEST_F(EventRouterTest, SpeaksTheUsersPhraseUnlessItIsBlank)
+{
+    const auto phrase = [&](const char* text) {
+        store.updateEvent(CanonicalEvent::waitingInput, [&](EventSetting& setting) {
+            setting.spokenPhrase = text;
+            setting.voiceIdentifier = "Anna";
+        });
+        time.advance(6s);
+        router.handle(waiting());
+        return speech.spoken.back();
+    };
+    EXPECT_EQ(phrase(" Komm her! \n"), RecordingSpeech::Utterance("Komm her!", "Anna"));
+    EXPECT_EQ(phrase("   "), RecordingSpeech::Utterance("The agent is waiting for your input", "Anna"));
+}
+
+TEST_F(EventRouterTest, DropsIdlePromptsButNoRequests)
+{
+    const struct {
+        const char* message;
+        bool alerts;
+    } cases[] = {
+        {"Claude is waiting for your input", false},
+        {"CLAUDE IS WAITING FOR INPUT", false},
+        {"Claude needs your permission to use Bash", true},
+        {"Please confirm: waiting for input", true},
+        {"Approve? Waiting for your input", true},
+        {"Claude Code needs your approval for the plan", true},
+        {"Anything else", true},
+    };
+    for (const auto& c : cases) {
+        time.advance(1min);
+        const std::size_t before = alerts();
+        router.handle(waiting(c.message));
+        EXPECT_EQ(alerts() - before, c.alerts ? 1u : 0u) << c.message;
+        EXPECT_EQ(time.runningTimers(), c.alerts ? 1u : 0u) << c.message;
+        reminders.cancel("S");
+    }
+    EventPayload finished = event(CanonicalEvent::finished);
+    finished.message = "waiting for input"; // the filter is for waiting events alone
+    router.handle(finished);
+    EXPECT_EQ(history.entries()[0].event, CanonicalEvent::finished);
+}
+
+TEST_F(EventRouterTest, DropsRepeatsOfOneSessionsEventForFiveSeconds)
+{
+    const auto alertsFor = [&](const EventPayload& payload) {
+        const std::size_t before = alerts();
+        router.handle(payload);
+        return alerts() - before;
+    };
+    EXPECT_EQ(alertsFor(event(CanonicalEvent::finished)), 1u);
+    EXPECT_EQ(alertsFor(event(CanonicalEvent::finished, "T")), 1u);
+    EXPECT_EQ(alertsFor(event(CanonicalEvent::finished, std::nullopt)), 1u);
+    EXPECT_EQ(alertsFor(event(CanonicalEvent::finished, std::nullopt)), 0u);
+    EXPECT_EQ(alertsFor(waiting()), 1u);
+    time.advance(3s);
+    EXPECT_EQ(alertsFor(event(CanonicalEvent::finished)), 0u);
+    time.advance(2s - 1ns);
+    EXPECT_EQ(alertsFor(event(CanonicalEvent::finished)),
+              0u); // a dropped one does not extend the five seconds
+    time.advance(1ns);
+    EXPECT_EQ(alertsFor(event(CanonicalEvent::finished)), 1u);
+
+    time.setDate(time.now() - 24h); // somebody sets the clock back
+    time.advance(5s);
+    EXPECT_EQ(alertsFor(event(CanonicalEvent::finished)), 1u);
+}
+
+TEST_F(EventRouterTest, AlertsForNothingThatIsMutedDisabledOrSilent)
+{
+    set([](AppSettings& settings) {
+        settings.setting(CanonicalEvent::waitingInput)->enabled = false;
+        settings.setting(CanonicalEvent::userActed)->enabled = true;
+        settings.setting(CanonicalEvent::userActed)->soundId = "Tink";
+    });
+    router.handle(waiting());
+    router.handle(event(CanonicalEvent::error));
+    router.handle(event(CanonicalEvent::userActed));
+    set([](AppSettings& settings) { settings.globalMuted = true; });
+    router.handle(event(CanonicalEvent::finished));
+    set([](AppSettings& settings) {
+        settings.globalMuted = false;
+        settings.events.clear();
+    });
+    router.handle(event(CanonicalEvent::finished));
+    EXPECT_EQ(alerts(), 0u);
+    EXPECT_TRUE(history.entries().empty());
+    EXPECT_TRUE(center.posted.empty());
+    EXPECT_EQ(time.runningTimers(), 0u);
+}
+
+TEST_F(EventRouterTest, TestEventsAlertWithoutBeingRemembered)
+{
+    EventPayload test = waiting();
+    test.isTest = true;
+    router.handle(test);
+    EXPECT_EQ(alerts(), 1u);
+    EXPECT_TRUE(history.entries().empty());
+    time.advance(4min); // their reminders are remembered
+    ASSERT_EQ(history.entries().size(), 1u);
+    EXPECT_TRUE(history.entries()[0].isReminder);
+}
+
+TEST_F(EventRouterTest, RemindsUntilTheUserActs)
+{
+    router.handle(waiting());
+    time.advance(181s);
+    ASSERT_EQ(center.posted.size(), 2u);
+    EXPECT_EQ(center.posted[1].title, "Still waiting — Waiting for input — proj");
+    EXPECT_EQ(center.posted[1].body, "The agent is waiting for your input or a permission decision.");
+    EXPECT_EQ(speech.spoken.size(), 2u);
+    EXPECT_TRUE(history.entries()[0].isReminder);
+
+    set([](AppSettings& settings) { settings.setting(CanonicalEvent::waitingInput)->enabled = false; });
+    time.advance(180s);
+    EXPECT_EQ(alerts(), 2u); // counted, but not shown
+
+    router.handle(event(CanonicalEvent::userActed));
+    EXPECT_EQ(time.runningTimers(), 0u);
+}
+
+TEST_F(EventRouterTest, KeepsRemindersInStepWhileMuted)
+{
+    router.handle(waiting());
+    set([](AppSettings& settings) { settings.globalMuted = true; });
+    router.handle(event(CanonicalEvent::finished));
+    EXPECT_EQ(time.runningTimers(), 0u);
+
+    set([](AppSettings& settings) { settings.globalMuted = false; });
+    time.advance(30s);
+    router.handle(waiting()); // settled: alerts, but does not remind
+    EXPECT_EQ(time.runningTimers(), 0u);
+
+    router.handle(event(CanonicalEvent::userActed)); // answered: the next wait reminds at once
+    time.advance(6s);
+    router.handle(waiting());
+    EXPECT_EQ(time.runningTimers(), 1u);
+}
+
+TEST_F(EventRouterTest, RemindsOnlyWhereTheUserWantsIt)
+{
+    set([](AppSettings& settings) { settings.remindersEnabled = false; });
+    router.handle(waiting());
+    EXPECT_EQ(time.runningTimers(), 0u);
+    EXPECT_EQ(alerts(), 1u);
+}
+
+TEST_F(EventRouterTest, StaysBoundedInAFlood)
+{
+    for (int i = 0; i < 20'000; ++i) {
+        EventPayload payload = waiting();
+        payload.session = std::to_string(i);
+        router.handle(payload);
+    }
+    EXPECT_EQ(time.runningTimers(), ReminderManager::maxPending);
+    EXPECT_EQ(history.entries().size(), EventHistory::capacity);
+}
+
+TEST_F(EventRouterTest, HistoryKeepsTheNewestTen)
+{
+    int told = 0;
+    const Subscription subscription = history.onChange([&] { ++told; });
+    for (int i = 1; i <= 12; ++i) {
+        EventPayload payload = event(CanonicalEvent::finished);
+        payload.message = std::to_string(i);
+        history.add(payload, i == 12);
+        time.advance(1s);
+    }
+    ASSERT_EQ(history.entries().size(), 10u);
+    EXPECT_EQ(history.entries().front().message, "12");
+    EXPECT_EQ(history.entries().back().message, "3");
+    EXPECT_EQ(history.entries().front().displayTitle(), "Finished — proj (reminder)");
+    EXPECT_EQ(history.entries().back().timeText(locale, time.now()), "14:05 (10 seconds ago)");
+    EXPECT_NE(history.entries().front().id, history.entries().back().id);
+    history.clear();
+    EXPECT_TRUE(history.entries().empty());
+    EXPECT_EQ(told, 13);
+}
+
+}

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ports/notification_center.h"
+
+#include <vector>
+
+namespace chimewell::test {
+
+/// Remembers what was posted; the test plays the user and the system.
+class RecordingNotificationCenter : public NotificationCenter {
+public:
+    bool isAvailable() const override { return available; }
+    void setResponseHandler(std::function<void(const NotificationResponse&)> response) override
+    {
+        respond = std::move(response);
+    }
+    void setCategory(const NotificationCategory& newCategory) override { category = newCategory; }
+    void readPermission(std::function<void(NotificationPermission)> done) override { done(permission); }
+    void requestPermission(std::function<void()> done) override
+    {
+        ++requests;
+        permission = userAnswers;
+        done();
+    }
+    void post(const NotificationRequest& request) override { posted.push_back(request); }
+    void openSystemSettings() override {}
+    void setChangeHandler(std::function<void()> newChanged) override { changed = std::move(newChanged); }
+
+    bool available = true;
+    NotificationPermission permission = NotificationPermission::authorized;
+    NotificationPermission userAnswers = NotificationPermission::authorized;
+    int requests = 0;
+    NotificationCategory category;
+    std::vector<NotificationRequest> posted;
+    std::function<void(const NotificationResponse&)> respond;
+    std::function<void()> changed;
+};
+
+}

@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+#include "values/event_url.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <optional>
+#include <ostream>
+#include <string>
+
+namespace chimewell {
+
+void PrintTo(const EventPayload& payload,
+             std::ostream* out) // NOLINT(readability-identifier-naming): GoogleTest's
+{
+    *out << rawName(payload.type) << ' ' << payload.provider << " session "
+         << payload.session.value_or("(none)") << " cwd " << payload.cwd.value_or("(none)") << " message "
+         << payload.message.value_or("(none)");
+}
+
+}
+
+namespace chimewell::test {
+
+const EventPayload plain{.type = CanonicalEvent::finished, .provider = "claude"};
+
+TEST(EventUrlTest, AcceptsWhatIsAnEventAndNothingElse)
+{
+    const std::string rest = "?type=finished&provider=claude";
+    const std::string accepted[] = {
+        "chimewell://event" + rest,
+        "CHIMEWELL://event" + rest,
+        "chimewell://anything/else" + rest,
+        "chimewell:" + rest,
+        "chimewell:event" + rest,
+        "chimewell://user@host:80/" + rest,
+        "chimewell://[::1]:80" + rest,
+        "chimewell://event:" + rest,
+        "chimewell://event" + rest + "#&type=error",
+        "chimewell://event" + rest + "&v=1&other=x&flag&type",
+        "chimewell://event?%74ype=finishe%64&provider=claude",
+        "chimewell://event?&&type=error&type=finished&provider=codex&provider=claude",
+    };
+    for (const auto& url : accepted)
+        EXPECT_EQ(parseEventUrl(url), plain) << url;
+
+    const std::string rejected[] = {
+        "",
+        ":",
+        "chimewell",
+        "chimewell://event",
+        "event" + rest,
+        " chimewell://event" + rest,
+        "chimewells://event" + rest,
+        "http://event" + rest,
+        "chimewell://[::1" + rest,
+        "chimewell://ev]ent" + rest,
+        "chimewell://event:port" + rest,
+        "chimewell://event?type=Finished&provider=claude",
+        "chimewell://event?type=finished&provider=Claude",
+        "chimewell://event?type=finished",
+        "chimewell://event?provider=claude",
+        "chimewell://event?type=finished&provider=",
+        "chimewell://event?type=finished;provider=claude",
+        "chimewell://event?type=subagent_finished&provider=claude",
+        "chimewell://event?type=UserPromptSubmit&provider=claude",
+        "chimewell://event?type=finished%00&provider=claude",
+        "chimewell://event?type=finished%FF&provider=claude",
+        "chimewell://event?type=finished&type=%FF&provider=claude",
+        "chimewell://event?type=finished+&provider=claude",
+        "chimewell://event#" + rest,
+    };
+    for (const auto& url : rejected)
+        EXPECT_EQ(parseEventUrl(url), std::nullopt) << url;
+}
+
+TEST(EventUrlTest, ReadsEachValue)
+{
+    const auto payload = parseEventUrl(
+        "chimewell://event?type=waiting_input&provider=cursor&session=S%26T&title=a+b&"
+        "message=%E2%9C%93%0Aé \"[x]\"=y&cwd=%2Fhome%2Fme%2Fproj%2F&term=iTerm.app&ts=1700000000.5&test=1");
+    ASSERT_TRUE(payload);
+    EXPECT_EQ(payload->type, CanonicalEvent::waitingInput);
+    EXPECT_EQ(payload->provider, "cursor");
+    EXPECT_EQ(payload->session, "S&T");
+    EXPECT_EQ(payload->title, "a+b");
+    EXPECT_EQ(payload->message, "✓\né \"[x]\"=y");
+    EXPECT_EQ(payload->cwd, "/home/me/proj/");
+    EXPECT_EQ(payload->term, "iTerm.app");
+    EXPECT_EQ(payload->timestamp, Date(std::chrono::milliseconds(1700000000500)));
+    EXPECT_TRUE(payload->isTest);
+}
+
+TEST(EventUrlTest, TurnsEmptyAndUnreadableValuesIntoAbsentOnes)
+{
+    const std::string head = "chimewell://event?type=finished&provider=claude";
+    EXPECT_EQ(parseEventUrl(head + "&session=&title=&message=&cwd=&term=&ts=&test="), plain);
+    // Not UTF-8: empty, and it still overwrites the earlier value.
+    EXPECT_EQ(parseEventUrl(head + "&session=S&session=%C3"), plain);
+    for (const char* ts : {"0", "-5", "4102444800", "abc", "nan", "1e400", "0x1"})
+        EXPECT_EQ(parseEventUrl(head + "&ts=" + ts), plain) << ts;
+    for (const char* test : {"TRUE", "0", "yes", "11"})
+        EXPECT_EQ(parseEventUrl(head + "&test=" + test), plain) << test;
+    EXPECT_TRUE(parseEventUrl(head + "&test=true")->isTest);
+}
+
+TEST(EventUrlTest, CutsLongValuesAtCharacters)
+{
+    const std::string head = "chimewell://event?type=finished&provider=claude&message=";
+    EXPECT_EQ(parseEventUrl(head + std::string(600, 'x'))->message, std::string(512, 'x'));
+    std::string families;
+    std::string kept;
+    for (int i = 0; i < 600; ++i) {
+        families += "👨‍👩‍👧";
+        if (i < 512) kept += "👨‍👩‍👧";
+    }
+    EXPECT_EQ(parseEventUrl(head + families)->message, kept);
+}
+
+TEST(EventUrlTest, SampleIsATestEventOfItsOwnSession)
+{
+    EXPECT_EQ(parseEventUrl(sampleEventUrl("ABC")), (EventPayload{.type = CanonicalEvent::finished,
+                                                                  .provider = "claude",
+                                                                  .session = "sample-ABC",
+                                                                  .title = "Test event",
+                                                                  .message = "Chimewell is working",
+                                                                  .isTest = true}));
+}
+
+TEST(EventPayloadTest, LabelsTheProjectByItsFolder)
+{
+    const struct {
+        std::optional<std::string> cwd;
+        std::optional<std::string> label;
+    } cases[] = {
+        {std::nullopt, std::nullopt},
+        {"/", std::nullopt},
+        {"//", "/"},
+        {"///", "//"},
+        {"/Users/me/proj", "proj"},
+        {"/Users/me/proj/", "proj"},
+        {"/Users/me/proj//", "proj"},
+        {"proj", "proj"},
+        {"/a b/ç", "ç"},
+        {"a//", "a"},
+    };
+    for (const auto& c : cases) {
+        EventPayload payload = plain;
+        payload.cwd = c.cwd;
+        EXPECT_EQ(payload.projectLabel(), c.label) << c.cwd.value_or("(none)");
+    }
+}
+
+}
