@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#include "app/linux/application.h"
+#include "platform/linux/freedesktop_application.h"
+#include "platform/linux/running_instance.h"
+
+#include <QApplication>
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QStringList>
+
+#include <cstdio>
+
+namespace {
+
+using namespace chimewell;
+
+/// Launchers that know nothing of D-Bus activation run us with the URL as an argument, and some wait for our
+/// end: so this process never becomes the application.
+int forward(int& argc, char** argv)
+{
+    const QCoreApplication qt(argc, argv);
+    return handOver(QDBusConnection::sessionBus(), QCoreApplication::arguments().mid(1)) ? 0 : 1;
+}
+
+int run(int& argc, char** argv)
+{
+    const QApplication qt(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("chimewell"));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Chimewell"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("app.chimewell.Chimewell"));
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    FreedesktopApplication seat(bus);
+    if (!seat.claim()) {
+        if (handOver(bus, {})) return 0;
+        std::fputs("chimewell: no session bus, or nobody answers on it\n", stderr);
+        return 1;
+    }
+    const QString sounds =
+        QCoreApplication::applicationDirPath() + QStringLiteral("/" CHIMEWELL_SOUNDS_FOLDER);
+    const Application application(bus, seat, sounds.toStdString());
+    return QApplication::exec();
+}
+
+}
+
+int main(int argc, char** argv)
+{
+    return argc > 1 ? forward(argc, argv) : run(argc, argv);
+}

@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/tray_host.h"
+
+#include "platform/linux/dbus_call.h"
+
+#include <QGuiApplication>
+#include <QVariant>
+
+#include <cstdlib>
+#include <memory>
+#include <string_view>
+#include <utility>
+
+#include <xcb/xcb.h>
+
+namespace chimewell {
+
+namespace {
+
+const QString watcherName = QStringLiteral("org.kde.StatusNotifierWatcher");
+const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
+
+struct FreeReply {
+    void operator()(void* reply) const { std::free(reply); }
+};
+
+xcb_connection_t* x11Connection()
+{
+    auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 ? x11->connection() : nullptr;
+}
+
+xcb_atom_t atom(xcb_connection_t* connection, std::string_view name)
+{
+    const auto cookie = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
+    const std::unique_ptr<xcb_intern_atom_reply_t, FreeReply> reply(
+        xcb_intern_atom_reply(connection, cookie, nullptr));
+    return reply ? reply->atom : XCB_ATOM_NONE;
+}
+
+}
+
+TrayHost::TrayHost(QDBusConnection bus, std::function<void()> appeared)
+    : bus_(std::move(bus)),
+      watcher_(watcherName, bus_, QDBusServiceWatcher::WatchForRegistration),
+      appeared_(std::move(appeared))
+{
+    connect(&watcher_, &QDBusServiceWatcher::serviceRegistered, this, &TrayHost::look);
+    bus_.connect(watcherName, watcherPath, watcherName, QStringLiteral("StatusNotifierHostRegistered"), this,
+                 SLOT(look()));
+    if (xcb_connection_t* const x11 = x11Connection()) {
+        // System Tray Protocol: a new owner of the selection announces itself to the root window, whose
+        // events Qt selects for its own icons.
+        managerAtom_ = atom(x11, "MANAGER");
+        selectionAtom_ = atom(x11, "_NET_SYSTEM_TRAY_S0");
+        qApp->installNativeEventFilter(this);
+    }
+    look();
+}
+
+TrayHost::~TrayHost()
+{
+    qApp->removeNativeEventFilter(this);
+}
+
+void TrayHost::look()
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        watcherName, watcherPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    call << watcherName << QStringLiteral("IsStatusNotifierHostRegistered");
+    call.setAutoStartService(false);
+    callAsync(bus_, call, this, [this](const QDBusMessage& reply) {
+        if (reply.type() == QDBusMessage::ReplyMessage &&
+            reply.arguments().value(0).value<QDBusVariant>().variant().toBool())
+            appear();
+        else
+            lookAtSelection();
+    });
+}
+
+void TrayHost::lookAtSelection()
+{
+    xcb_connection_t* const x11 = x11Connection();
+    if (!x11) return;
+    const std::unique_ptr<xcb_get_selection_owner_reply_t, FreeReply> reply(
+        xcb_get_selection_owner_reply(x11, xcb_get_selection_owner(x11, selectionAtom_), nullptr));
+    if (reply && reply->owner != XCB_WINDOW_NONE) appear();
+}
+
+bool TrayHost::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*)
+{
+    if (!appeared_ || eventType != "xcb_generic_event_t") return false;
+    const auto* event = static_cast<const xcb_generic_event_t*>(message);
+    if ((event->response_type & ~0x80U) != XCB_CLIENT_MESSAGE) return false;
+    const auto* announcement = reinterpret_cast<const xcb_client_message_event_t*>(event);
+    if (announcement->type == managerAtom_ && announcement->data.data32[1] == selectionAtom_) look();
+    return false;
+}
+
+void TrayHost::appear()
+{
+    if (const auto appeared = std::exchange(appeared_, nullptr)) appeared();
+}
+
+}
