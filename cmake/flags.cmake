@@ -7,6 +7,12 @@ target_compile_features(chimewell_flags INTERFACE cxx_std_23)
 target_include_directories(chimewell_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
 target_compile_options(chimewell_flags INTERFACE
   -Wall -Wextra -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast)
+# False alarms of GCC 12 about its own library's strings and vectors, once it inlines them.
+set(gcc12_optimizes
+  $<COMPILE_LANG_AND_ID:CXX,GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>,$<CONFIG:Release,RelWithDebInfo>)
+target_compile_options(chimewell_flags INTERFACE
+  $<$<AND:${gcc12_optimizes}>:-Wno-restrict>
+  $<$<AND:${gcc12_optimizes}>:-Wno-free-nonheap-object>)
 
 if(CHIMEWELL_SANITIZE)
   target_compile_options(chimewell_flags INTERFACE

@@ -25,6 +25,7 @@ Application::Application(const QDBusConnection& bus, FreedesktopApplication& sea
     : locale_(IcuUserLocale::Names::fromEnvironment()),
       center_(bus, timers_, tokens_),
       systemSounds_(sounds),
+      speech_(SsipSpeechSynthesizer::Service::ofSession()),
       workspace_(
           {.folders = folders_, .files = files_, .tokens = tokens_, .bus = bus, .xDisplay = xDisplay()}),
       store_(files_, applicationFolder(folders_)),

@@ -3,6 +3,7 @@
 
 #include "platform/linux/dbus_call.h"
 
+#include <QDBusVariant>
 #include <QGuiApplication>
 #include <QVariant>
 
@@ -35,7 +36,7 @@ xcb_atom_t atom(xcb_connection_t* connection, std::string_view name)
     const auto cookie = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
     const std::unique_ptr<xcb_intern_atom_reply_t, FreeReply> reply(
         xcb_intern_atom_reply(connection, cookie, nullptr));
-    return reply ? reply->atom : XCB_ATOM_NONE;
+    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
 }
