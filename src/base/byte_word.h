@@ -68,9 +68,9 @@ constexpr ByteWord markBelow(ByteWord word, unsigned char limit)
 }
 
 /// Index of the first byte that is not zero; `word` has one.
-constexpr int firstByteSet(ByteWord word)
+constexpr std::size_t firstByteSet(ByteWord word)
 {
-    return std::countr_zero(word) / 8;
+    return static_cast<std::size_t>(std::countr_zero(word)) / 8;
 }
 
 }
