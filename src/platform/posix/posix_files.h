@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ports/files.h"
+
+#include <cstddef>
+
+namespace chimewell {
+
+/// `Files` by the system's own calls. A replaced file keeps its mode, owner, access control list and
+/// extended attributes; a new file is readable by the user alone. A symbolic link stays a link and
+/// its final target is replaced, or made where there is none.
+class PosixFiles final : public Files {
+public:
+    /// Nothing we read is near this size; more is refused rather than loaded.
+    static constexpr std::size_t maximumSize = 64 * 1024 * 1024;
+
+    std::expected<std::string, FileError> read(const std::filesystem::path& file) override;
+    std::expected<void, FileError> replace(const std::filesystem::path& file,
+                                           std::string_view content) override;
+    std::expected<void, FileError> createFolders(const std::filesystem::path& folder) override;
+    std::expected<void, FileError> remove(const std::filesystem::path& file) override;
+    std::optional<FileKind> kind(const std::filesystem::path& path) override;
+};
+
+}

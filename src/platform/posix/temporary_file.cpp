@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include "platform/posix/temporary_file.h"
+
+#include "platform/posix/random_device.h"
+
+#include <fcntl.h>
+#include <stdio.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <utility>
+
+namespace chimewell {
+
+TemporaryFile::TemporaryFile(int folder, FileDescriptor file, std::string name)
+    : folder_(folder),
+      file_(std::move(file)),
+      name_(std::move(name))
+{
+}
+
+TemporaryFile::TemporaryFile(TemporaryFile&& other) noexcept
+    : folder_(other.folder_),
+      file_(std::move(other.file_)),
+      name_(std::exchange(other.name_, {}))
+{
+}
+
+TemporaryFile::~TemporaryFile()
+{
+    if (name_.empty()) return;
+    const int error = errno; // the caller still wants to know why it failed
+    ::unlinkat(folder_, name_.c_str(), 0);
+    errno = error;
+}
+
+std::optional<TemporaryFile> TemporaryFile::create(int folder)
+{
+    // The name is short and does not contain the target's, which may be as long as a name can be.
+    std::string name = ".chimewell-" + RandomDevice().uuid();
+    FileDescriptor file(::openat(folder, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                                 S_IRUSR | S_IWUSR));
+    if (!file.isOpen()) return std::nullopt;
+    return TemporaryFile(folder, std::move(file), std::move(name));
+}
+
+bool TemporaryFile::write(std::string_view content)
+{
+    while (!content.empty()) {
+        const ssize_t written = ::write(file_.get(), content.data(), content.size());
+        if (written >= 0)
+            content.remove_prefix(static_cast<std::size_t>(written));
+        else if (errno != EINTR)
+            return false;
+    }
+    return true;
+}
+
+bool TemporaryFile::finish()
+{
+    while (::fsync(file_.get()) != 0)
+        if (errno != EINTR) return false;
+    return file_.close();
+}
+
+bool TemporaryFile::rename(const std::string& name)
+{
+    if (::renameat(folder_, name_.c_str(), folder_, name.c_str()) != 0) return false;
+    name_.clear();
+    return true;
+}
+
+}

@@ -1,0 +1,218 @@
+// SPDX-License-Identifier: MIT
+#include "platform/posix/posix_files.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <csignal>
+#include <thread>
+
+#ifdef __linux__
+#include <sys/xattr.h>
+#endif
+
+namespace chimewell::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+mode_t modeOf(const fs::path& path)
+{
+    struct stat status = {};
+    ::lstat(path.c_str(), &status);
+    return status.st_mode & 07777;
+}
+
+class PosixFilesTest : public ::testing::Test {
+protected:
+    TemporaryFolder folder;
+    PosixFiles files;
+};
+
+TEST_F(PosixFilesTest, ReadsWhatWasWrittenByteForByte)
+{
+    for (const std::size_t size : {0U, 1U, 16383U, 16384U, 16385U, 200000U}) {
+        std::string content(size, '\0');
+        for (std::size_t i = 0; i < size; ++i)
+            content[i] = static_cast<char>(i * 31 >> 3);
+        ASSERT_TRUE(files.replace(folder.path() / "file", content));
+        EXPECT_EQ(files.read(folder.path() / "file"), content) << size;
+    }
+}
+
+TEST_F(PosixFilesTest, ReadsNothingButRegularFilesOfReasonableSizeAndNeverWaits)
+{
+    const fs::path at = folder.path();
+    ASSERT_EQ(::mkfifo((at / "pipe").c_str(), 0600), 0);
+    ASSERT_EQ(::symlink("loop", (at / "loop").c_str()), 0);
+    ASSERT_EQ(::symlink("nowhere", (at / "dangling").c_str()), 0);
+    ASSERT_EQ(::truncate(folder.write("limit", "").c_str(), PosixFiles::maximumSize), 0);
+    ASSERT_EQ(::truncate(folder.write("large", "").c_str(), PosixFiles::maximumSize + 1), 0);
+    folder.write("file", "");
+
+    struct Case {
+        fs::path path;
+        bool missing;
+    };
+    for (const auto& [path, missing] :
+         {Case{at / "pipe", false}, Case{at, false}, Case{"/dev/zero", false}, Case{at / "loop", false},
+          Case{at / "large", false}, Case{at / "file/below", false}, Case{at / std::string(300, 'x'), false},
+          Case{at / "dangling", true}, Case{at / "none", true}, Case{at / "no/folder", true}}) {
+        const auto content = files.read(path);
+        ASSERT_FALSE(content) << path;
+        EXPECT_EQ(content.error().missing, missing) << path;
+        EXPECT_FALSE(content.error().description.empty()) << path;
+    }
+    EXPECT_TRUE(files.read(at / "limit"));
+}
+
+TEST_F(PosixFilesTest, ReplacesTheEndOfAChainOfLinksAndKeepsTheLinks)
+{
+    const fs::path at = folder.path();
+    fs::create_directories(at / "real/deep");
+    folder.write("real/deep/file", "old");
+    ASSERT_EQ(::symlink("../real/deep/file", (at / "real/second").c_str()), 0);
+    fs::create_symlink(at / "real", at / "linked folder");
+    fs::create_symlink("linked folder/second", at / "first");
+
+    ASSERT_TRUE(files.replace(at / "first", "new"));
+    EXPECT_EQ(folder.read("real/deep/file"), "new");
+    EXPECT_TRUE(fs::is_symlink(at / "first"));
+    EXPECT_TRUE(fs::is_symlink(at / "real/second"));
+    EXPECT_EQ(folder.names("real/deep"), std::vector<std::string>{"file"});
+
+    ASSERT_EQ(::symlink("real/fresh", (at / "dangling").c_str()), 0);
+    ASSERT_TRUE(files.replace(at / "dangling", "made"));
+    EXPECT_EQ(folder.read("real/fresh"), "made");
+    EXPECT_TRUE(fs::is_symlink(at / "dangling"));
+}
+
+TEST_F(PosixFilesTest, KeepsTheModeAndMakesNewFilesPrivate)
+{
+    const fs::path file = folder.write("file", "old");
+    for (const mode_t mode : {0600U, 0644U, 0444U, 0750U, 02640U}) {
+        ASSERT_EQ(::chmod(file.c_str(), mode), 0);
+        ASSERT_TRUE(files.replace(file, "new"));
+        EXPECT_EQ(modeOf(file), mode);
+    }
+    ASSERT_TRUE(files.replace(folder.path() / "fresh", "text"));
+    EXPECT_EQ(modeOf(folder.path() / "fresh"), mode_t{0600});
+}
+
+#ifdef __linux__
+TEST_F(PosixFilesTest, KeepsExtendedAttributes)
+{
+    const fs::path file = folder.write("file", "old");
+    if (::setxattr(file.c_str(), "user.note", "kept", 4, 0) != 0)
+        GTEST_SKIP() << "this file system has no attributes";
+    ASSERT_TRUE(files.replace(file, "new"));
+    char note[8] = {};
+    EXPECT_EQ(::getxattr(file.c_str(), "user.note", note, sizeof note), 4);
+    EXPECT_STREQ(note, "kept");
+}
+#endif
+
+TEST_F(PosixFilesTest, KeepsTheOwner)
+{
+    if (::geteuid() != 0) GTEST_SKIP() << "only root can give files away";
+    const fs::path file = folder.write("file", "old");
+    ASSERT_EQ(::chown(file.c_str(), 1234, 4321), 0);
+    ASSERT_TRUE(files.replace(file, "new"));
+    struct stat status = {};
+    ASSERT_EQ(::stat(file.c_str(), &status), 0);
+    EXPECT_EQ(status.st_uid, 1234U);
+    EXPECT_EQ(status.st_gid, 4321U);
+}
+
+TEST_F(PosixFilesTest, LeavesEverythingAsItWasWhenItCannotReplace)
+{
+    const fs::path at = folder.path();
+    folder.write("file", "old");
+    fs::create_directory(at / "folder");
+    ASSERT_EQ(::mkfifo((at / "pipe").c_str(), 0600), 0);
+    ASSERT_EQ(::symlink("loop", (at / "loop").c_str()), 0);
+    ASSERT_EQ(::symlink("gone/file", (at / "astray").c_str()), 0);
+    const auto before = folder.names();
+
+    for (const fs::path& path :
+         {at / "folder", at / "folder/", at / "pipe", at / "loop", at / "astray", at / "file/below",
+          at / "gone/file", at / std::string(300, 'x'), fs::path()}) {
+        const auto replaced = files.replace(path, "new");
+        ASSERT_FALSE(replaced) << path;
+        EXPECT_FALSE(replaced.error().description.empty()) << path;
+        EXPECT_EQ(folder.names(), before) << path;
+        EXPECT_TRUE(folder.names("folder").empty()) << path;
+    }
+    EXPECT_EQ(folder.read("file"), "old");
+}
+
+TEST_F(PosixFilesTest, AWriteThatEndsTooSoonLeavesTheOldFileAndNoLitter)
+{
+    // The limit allows the first part of the content, so the system first writes short and then refuses.
+    const fs::path file = folder.write("file", "old");
+    struct rlimit before = {};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit = {.rlim_cur = 5000, .rlim_max = before.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+    const auto replaced = files.replace(file, std::string(100000, 'x'));
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+
+    ASSERT_FALSE(replaced);
+    EXPECT_FALSE(replaced.error().missing);
+    EXPECT_EQ(folder.read("file"), "old");
+    EXPECT_EQ(folder.names(), std::vector<std::string>{"file"});
+}
+
+TEST_F(PosixFilesTest, AReaderSeesTheOldOrTheNewFileAndNothingBetween)
+{
+    const fs::path file = folder.path() / "file";
+    const std::string old(300000, 'a');
+    const std::string fresh(200000, 'b');
+    ASSERT_TRUE(files.replace(file, old));
+    std::atomic<bool> done = false;
+    std::thread writer([&] {
+        PosixFiles own;
+        for (int i = 0; i < 40; ++i)
+            if (!own.replace(file, i % 2 ? old : fresh)) break;
+        done = true;
+    });
+    int strange = 0;
+    while (!done) {
+        const auto content = files.read(file);
+        if (!content || (*content != old && *content != fresh)) ++strange;
+    }
+    writer.join();
+    EXPECT_EQ(strange, 0);
+}
+
+TEST_F(PosixFilesTest, MakesFoldersRemovesFilesAndTellsKinds)
+{
+    const fs::path at = folder.path();
+    folder.write("file", "");
+    fs::create_directory_symlink("a", at / "link");
+    ASSERT_TRUE(files.createFolders(at / "a/b/c"));
+    EXPECT_TRUE(files.createFolders(at / "a/b/c/"));
+    EXPECT_TRUE(files.createFolders(at / "link/d"));
+    EXPECT_EQ(modeOf(at / "a"), mode_t{0700});
+    EXPECT_FALSE(files.createFolders(at / "file"));
+    EXPECT_FALSE(files.createFolders(at / "file/below"));
+
+    EXPECT_EQ(files.kind(at / "link"), FileKind::folder);
+    EXPECT_EQ(files.kind(at / "file"), FileKind::regular);
+    EXPECT_EQ(files.kind("/dev/null"), FileKind::other);
+    EXPECT_EQ(files.kind(at / "none"), std::nullopt);
+
+    EXPECT_TRUE(files.remove(at / "file"));
+    EXPECT_TRUE(files.remove(at / "file").error().missing);
+    EXPECT_FALSE(files.remove(at / "a").error().missing);
+}
+
+}
+}
