@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ports/login_item.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace chimewell {
+
+class DesktopEntry;
+class Files;
+class XdgUserFolders;
+
+/// Start at log-in by a file in the user's autostart folder (Desktop Application Autostart
+/// Specification 0.5).
+class AutostartLoginItem final : public LoginItem {
+public:
+    /// `command` is the program, with its full path, and its arguments. The references outlive the item.
+    AutostartLoginItem(const XdgUserFolders& folders, Files& files, std::vector<std::string> command);
+
+    /// Looks at the files each time: the user and the desktop's own settings change them too.
+    bool isEnabled() const override;
+    std::expected<void, std::string> registerItem() override;
+    /// Removes the file, or where the system would then start its own entry, says in it not to.
+    std::expected<void, std::string> unregisterItem() override;
+
+private:
+    bool systemHasOne() const;
+    std::expected<void, std::string> write(const std::string& lines);
+
+    const XdgUserFolders& folders_;
+    Files& files_;
+    std::vector<std::string> command_;
+};
+
+}

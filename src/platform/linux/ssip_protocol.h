@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "values/voice.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace chimewell {
+
+/// One line of what a speech service says, in the Speech Synthesis Interface Protocol: three digits, then `-`
+/// when more lines of the same reply follow or a space on the last one, then text.
+struct SsipLine {
+    int code = 0; ///< 100 to 999
+    bool isLast = true;
+    std::string_view text; ///< Into the parsed line.
+
+    bool isSuccess() const { return code >= 200 && code < 300; }
+    /// Events come between the replies, on their own account.
+    bool isEvent() const { return code >= 700 && code < 800; }
+};
+
+inline constexpr int ssipAwaitingText = 230; ///< The reply to SPEAK.
+inline constexpr int ssipEndEvent = 702;
+inline constexpr int ssipCancelEvent = 703;
+
+/// `line` has no line break. Absent when it is not a line of the protocol.
+std::optional<SsipLine> parseSsipLine(std::string_view line);
+
+/// The voice that a row of LIST SYNTHESIS_VOICES names: its name, language and variant, with tabs between
+/// them. Absent for the variants of a voice that some engines list beside it by the hundred
+/// ("German+Andrea"), and for a row of another form.
+std::optional<Voice> parseVoiceRow(std::string_view row);
+
+/// What follows the command SPEAK: `text` line by line, and the line that ends it.
+std::string ssipTextBlock(std::string_view text);
+
+}
