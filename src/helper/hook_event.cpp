@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "helper/hook_event.h"
+
+#include "helper/event_url_builder.h"
+#include "helper/terminal.h"
+#include "values/provider.h"
+
+#include <string_view>
+
+namespace chimewell {
+
+namespace {
+
+std::string_view textOr(const std::optional<std::string>& text, std::string_view otherwise)
+{
+    return text && !text->empty() ? std::string_view(*text) : otherwise;
+}
+
+std::string secondsSince1970(std::chrono::system_clock::time_point time)
+{
+    const auto milliseconds = std::chrono::floor<std::chrono::milliseconds>(time.time_since_epoch()).count();
+    const std::string fraction = std::to_string(1000 + milliseconds % 1000);
+    return std::to_string(milliseconds / 1000) + "." + fraction.substr(1);
+}
+
+}
+
+std::optional<std::string> eventUrlFor(const CommandLine& command, const Payload& payload,
+                                       const Environment& environment,
+                                       std::chrono::system_clock::time_point now)
+{
+    const bool isClaude = command.provider == claudeProvider;
+    const bool isCursor = command.provider == cursorProvider;
+    if (payload.isUnwanted) return std::nullopt;
+    // Cursor can run the hooks of Claude Code beside its own, which report the same turn.
+    if (isClaude && !environment["CURSOR_VERSION"].empty()) return std::nullopt;
+
+    EventUrlBuilder url(command.event, command.provider);
+    url.add("session", textOr(payload.session, isClaude ? environment["CLAUDE_CODE_SESSION_ID"] : ""));
+    url.add("cwd", textOr(payload.cwd, isClaude   ? environment["CLAUDE_PROJECT_DIR"]
+                                       : isCursor ? environment["CURSOR_PROJECT_DIR"]
+                                                  : ""));
+    url.add("message", textOr(payload.message, ""));
+    // Cursor runs hooks from the editor: a terminal's name there is a left-over of where the editor was
+    // started.
+    if (!isCursor) url.add("term", terminalOf(environment));
+    url.add("ts", secondsSince1970(now));
+    url.add("v", "1");
+    return std::move(url).text();
+}
+
+}

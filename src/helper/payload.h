@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "helper/command_line.h"
+#include "json/json_reader.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace chimewell {
+
+/// What an agent's payload tells about the event. A member that is missing, or no text, is absent.
+struct Payload {
+    std::optional<std::string> session = std::nullopt;
+    std::optional<std::string> cwd = std::nullopt;
+    std::optional<std::string> message = std::nullopt;
+    bool isUnwanted = false; ///< The agent reports something that is no event to the user.
+};
+
+/// Of each value this many bytes and one more are kept: enough to be cut where a character ends.
+inline constexpr std::size_t maxValueBytes = 16384;
+
+/// Picks the few members of the payload that the command's event needs, and keeps nothing else of it:
+/// prompts, answers, tool input and output pass by. Only members of the outermost object count. Of a repeated
+/// one the first counts, as the event may have left before the second comes.
+class PayloadReader {
+public:
+    explicit PayloadReader(const CommandLine& command);
+    PayloadReader(const PayloadReader&) = delete;
+    PayloadReader& operator=(const PayloadReader&) = delete;
+
+    /// Takes the payload piece by piece, in the manner of `JSONReader::feed`. A byte-order mark is skipped.
+    std::size_t feed(std::string_view window, bool last);
+    /// Whether more of the payload could change the result. False too when it turned out not to be JSON or is
+    /// nested too deeply.
+    bool wantsMore() const;
+    /// What is known now.
+    Payload payload() const;
+
+private:
+    /// What a member is to us; its name is the agent's.
+    enum class Role : std::uint8_t { session, cwd, message, kind, prompts, answer };
+    static constexpr std::size_t roleCount = 6;
+
+    struct Member {
+        std::string_view key = {}; ///< Empty: not wanted.
+        bool isList = false;       ///< Of texts; the first one is kept.
+        std::size_t limit = maxValueBytes;
+        bool seen = false;
+        std::string collected = {};
+        bool isText = false; ///< `collected` is complete, up to the limit.
+        std::size_t elements = 0;
+
+        std::optional<std::string> text() const { return isText ? std::optional(collected) : std::nullopt; }
+    };
+
+    /// Follows the text and fills in the members.
+    class Collector {
+    public:
+        void want(Role role, std::string_view key, bool isList = false, std::size_t limit = maxValueBytes);
+        bool isComplete() const { return unseen_ == 0; }
+        const Member& operator[](Role role) const { return members_[static_cast<std::size_t>(role)]; }
+
+        void beginObject() { open(false); }
+        void endObject() { close(); }
+        void beginArray() { open(true); }
+        void endArray() { close(); }
+        void key(std::string_view piece, bool last);
+        void string(std::string_view piece, bool last);
+        void number(std::string_view, bool last)
+        {
+            if (last) endScalar();
+        }
+        void boolean(bool) { endScalar(); }
+        void null() { endScalar(); }
+
+    private:
+        void open(bool array);
+        void close();
+        void endScalar();
+        void endMember();
+
+        std::array<Member, roleCount> members_{};
+        std::size_t unseen_ = 0;
+        std::size_t depth_ = 0;
+        Member* current_ = nullptr; ///< The wanted member inside whose value we are.
+        std::string key_;
+    };
+
+    bool isUnwanted() const;
+    bool isTitleTurn() const;
+
+    CommandLine command_;
+    Collector collector_;
+    JSONReader<Collector> reader_{collector_};
+    bool atStart_ = true;
+};
+
+}

@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: MIT
+#include "helper/session_bus.h"
+
+#include "helper/bus_message.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+namespace chimewell {
+
+namespace {
+
+constexpr std::string_view busName = "org.freedesktop.DBus";
+constexpr std::string_view busPath = "/org/freedesktop/DBus";
+
+constexpr std::uint32_t helloSerial = 1;
+constexpr std::uint32_t openSerial = 2;
+constexpr std::uint32_t questionSerial = 3;
+
+constexpr std::string_view greetingEnd = "\r\n";
+constexpr std::string_view accepted = "OK ";
+
+/// We say who we are (the socket proves it) and that we begin, without waiting to be believed.
+std::string greeting()
+{
+    constexpr std::string_view digits = "0123456789abcdef";
+    std::string text(1, '\0');
+    text += "AUTH EXTERNAL ";
+    for (const char c : std::to_string(geteuid())) {
+        text += digits[static_cast<unsigned char>(c) >> 4];
+        text += digits[static_cast<unsigned char>(c) & 0xF];
+    }
+    return text + "\r\nBEGIN\r\n";
+}
+
+std::string callToBus(std::uint32_t serial, std::string_view member)
+{
+    return encode(
+        {.serial = serial, .destination = busName, .path = busPath, .interface = busName, .member = member});
+}
+
+std::string openUrl(std::string_view url, bool startsApplication)
+{
+    return encode({.serial = openSerial,
+                   .destination = "app.chimewell.Chimewell",
+                   .path = "/app/chimewell/Chimewell",
+                   .interface = "org.freedesktop.Application",
+                   .member = "Open",
+                   .startsDestination = startsApplication,
+                   .url = url});
+}
+
+bool meansAbsent(std::string_view errorName)
+{
+    return errorName == "org.freedesktop.DBus.Error.ServiceUnknown" ||
+           errorName == "org.freedesktop.DBus.Error.NameHasNoOwner";
+}
+
+bool wouldBlock(int error)
+{
+    return error == EAGAIN || error == EWOULDBLOCK || error == EINTR;
+}
+
+}
+
+OpenCall::OpenCall(std::vector<std::string> sockets, std::string_view url, IfAbsent ifAbsent)
+    : sockets_(std::move(sockets)),
+      ifAbsent_(ifAbsent)
+{
+    const bool starts = ifAbsent == IfAbsent::start;
+    outgoing_ = greeting() + callToBus(helloSerial, "Hello") + openUrl(url, starts);
+    if (!starts) outgoing_ += callToBus(questionSerial, "GetId");
+}
+
+OpenCall::~OpenCall()
+{
+    if (descriptor_ >= 0) close(descriptor_);
+}
+
+OpenCall::Outcome OpenCall::proceed(Deadline deadline)
+{
+    using namespace std::chrono_literals;
+    while (descriptor_ < 0) {
+        const Connecting result = connect();
+        if (result == Connecting::impossible) return Outcome::failed;
+        if (result == Connecting::connected) break;
+        if (std::chrono::steady_clock::now() >= deadline) return Outcome::pending;
+        poll(nullptr, 0, 5); // the bus's queue of new connections is full, and nothing tells when it is not
+    }
+    for (;;) {
+        const short events = sent_ < outgoing_.size() ? POLLIN | POLLOUT : POLLIN;
+        if (!waitFor(descriptor_, events, deadline)) return Outcome::pending;
+        const bool isOpen = transfer();
+        if (const auto outcome = readAnswers()) return *outcome;
+        if (!isOpen) return Outcome::failed;
+    }
+}
+
+OpenCall::Connecting OpenCall::connect()
+{
+    bool isBusy = false;
+    for (const std::string& name : sockets_) {
+        sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
+        if (name.size() >= sizeof address.sun_path) continue;
+        std::memcpy(address.sun_path, name.data(), name.size());
+        const bool isAbstract = name.starts_with('\0');
+        const auto size =
+            static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + name.size() + (isAbstract ? 0 : 1));
+
+        const int descriptor = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+        if (descriptor < 0) return Connecting::impossible;
+        // The sockets interface takes every kind of address by this one type.
+        if (::connect(descriptor, reinterpret_cast<const sockaddr*>(&address), size) == 0) {
+            descriptor_ = descriptor;
+            return Connecting::connected;
+        }
+        isBusy = isBusy || wouldBlock(errno);
+        close(descriptor);
+    }
+    return isBusy ? Connecting::busy : Connecting::impossible;
+}
+
+bool OpenCall::transfer()
+{
+    while (sent_ < outgoing_.size()) {
+        const ssize_t count =
+            send(descriptor_, outgoing_.data() + sent_, outgoing_.size() - sent_, MSG_NOSIGNAL);
+        if (count < 0) {
+            if (!wouldBlock(errno)) return false;
+            break;
+        }
+        sent_ += static_cast<std::size_t>(count);
+    }
+    std::array<char, 4096> buffer{};
+    for (;;) {
+        const ssize_t count = recv(descriptor_, buffer.data(), buffer.size(), 0);
+        if (count == 0) return false;
+        if (count < 0) return wouldBlock(errno);
+        incoming_.append(buffer.data(), static_cast<std::size_t>(count));
+    }
+}
+
+std::optional<OpenCall::Outcome> OpenCall::readAnswers()
+{
+    if (!isAuthenticated_) {
+        const auto end = incoming_.find(greetingEnd);
+        if (end == std::string::npos) return std::nullopt;
+        if (!incoming_.starts_with(accepted)) return Outcome::failed;
+        incoming_.erase(0, end + greetingEnd.size());
+        isAuthenticated_ = true;
+    }
+    for (;;) {
+        const DecodedMessage decoded = decodeMessage(incoming_);
+        if (decoded.state == DecodedMessage::State::incomplete) return std::nullopt;
+        if (decoded.state == DecodedMessage::State::broken) return Outcome::failed;
+        const BusMessage& message = decoded.message;
+        const bool isError = message.kind == BusMessage::Kind::error;
+        const bool isAnswer = isError || message.kind == BusMessage::Kind::methodReturn;
+        if (isAnswer && message.replySerial == helloSerial && isError) return Outcome::failed;
+        if (isAnswer && message.replySerial == openSerial)
+            return isError && meansAbsent(message.errorName) ? Outcome::nobody : Outcome::taken;
+        if (isAnswer && message.replySerial == questionSerial) return Outcome::taken;
+        incoming_.erase(0, message.size);
+    }
+}
+
+}

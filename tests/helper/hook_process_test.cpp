@@ -1,0 +1,222 @@
+// SPDX-License-Identifier: MIT
+// The real program, the way the agents run it, on a bus of the test's own.
+
+#include "helper/process.h"
+#include "helper/scratch_bus.h"
+
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+
+#include <csignal>
+#include <cstring>
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace chimewell::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+const std::vector<std::string> finished = {"claude", "finished"};
+const std::vector<std::string> userActed = {"claude", "user_acted"};
+
+std::string payload(const std::string& session)
+{
+    return R"({"session_id":")" + session + R"(","cwd":"/c"})" + "\n";
+}
+
+bool isFor(const std::string& url, const std::string& session)
+{
+    return url.find("&session=" + session + "&cwd=%2Fc&") != std::string::npos;
+}
+
+/// What agents rely on, always: status 0, not a word, soon, and no stream held by anybody.
+void expectQuiet(const Finished& hook)
+{
+    EXPECT_EQ(hook.status, 0);
+    EXPECT_EQ(hook.output, "");
+    // Its own limit is 0.9 s; a busy machine gets more.
+    EXPECT_LT(hook.took, 5s);
+}
+
+class HookProcess : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (!bus.isRunning()) GTEST_SKIP() << "no dbus-daemon here";
+    }
+
+    ScratchBus bus;
+};
+
+TEST_F(HookProcess, DeliversToARunningApplication)
+{
+    const auto recorder = bus.startRecorder();
+    ASSERT_TRUE(recorder);
+    const Finished claude = runHook(finished, bus.environment(), {.text = payload("S")});
+    expectQuiet(claude);
+    EXPECT_TRUE(claude.tookAllInput);
+    EXPECT_TRUE(isFor(bus.nextRecord(), "S"));
+
+    const std::string argument = R"({"type":"agent-turn-complete","thread-id":"T","cwd":"/c"})";
+    expectQuiet(runHook({"codex-notify", argument}, bus.environment(), {.isClosed = true}));
+    EXPECT_TRUE(isFor(bus.nextRecord(), "T"));
+
+    expectQuiet(runHook({"cursor", "finished"}, bus.environment(),
+                        {.text = R"({"conversation_id":"C","workspace_roots":["/c"]})"}));
+    EXPECT_TRUE(isFor(bus.nextRecord(), "C"));
+}
+
+TEST_F(HookProcess, DeliversWhateverTheInputDoes)
+{
+    const auto recorder = bus.startRecorder();
+    ASSERT_TRUE(recorder);
+    const std::string large =
+        R"({"tool_input":")" + std::string(10 << 20, 'x') + R"(","session_id":"S","cwd":"/c"})";
+    const std::string hostile = R"({"session_id":"S","cwd":7,"deep":)" + std::string(10 << 20, '[');
+    const std::vector<std::pair<std::string, Input>> cases = {
+        {"closed", {.isClosed = true}},
+        {"empty", {}},
+        {"ten megabytes", {.text = large}},
+        {"hostile nesting", {.text = hostile}},
+        {"known, then silence", {.text = payload("S"), .then = Input::Then::silence}},
+        {"a beginning, then silence", {.text = R"({"session_id":"S")", .then = Input::Then::silence}},
+        {"without end", {.text = std::string(1 << 16, ' '), .then = Input::Then::moreWithoutEnd}},
+        {"no JSON", {.text = std::string(1 << 20, '?')}},
+    };
+    for (const auto& [name, input] : cases) {
+        SCOPED_TRACE(name);
+        const Finished hook = runHook(finished, bus.environment(), input);
+        expectQuiet(hook);
+        EXPECT_TRUE(hook.tookAllInput || input.isClosed);
+        const std::string url = bus.nextRecord();
+        EXPECT_TRUE(url.starts_with("chimewell://event?type=finished&provider=claude&")) << url;
+        const bool knowsSession = input.text.find("session_id") != std::string::npos;
+        EXPECT_EQ(url.find("&session=S&") != std::string::npos, knowsSession) << url;
+    }
+}
+
+TEST_F(HookProcess, TakesTheInputOfACommandThatItDoesNotKnow)
+{
+    const Finished hook =
+        runHook({"claude", "unheard_of"}, bus.environment(), {.text = std::string(1 << 20, 'x')});
+    expectQuiet(hook);
+    EXPECT_TRUE(hook.tookAllInput);
+}
+
+TEST_F(HookProcess, IsNotHeldByAStoppedApplication)
+{
+    const auto recorder = bus.startRecorder();
+    ASSERT_TRUE(recorder);
+    recorder->raise(SIGSTOP);
+    for (const char* const session : {"1", "2", "3"})
+        expectQuiet(runHook(finished, bus.environment(), {.text = payload(session)}));
+    recorder->raise(SIGCONT);
+    for (const char* const session : {"1", "2", "3"})
+        EXPECT_TRUE(isFor(bus.nextRecord(), session)) << session;
+}
+
+TEST_F(HookProcess, IsNotHeldByAStoppedBusAndLosesNothing)
+{
+    const auto recorder = bus.startRecorder();
+    ASSERT_TRUE(recorder);
+    bus.raise(SIGSTOP);
+    const Finished hook = runHook(userActed, bus.environment(), {.text = payload("S")});
+    bus.raise(SIGCONT);
+    expectQuiet(hook);
+    EXPECT_TRUE(isFor(bus.nextRecord(), "S"));
+}
+
+TEST(HookProcessWithoutBus, GivesUp)
+{
+    ScratchBus bus; // for its folder
+    const std::string folder = bus.folder().string();
+    sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
+    std::strncpy(address.sun_path, (folder + "/mute").c_str(), sizeof address.sun_path - 1);
+    const Descriptor mute(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    ASSERT_EQ(bind(mute.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    ASSERT_EQ(listen(mute.get(), 5), 0);
+
+    const std::vector<std::vector<std::string>> environments = {
+        {"XDG_RUNTIME_DIR=" + folder + "/nowhere"},
+        {"DBUS_SESSION_BUS_ADDRESS=unix:path=" + folder + "/nowhere"},
+        {"DBUS_SESSION_BUS_ADDRESS=tcp:host=localhost,port=1"},
+        {"DBUS_SESSION_BUS_ADDRESS=unix:path=" + folder + "/mute"}, // accepts, and never answers
+    };
+    for (const auto& environment : environments) {
+        SCOPED_TRACE(environment[0]);
+        expectQuiet(runHook(finished, environment, {.text = payload("S")}));
+    }
+}
+
+class HookProcessAndActivation : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (!bus.isRunning()) GTEST_SKIP() << "no dbus-daemon here";
+    }
+
+    /// Sends an event that must not start the application, then one that does: it alone is recorded.
+    void expectOnlyTheLast(const std::vector<std::string>& silentArguments, const std::string& event)
+    {
+        expectQuiet(runHook(silentArguments, bus.environment(), {.text = payload("silent")}));
+        expectQuiet(runHook({"claude", event}, bus.environment(), {.text = payload("loud")}));
+        EXPECT_EQ(bus.nextRecord(), "ready");
+        EXPECT_TRUE(isFor(bus.nextRecord(), "loud"));
+    }
+
+    ScratchBus bus{ScratchBus::Application::activatable};
+};
+
+TEST_F(HookProcessAndActivation, StartsTheApplicationForAnAlert)
+{
+    expectOnlyTheLast(userActed, "waiting_input");
+}
+
+TEST_F(HookProcessAndActivation, DoesNotStartItForASubagent)
+{
+    expectOnlyTheLast({"claude", "subagent_finished"}, "finished");
+}
+
+TEST_F(HookProcessAndActivation, LosesNoEventOfManyThatStartIt)
+{
+    constexpr int count = 5;
+    for (int i = 0; i < count; ++i)
+        expectQuiet(runHook(finished, bus.environment(), {.text = payload("S")}));
+    EXPECT_EQ(bus.nextRecord(), "ready");
+    for (int i = 0; i < count; ++i)
+        EXPECT_TRUE(isFor(bus.nextRecord(), "S")) << i;
+}
+
+TEST_F(HookProcessAndActivation, LeavesAnApplicationThatTheUserQuit)
+{
+    const auto home = bus.folder();
+    const auto data = home / "data";
+    auto environment = bus.environment();
+    for (const auto& [folder, variable] :
+         {std::pair{home / ".local/share", "XDG_DATA_HOME=relative"}, std::pair{data, "XDG_DATA_HOME="}}) {
+        std::filesystem::create_directories(folder / "Chimewell");
+        std::ofstream(folder / "Chimewell/dormant").put('\n');
+        environment.push_back(variable + (folder == data ? data.string() : ""));
+        expectQuiet(runHook(finished, environment, {.text = payload("silent")}));
+        environment.pop_back();
+        std::filesystem::remove(folder / "Chimewell/dormant");
+    }
+    expectQuiet(runHook(finished, environment, {.text = payload("loud")}));
+    EXPECT_EQ(bus.nextRecord(), "ready");
+    EXPECT_TRUE(isFor(bus.nextRecord(), "loud"));
+}
+
+TEST(HookProcessAndSlowStart, HoldsNeitherTheAgentNorItsStreams)
+{
+    ScratchBus bus(ScratchBus::Application::neverReady);
+    if (!bus.isRunning()) GTEST_SKIP() << "no dbus-daemon here";
+    const Finished hook = runHook(finished, bus.environment(), {.text = payload("S")});
+    expectQuiet(hook);
+    EXPECT_LT(hook.took, 4s); // the start takes five
+}
+
+}
+}
