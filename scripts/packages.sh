@@ -1,0 +1,61 @@
+# shellcheck shell=bash
+# SPDX-License-Identifier: MIT
+# shellcheck disable=SC2034 # the lists are for those who source this
+# To be sourced: which Debian 12 packages each purpose needs, and a function that installs what is missing.
+
+# To build the application.
+build_packages=(
+    g++ cmake ninja-build pkg-config
+    qt6-base-dev qt6-svg-dev libpulse-dev libicu-dev libxcb1-dev libutf8proc-dev
+)
+
+# To run it as an installed program, with every kind of alert.
+run_packages=(
+    libqt6svg6 libpulse-mainloop-glib0
+    speech-dispatcher speech-dispatcher-espeak-ng espeak-ng
+    desktop-file-utils libglib2.0-bin libgtk-3-bin hicolor-icon-theme
+)
+
+# The virtual desktop, and what watches it.
+desktop_packages=(
+    xvfb x11-utils x11-xserver-utils openbox dbus-daemon dbus-bin
+    xfce4-panel xfce4-notifyd trayer dunst libnotify-bin
+    pulseaudio pulseaudio-utils at-spi2-core
+    python3-gi gir1.2-atspi-2.0 xdotool imagemagick xterm
+    fonts-dejavu-core adwaita-icon-theme librsvg2-common
+)
+
+# To test it: the checks, the second compiler, the programs that tests use.
+test_packages=(
+    libgtest-dev libgmock-dev clang-19 clang-tidy-19 clang-format-19 ccache
+    appstream man-db shellcheck unicode-data
+    python3-dbus python3-dbusmock strace
+)
+
+# To run real agents.
+agent_packages=(tmux)
+command -v npm >/dev/null || agent_packages+=(nodejs npm)
+
+# ensure_packages PACKAGE...: installs those that are missing, and nothing where none is.
+ensure_packages() {
+    local missing=() package as_root=()
+    for package in "$@"; do
+        [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null || true)" = installed ] ||
+            missing+=("$package")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+
+    if ! command -v apt-get >/dev/null; then
+        echo "These Debian packages, or what your system has in their place, are needed: ${missing[*]}" >&2
+        return 1
+    fi
+    [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+    echo "Installing ${missing[*]}"
+    local install=(${as_root[@]+"${as_root[@]}"} env DEBIAN_FRONTEND=noninteractive
+        apt-get install --yes --quiet=2 --no-install-recommends "${missing[@]}")
+    # A machine that never fetched the package lists, or long ago, fails the first time.
+    "${install[@]}" >/dev/null 2>&1 || {
+        ${as_root[@]+"${as_root[@]}"} apt-get update --quiet=2
+        "${install[@]}" >/dev/null
+    }
+}

@@ -1,0 +1,152 @@
+# SPDX-License-Identifier: MIT
+"""end_to_end_test.py BUILD, inside the virtual desktop: the installed program and helper on real desktop parts."""
+import concurrent.futures
+import os
+import re
+import signal
+import subprocess
+import sys
+import unittest
+
+import chimewell
+import speech
+from banners import NAME as NOTIFICATIONS, BannerWatch
+from bus_watch import BusWatch
+from sounds import Recording
+from waiting import until
+
+BUILD = ""
+MARKER = chimewell.folder() / "dormant"
+
+
+class EndToEnd(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        speech.keep_log()
+        cls.installed = chimewell.install(BUILD)
+
+    def setUp(self):
+        MARKER.unlink(missing_ok=True)
+        chimewell.write_settings()
+        self.watch = BannerWatch()
+        self.addCleanup(self.watch.close)
+        self.addCleanup(chimewell.end)
+
+    def await_banner(self, title, seconds=10):
+        return until(lambda: next((b for b in self.watch.banners() if b.title == title), None),
+                     f"a banner {title!r}", seconds)
+
+    def start_by_hand(self):
+        chimewell.activate()
+        return chimewell.process_of(chimewell.NAME)
+
+    def count(self, title):
+        return self.watch.titles().count(title)
+
+    def test_an_event_starts_the_application_and_is_alerted(self):
+        chimewell.write_settings([{"event": "finished", "speak": True, "spokenPhrase": "Ready, captain"}])
+        self.assertFalse(chimewell.has_owner(chimewell.NAME))
+        with Recording() as recording:
+            self.installed.claude("finished", "a", "/srv/paint-shop")
+            banner = self.await_banner("Finished — paint-shop")
+            until(lambda: speech.spoken(), "the spoken phrase", 20)
+            heard = recording.heard(self.installed.sounds)
+        self.assertEqual(banner.body, "The agent finished responding and is idle.")
+        self.assertEqual(banner.actions.get("FOCUS_SESSION"), "Open Session")
+        self.assertEqual(heard[0].name, "Blow", heard)
+        self.assertEqual(speech.phrases(), ["Ready, captain"])
+
+    def test_after_quit_only_a_hand_starts_it(self):
+        self.start_by_hand()
+        chimewell.act("quit")
+        until(lambda: not chimewell.has_owner(chimewell.NAME), "the end")
+        self.assertTrue(MARKER.exists())
+        self.installed.claude("finished", "b")
+        until(lambda: not self.installed.helpers(), "the end of the helper and its children")
+        self.assertFalse(chimewell.has_owner(chimewell.NAME))
+        self.assertTrue(MARKER.exists())
+        self.start_by_hand()
+        until(lambda: not MARKER.exists(), "the marker to go")
+        self.installed.claude("finished", "b", "/srv/again")
+        self.await_banner("Finished — again")
+
+    def test_an_event_that_starts_it_leaves_the_marker(self):
+        # The helper asks first; another program that opens a URL does not, and is no hand either.
+        MARKER.parent.mkdir(parents=True, exist_ok=True)
+        MARKER.write_text("yesterday")
+        chimewell.write_settings(reminderIntervalSeconds=1)
+        subprocess.run(["gio", "open", "chimewell://event?type=waiting_input&provider=codex&title=By%20address"],
+                       check=True)
+        # A second after the start; the marker is looked at half a second after it.
+        self.await_banner("Still waiting — By address")
+        self.assertTrue(MARKER.exists())
+
+    def test_a_second_instance_leaves_and_the_first_stays(self):
+        first = self.start_by_hand()
+        second = subprocess.run([self.installed.program], timeout=10, check=False)
+        self.assertEqual(second.returncode, 0)
+        self.assertEqual(chimewell.process_of(chimewell.NAME), first)
+        self.installed.claude("finished", "c", "/srv/first")
+        self.await_banner("Finished — first")
+
+    def test_a_hung_notification_server_holds_nothing_up(self):
+        self.start_by_hand()
+        old = chimewell.process_of(NOTIFICATIONS)
+        os.kill(old, signal.SIGSTOP)
+        try:
+            with Recording() as recording:
+                for session in ("d1", "d2"):
+                    self.installed.claude("finished", session, f"/srv/{session}")
+                until(lambda: [s.name for s in recording.heard(self.installed.sounds)][:1] == ["Blow"],
+                      "the sound while the server hangs", 5)
+        finally:
+            os.kill(old, signal.SIGKILL)
+        until(lambda: not chimewell.has_owner(NOTIFICATIONS), "the end of the hung server")
+        config = os.path.join(os.environ["XDG_CONFIG_HOME"], "dunst/dunstrc")
+        with open(os.path.join(os.environ["VD_LOG"], "notifications-2.log"), "wb") as log:
+            new = subprocess.Popen(["dunst", "-conf", config], stdout=log, stderr=log)
+        self.addClassCleanup(lambda: (new.terminate(), new.wait()))
+        until(lambda: chimewell.has_owner(NOTIFICATIONS), "a new server")
+        self.installed.claude("finished", "d3", "/srv/new-server")
+        until(lambda: self.await_banner("Finished — new-server").is_answered, "the new server's answer")
+
+    def test_the_end_of_the_session_leaves_no_marker(self):
+        for number in (signal.SIGTERM, signal.SIGHUP, signal.SIGINT):
+            with self.subTest(number.name):
+                os.kill(self.start_by_hand(), number)
+                until(lambda: not chimewell.has_owner(chimewell.NAME), "the end")
+                self.assertFalse(MARKER.exists())
+
+    def test_a_waiting_session_reminds_until_the_user_acts(self):
+        chimewell.write_settings(reminderIntervalSeconds=1, reminderMaxCount=1000)
+        self.start_by_hand()
+        reminder = {name: f"Still waiting — Waiting for input — {name}" for name in ("left", "right")}
+        for name in reminder:
+            self.installed.claude("waiting_input", name, f"/srv/{name}", "Claude needs your permission")
+        until(lambda: all(self.count(title) >= 2 for title in reminder.values()), "reminders of both")
+        self.installed.claude("user_acted", "left", "/srv/left")
+        # The other session tells the time: what was under way when the user acted has come by its next reminder.
+        self.await_more(reminder["right"], 1)
+        left = self.count(reminder["left"])
+        self.await_more(reminder["right"], 3)
+        self.assertEqual(self.count(reminder["left"]), left)
+
+    def await_more(self, title, more):
+        wanted = self.count(title) + more
+        until(lambda: self.count(title) >= wanted, f"{more} more of {title!r}")
+
+    def test_a_thousand_events_of_sixteen_senders_all_arrive(self):
+        chimewell.write_settings([{"event": "finished", "soundId": "__silent__", "showPopup": False}])
+        self.start_by_hand()
+        watch = BusWatch("org.freedesktop.Application", "Open")
+        self.addCleanup(watch.close)
+        with concurrent.futures.ThreadPoolExecutor(16) as senders:
+            list(senders.map(lambda n: self.installed.claude("finished", f"h{n}"), range(1000)))
+        until(lambda: sum(call.answer is not None for call in watch.calls()) == 1000, "a thousand answers", 30)
+        sessions = {re.search(r"[?&]session=(\w+)", call.arguments[0][0])[1] for call in watch.calls()}
+        self.assertEqual(sessions, {f"h{n}" for n in range(1000)})
+
+
+if __name__ == "__main__":
+    BUILD = sys.argv.pop(1)
+    unittest.main(verbosity=2)

@@ -1,0 +1,68 @@
+# SPDX-License-Identifier: MIT
+"""demonstrate.py BUILD SCREENSHOT, inside the virtual desktop: installs what is built in BUILD, starts it, sends
+one event through its helper, and prints what the notification server got, which sound was heard and what was
+spoken."""
+import os
+import pathlib
+import subprocess
+import sys
+import uuid
+
+import chimewell
+import speech
+from banners import BannerWatch
+from sounds import Recording
+from waiting import TookTooLong, until
+
+
+def main():
+    build, screenshot = sys.argv[1:]
+    installed = chimewell.install(build)
+    project = pathlib.Path(os.environ["HOME"], "projects/paint-shop")
+    project.mkdir(parents=True)
+    speech.keep_log()
+    chimewell.write_settings([{"event": "waiting_input", "speak": True}])
+    watch = BannerWatch()
+
+    print("Starting by D-Bus activation:", installed.program)
+    chimewell.activate()
+    until(tray_items, "its icon in the tray")
+
+    with Recording() as recording:
+        print("Event: Claude Code waits for a permission, through", installed.helper)
+        installed.claude("waiting_input", str(uuid.uuid4()), project, "Claude needs your permission to use Bash")
+        banner = until(watch.banners, "a banner")[0]
+        until(lambda: watch.banners()[0].is_answered, "the server's answer")
+        try:
+            until(lambda: speech.spoken() > 0, "the end of the spoken phrase", 20)
+        except TookTooLong as fault:
+            print(fault, file=sys.stderr)
+        subprocess.run(["import", "-window", "root", screenshot], check=True)
+        heard = recording.heard(installed.sounds)
+
+    print()
+    print(f"Banner title: {banner.title}")
+    print(f"Banner body:  {banner.body}")
+    print(f"Button:       {', '.join(label for label in banner.actions.values() if label)}")
+    for sound in heard:
+        if sound.name:
+            print(f"Heard:        {sound.name} (the recording agrees with its file by {sound.agreement:.1%})")
+        else:
+            print(f"Heard:        {sound.length:.1f} s that is none of the sound files")
+    for phrase in speech.phrases()[:speech.spoken()]:
+        print(f'Spoken:       "{phrase}" (the speech service reports its end)')
+    print(f"Screenshot:   {screenshot}")
+    complete = speech.spoken() and any(sound.name for sound in heard)
+    chimewell.end()
+    return 0 if complete else 1
+
+
+def tray_items():
+    return chimewell.call("org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher",
+                          "org.freedesktop.DBus.Properties", "Get",
+                          chimewell.GLib.Variant("(ss)", ("org.kde.StatusNotifierWatcher",
+                                                          "RegisteredStatusNotifierItems")))[0]
+
+
+if __name__ == "__main__":
+    sys.exit(main())
