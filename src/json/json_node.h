@@ -41,6 +41,8 @@ public:
     const char* payload() const { return start_ + headerSize; }
     const char* end() const { return payload() + size(); }
     std::string_view text() const { return {payload(), size()}; }
+    /// Header and payload.
+    std::string_view bytes() const { return {start_, headerSize + size()}; }
 
 private:
     std::uint64_t readHeader() const

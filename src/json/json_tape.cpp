@@ -60,13 +60,15 @@ void JSONTape::close()
 void JSONTape::string(std::string_view piece, bool last)
 {
     char* to = addText(piece);
-    while (!piece.empty()) {
-        const bool whole = piece.size() >= wordSize;
-        const ByteWord word = whole ? loadWord(piece.data()) : loadShortWord(piece.data(), piece.size());
+    const char* from = piece.data();
+    for (std::size_t left = piece.size(); left != 0;) {
+        const std::size_t count = std::min(left, wordSize);
+        const ByteWord word = count < wordSize ? loadShortWord(from, count) : loadWord(from);
         storeWord(to, word);
         escaped_ |= markEscaped(word);
-        to += wordSize;
-        piece.remove_prefix(whole ? wordSize : piece.size());
+        from += count;
+        to += count;
+        left -= count;
     }
     if (last) endText(std::exchange(escaped_, 0) == 0 ? JSONTag::plainString : JSONTag::escapedString);
 }
@@ -93,7 +95,7 @@ void JSONTape::endText(JSONTag tag)
 
 void JSONTape::value(const JSONValue& value)
 {
-    const std::string_view flat = value.flatForm();
+    const std::string_view flat = value.node().bytes();
     const std::size_t at = take(flat.size());
     std::memcpy(bytes_.get() + at, flat.data(), flat.size());
 }

@@ -22,13 +22,13 @@ std::shared_ptr<const char> withoutContent(JSONTag tag)
 
 }
 
-JSONValue::JSONValue() : node_(withoutContent(JSONTag::null)) {}
+JSONValue::JSONValue() : start_(withoutContent(JSONTag::null)) {}
 
 JSONValue JSONValue::object(std::span<const JSONMember> members)
 {
     std::size_t size = JSONNode::headerSize;
     for (const JSONMember& member : members)
-        size += JSONNode::headerSize + member.key.size() + member.value.flatForm().size();
+        size += JSONNode::headerSize + member.key.size() + member.value.node().bytes().size();
     JSONTape tape(size);
     tape.beginObject();
     for (const JSONMember& member : members) {
@@ -43,7 +43,7 @@ JSONValue JSONValue::array(std::span<const JSONValue> elements)
 {
     std::size_t size = JSONNode::headerSize;
     for (const JSONValue& element : elements)
-        size += element.flatForm().size();
+        size += element.node().bytes().size();
     JSONTape tape(size);
     tape.beginArray();
     for (const JSONValue& element : elements)
@@ -73,7 +73,7 @@ JSONValue JSONValue::boolean(bool value)
 
 JSONValue::Kind JSONValue::kind() const
 {
-    switch (JSONNode(node_.get()).tag()) {
+    switch (node().tag()) {
     case JSONTag::object:
         return Kind::object;
     case JSONTag::array:
@@ -94,22 +94,22 @@ JSONValue::Kind JSONValue::kind() const
 
 std::string_view JSONValue::text() const
 {
-    return is(Kind::string) || is(Kind::number) ? JSONNode(node_.get()).text() : std::string_view();
+    return is(Kind::string) || is(Kind::number) ? node().text() : std::string_view();
 }
 
 bool JSONValue::isTrue() const
 {
-    return JSONNode(node_.get()).tag() == JSONTag::yes;
+    return node().tag() == JSONTag::yes;
 }
 
 std::vector<JSONMember> JSONValue::members() const
 {
     std::vector<JSONMember> members;
     if (!is(Kind::object)) return members;
-    const JSONNode object(node_.get());
+    const JSONNode object = node();
     for (JSONNode key(object.payload()); key.start() != object.end();) {
         const JSONNode value(key.end());
-        members.push_back({std::string(key.text()), inside(value.start())});
+        members.push_back({std::string(key.text()), inside(value)});
         key = JSONNode(value.end());
     }
     return members;
@@ -119,34 +119,29 @@ std::vector<JSONValue> JSONValue::elements() const
 {
     std::vector<JSONValue> elements;
     if (!is(Kind::array)) return elements;
-    const JSONNode array(node_.get());
+    const JSONNode array = node();
     for (JSONNode element(array.payload()); element.start() != array.end(); element = JSONNode(element.end()))
-        elements.push_back(inside(element.start()));
+        elements.push_back(inside(element));
     return elements;
 }
 
 std::optional<JSONValue> JSONValue::find(std::string_view key) const
 {
     if (!is(Kind::object)) return std::nullopt;
-    const JSONNode object(node_.get());
-    const char* found = nullptr;
+    const JSONNode object = node();
+    std::optional<JSONNode> found;
     for (JSONNode candidate(object.payload()); candidate.start() != object.end();) {
         const JSONNode value(candidate.end());
-        if (candidate.text() == key) found = value.start();
+        if (candidate.text() == key) found = value;
         candidate = JSONNode(value.end());
     }
-    if (found == nullptr) return std::nullopt;
-    return inside(found);
+    if (!found) return std::nullopt;
+    return inside(*found);
 }
 
-std::string_view JSONValue::flatForm() const
+JSONValue JSONValue::inside(const JSONNode& node) const
 {
-    return {node_.get(), JSONNode::headerSize + JSONNode(node_.get()).size()};
-}
-
-JSONValue JSONValue::inside(const char* node) const
-{
-    return JSONValue(std::shared_ptr<const char>(node_, node));
+    return JSONValue(std::shared_ptr<const char>(start_, node.start()));
 }
 
 }

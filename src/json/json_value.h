@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstddef>
+#include "json/json_node.h"
+
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace chimewell {
@@ -48,18 +50,18 @@ public:
     std::optional<JSONValue> find(std::string_view key) const;
 
     /// The same kind with the same content: members in the same order, numbers spelled alike.
-    bool operator==(const JSONValue& other) const { return flatForm() == other.flatForm(); }
+    bool operator==(const JSONValue& other) const { return node().bytes() == other.node().bytes(); }
 
-    /// The value as it lies in memory: a JSONNode.
-    std::string_view flatForm() const;
+    /// The value as it lies in memory, as long as this value lives.
+    JSONNode node() const { return JSONNode(start_.get()); }
 
 private:
     friend class JSONTape;
-    explicit JSONValue(std::shared_ptr<const char> node) : node_(std::move(node)) {}
+    explicit JSONValue(std::shared_ptr<const char> start) : start_(std::move(start)) {}
 
-    JSONValue inside(const char* node) const;
+    JSONValue inside(const JSONNode& node) const;
 
-    std::shared_ptr<const char> node_; ///< Points to the node and shares in owning the whole tape.
+    std::shared_ptr<const char> start_; ///< Of the node; it shares in owning the whole tape.
 };
 
 struct JSONMember {

@@ -90,16 +90,17 @@ void putQuoted(std::string_view text, Output& output)
 {
     constexpr std::size_t wordSize = sizeof(ByteWord);
     output.put('"');
-    while (!text.empty()) {
-        const ByteWord word =
-            text.size() < wordSize ? loadShortWord(text.data(), text.size()) : loadWord(text.data());
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    while (at != end) {
+        const auto left = static_cast<std::size_t>(end - at);
+        const ByteWord word = left < wordSize ? loadShortWord(at, left) : loadWord(at);
         const ByteWord escaped = markEscaped(word);
-        const std::size_t plain = escaped != 0 ? firstByteSet(escaped) : std::min(text.size(), wordSize);
+        const std::size_t plain = escaped != 0 ? firstByteSet(escaped) : std::min(left, wordSize);
         output.put(word, plain);
-        text.remove_prefix(plain);
+        at += plain;
         if (escaped == 0) continue;
-        putEscape(text.front(), output);
-        text.remove_prefix(1);
+        putEscape(*at++, output);
     }
     output.put('"');
 }
@@ -152,7 +153,7 @@ template<class Output>
 void putValue(const JSONValue& value, Output& output)
 {
     std::vector<JSONNode> open; // containers, the innermost last
-    JSONNode node(value.flatForm().data());
+    JSONNode node = value.node();
     for (;;) {
         putStart(node, output);
         const char* next = node.end();
