@@ -1,19 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "app/app_delegate.h"
 
-#include "events/event_router.h"
-#include "support/fake_time.h"
-#include "support/fixed_random.h"
-#include "support/memory_files.h"
-#include "support/plain_locale.h"
-#include "support/recording_notification_center.h"
-#include "support/recording_sounds.h"
-#include "support/recording_speech.h"
+#include "app/services.h"
+#include "support/fake_system.h"
 
 #include <gtest/gtest.h>
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace chimewell::test {
 
@@ -22,32 +17,13 @@ using namespace std::chrono_literals;
 class AppDelegateTest : public ::testing::Test {
 protected:
     static constexpr char markerFile[] = "/data/Chimewell/dormant";
-    bool markerStands() const { return files.contents.contains(markerFile); }
+    bool markerStands() const { return system.files.contents.contains(markerFile); }
 
-    FakeTime time;
-    MemoryFiles files;
-    FixedRandom random;
-    RecordingSounds sounds;
-    RecordingSpeech speech;
-    RecordingNotificationCenter center;
-    PlainLocale locale;
-
-    SettingsStore store{files, "/data/Chimewell"};
-    SoundPlayer sound{sounds};
-    VoiceAnnouncer voice{speech, locale};
-    NotificationService notifications{center, random};
-    EventHistory history{time, random};
-    ReminderManager reminders{{.store = store, .clock = time, .timers = time, .random = random}};
-    EventRouter router{{.store = store,
-                        .history = history,
-                        .sound = sound,
-                        .notifications = notifications,
-                        .voice = voice,
-                        .reminders = reminders,
-                        .clock = time}};
-    URLEventHandler urls{router};
-    DormantMarker marker{files, time, "/data/Chimewell"};
-    AppDelegate delegate{{.urls = urls, .notifications = notifications, .marker = marker, .timers = time}};
+    FakeSystem system;
+    Services services{system.ports(), "/data/Chimewell"};
+    FakeTime& time = system.time;
+    MemoryFiles& files = system.files;
+    AppDelegate& delegate = services.delegate;
 };
 
 TEST_F(AppDelegateTest, StartedByHandClearsTheMarkerOnce)
@@ -65,9 +41,11 @@ TEST_F(AppDelegateTest, StartedByAnyUrlKeepsTheMarker)
 {
     for (const auto& url : {std::optional<std::string>("chimewell://event?type=finished&provider=claude"),
                             std::optional<std::string>("nonsense"), std::optional<std::string>()}) {
-        URLEventHandler fresh{router};
-        AppDelegate started{
-            {.urls = fresh, .notifications = notifications, .marker = marker, .timers = time}};
+        URLEventHandler fresh{services.router};
+        AppDelegate started{{.urls = fresh,
+                             .notifications = services.notifications,
+                             .marker = services.marker,
+                             .timers = time}};
         files.contents[markerFile] = "before";
         fresh.handleURLEvent(url);
         started.applicationDidFinishLaunching();
@@ -75,7 +53,7 @@ TEST_F(AppDelegateTest, StartedByAnyUrlKeepsTheMarker)
         EXPECT_TRUE(fresh.didHandleLaunchEvent());
         EXPECT_TRUE(markerStands());
     }
-    EXPECT_EQ(history.entries().size(), 1u); // only the one that was an event alerted
+    EXPECT_EQ(services.history.entries().size(), 1u); // only the one that was an event alerted
 }
 
 TEST_F(AppDelegateTest, OnlyTheUsersQuitLeavesTheMarker)
@@ -89,6 +67,23 @@ TEST_F(AppDelegateTest, OnlyTheUsersQuitLeavesTheMarker)
     files.full = true;
     delegate.applicationWillTerminate(QuitReason::user); // nothing to be done about it
     EXPECT_FALSE(markerStands());
+}
+
+TEST_F(AppDelegateTest, AClickedBannerAndASampleReachTheirServices)
+{
+    delegate.applicationDidFinishLaunching();
+    system.workspace.installed = {"net.kovidgoyal.kitty"};
+    system.center.respond({"FOCUS_SESSION", {{"term", "kitty"}}});
+    EXPECT_EQ(system.workspace.asked, (std::vector<std::string>{"open net.kovidgoyal.kitty"}));
+
+    services.playSample();
+    ASSERT_EQ(system.center.posted.size(), 1u);
+    EXPECT_EQ(system.center.posted[0].title, "Test event");
+    EXPECT_TRUE(services.history.entries().empty());
+
+    services.setMuted(true);
+    services.playSample();
+    EXPECT_EQ(system.center.posted.size(), 1u);
 }
 
 }

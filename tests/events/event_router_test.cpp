@@ -1,13 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "events/event_router.h"
 
-#include "support/fake_time.h"
-#include "support/fixed_random.h"
-#include "support/memory_files.h"
-#include "support/plain_locale.h"
-#include "support/recording_notification_center.h"
-#include "support/recording_sounds.h"
-#include "support/recording_speech.h"
+#include "app/services.h"
+#include "support/fake_system.h"
 
 #include <gtest/gtest.h>
 
@@ -20,12 +15,10 @@ namespace chimewell::test {
 
 using namespace std::chrono_literals;
 
-/// The whole core behind the event road, wired as the application wires it.
 class EventRouterTest : public ::testing::Test {
 protected:
     EventRouterTest()
     {
-        reminders.onFire = [this](const EventPayload& payload) { router.fireReminder(payload); };
         store.updateEvent(CanonicalEvent::waitingInput, [](EventSetting& setting) { setting.speak = true; });
     }
 
@@ -42,27 +35,16 @@ protected:
     void set(const std::function<void(AppSettings&)>& change) { store.update(change); }
     std::size_t alerts() const { return sounds.played.size(); }
 
-    FakeTime time;
-    MemoryFiles files;
-    FixedRandom random;
-    RecordingSounds sounds;
-    RecordingSpeech speech;
-    RecordingNotificationCenter center;
-    PlainLocale locale;
-
-    SettingsStore store{files, "/data/Chimewell"};
-    SoundPlayer sound{sounds};
-    VoiceAnnouncer voice{speech, locale};
-    NotificationService notifications{center, random};
-    EventHistory history{time, random};
-    ReminderManager reminders{{.store = store, .clock = time, .timers = time, .random = random}};
-    EventRouter router{{.store = store,
-                        .history = history,
-                        .sound = sound,
-                        .notifications = notifications,
-                        .voice = voice,
-                        .reminders = reminders,
-                        .clock = time}};
+    FakeSystem system;
+    Services services{system.ports(), "/data/Chimewell"};
+    FakeTime& time = system.time;
+    RecordingSounds& sounds = system.sounds;
+    RecordingSpeech& speech = system.speech;
+    RecordingNotificationCenter& center = system.center;
+    SettingsStore& store = services.store;
+    EventHistory& history = services.history;
+    ReminderManager& reminders = services.reminders;
+    EventRouter& router = services.router;
 };
 
 TEST_F(EventRouterTest, AlertsInEveryWayThatIsSwitchedOn)
@@ -277,7 +259,7 @@ TEST_F(EventRouterTest, HistoryKeepsTheNewestTen)
     EXPECT_EQ(history.entries().front().message, "12");
     EXPECT_EQ(history.entries().back().message, "3");
     EXPECT_EQ(history.entries().front().displayTitle(), "Finished — proj (reminder)");
-    EXPECT_EQ(history.entries().back().timeText(locale, time.now()), "14:05 (10 seconds ago)");
+    EXPECT_EQ(history.entries().back().timeText(system.locale, time.now()), "14:05 (10 seconds ago)");
     EXPECT_NE(history.entries().front().id, history.entries().back().id);
     history.clear();
     EXPECT_TRUE(history.entries().empty());

@@ -1,16 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "alerts/notification_service.h"
-#include "alerts/sound_player.h"
-#include "alerts/voice_announcer.h"
 #include "app/app_delegate.h"
-#include "app/dormant_marker.h"
-#include "app/url_event_handler.h"
-#include "events/event_history.h"
-#include "events/event_router.h"
-#include "events/reminder_manager.h"
-#include "events/session_focus.h"
+#include "app/services.h"
 #include "platform/linux/activation_tokens.h"
 #include "platform/linux/boot_timers.h"
 #include "platform/linux/dbus_notification_center.h"
@@ -25,7 +17,6 @@
 #include "platform/posix/posix_files.h"
 #include "platform/posix/random_device.h"
 #include "platform/posix/xdg_user_folders.h"
-#include "settings/settings_store.h"
 #include "ui/tray_icon.h"
 
 #include <QDBusConnection>
@@ -37,7 +28,7 @@
 
 namespace chimewell {
 
-/// The application on the Linux desktop: every object, made once and handed to those that need it.
+/// The application on the Linux desktop: its adapters, the services on them, and what ends it.
 class Application final : public QObject {
     Q_OBJECT
 public:
@@ -51,8 +42,6 @@ private Q_SLOTS:
 
 private:
     void act(const std::string& action);
-    void setMuted(bool muted);
-    void playSample();
     void quitByUser();
 
     // The order of the members is the order of the start.
@@ -64,22 +53,12 @@ private:
     IcuUserLocale locale_;
     ActivationTokens tokens_;
     DbusNotificationCenter center_;
-    PulseSystemSounds systemSounds_;
+    PulseSystemSounds sounds_;
     SsipSpeechSynthesizer speech_;
     LinuxWorkspace workspace_;
 
-    SettingsStore store_;
-    SoundPlayer sound_;
-    NotificationService notifications_;
-    VoiceAnnouncer voice_;
-    EventHistory history_;
-    ReminderManager reminders_;
-    EventRouter router_;
-    SessionFocus focus_;
+    Services services_;
 
-    URLEventHandler urls_;
-    DormantMarker marker_;
-    AppDelegate delegate_;
     TerminationSignals signals_;
     /// Every end that nobody asked for is the session's: log-out, a signal, the bus that went away.
     QuitReason quitReason_ = QuitReason::sessionEnd;

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/services.h"
+#include "support/fake_time.h"
+#include "support/fixed_random.h"
+#include "support/memory_files.h"
+#include "support/plain_locale.h"
+#include "support/recording_notification_center.h"
+#include "support/recording_sounds.h"
+#include "support/recording_speech.h"
+#include "support/recording_workspace.h"
+
+namespace chimewell::test {
+
+/// A system of fakes for the services to run on.
+struct FakeSystem {
+    FakeTime time;
+    MemoryFiles files;
+    FixedRandom random;
+    PlainLocale locale;
+    RecordingSounds sounds;
+    RecordingSpeech speech;
+    RecordingNotificationCenter center;
+    RecordingWorkspace workspace;
+
+    Ports ports()
+    {
+        return {.files = files,
+                .clock = time,
+                .timers = time,
+                .random = random,
+                .locale = locale,
+                .sounds = sounds,
+                .speech = speech,
+                .notifications = center,
+                .workspace = workspace};
+    }
+};
+
+}
