@@ -9,6 +9,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace chimewell {
@@ -18,6 +19,8 @@ namespace chimewell {
 class LastSeen {
 public:
     explicit LastSeen(std::size_t capacity) : capacity_(capacity) {}
+    LastSeen(const LastSeen&) = delete;
+    LastSeen& operator=(const LastSeen&) = delete;
 
     std::optional<Instant> find(const std::string& key) const
     {
@@ -29,7 +32,7 @@ public:
     {
         erase(key);
         byAge_.emplace_back(key, when);
-        byKey_.emplace(key, std::prev(byAge_.end()));
+        byKey_.emplace(byAge_.back().first, std::prev(byAge_.end()));
         if (byKey_.size() > capacity_) forgetOldest();
     }
 
@@ -37,8 +40,9 @@ public:
     {
         const auto found = byKey_.find(key);
         if (found == byKey_.end()) return;
-        byAge_.erase(found->second);
+        const auto entry = found->second;
         byKey_.erase(found);
+        byAge_.erase(entry);
     }
 
     /// Forgets every key last seen at `when` or before.
@@ -61,7 +65,8 @@ private:
 
     std::size_t capacity_;
     Ages byAge_; ///< Oldest first.
-    std::map<std::string, Ages::iterator> byKey_;
+    std::map<std::string_view, Ages::iterator>
+        byKey_; ///< The keys stand in `byAge_`, whose nodes never move.
 };
 
 }

@@ -39,7 +39,7 @@ public:
     static constexpr std::chrono::seconds throttleWindow{5};
     static constexpr std::chrono::seconds throttleMemory{60};
     /// Keys remembered for it; only a flood of events reaches that many.
-    static constexpr std::size_t throttleCapacity = 10'000;
+    static constexpr std::size_t throttleCapacity = 1000;
 
 private:
     enum class Occasion { first, reminder };

@@ -48,7 +48,7 @@ public:
     static constexpr std::chrono::seconds settleWindow{90};
     static constexpr std::size_t maxPending = 1000;
     /// More sessions than anybody runs; a flood of events stays within it.
-    static constexpr std::size_t maxSettled = 10'000;
+    static constexpr std::size_t maxSettled = 1000;
 
 private:
     struct Pending {
