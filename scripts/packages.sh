@@ -32,6 +32,9 @@ test_packages=(
     python3-dbus python3-dbusmock strace
 )
 
+# To measure it: the frame, the peers, the counter of instructions.
+benchmark_packages=(libbenchmark-dev nlohmann-json3-dev rapidjson-dev libdbus-1-dev valgrind)
+
 # To run real agents.
 agent_packages=(tmux)
 command -v npm >/dev/null || agent_packages+=(nodejs npm)

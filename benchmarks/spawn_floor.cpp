@@ -1,0 +1,7 @@
+// SPDX-License-Identifier: MIT
+// What it costs to start a program at all.
+
+int main()
+{
+    return 0;
+}
