@@ -45,6 +45,20 @@ double SoundRecording::onset() const
     return heard.empty() ? -1 : heard.front().from;
 }
 
+double SoundRecording::silenceAtEnd() const
+{
+    const std::vector<Stretch> heard = stretches(0.01);
+    return heard.empty() ? duration() : duration() - heard.back().to;
+}
+
+double SoundRecording::soundingTime() const
+{
+    double sum = 0;
+    for (const Stretch& each : stretches(0.01))
+        sum += each.to - each.from;
+    return sum;
+}
+
 double SoundRecording::amplitude(double frequency, double from, double to) const
 {
     // Goertzel's algorithm, with a window whose ends fade.

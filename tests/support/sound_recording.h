@@ -19,6 +19,10 @@ public:
     double duration() const;
     /// When anything was first heard; negative while nothing was.
     double onset() const;
+    /// For how long nothing was heard at its end.
+    double silenceAtEnd() const;
+    /// For how long anything was heard, however interrupted.
+    double soundingTime() const;
     /// The amplitude of one frequency from second `from` to second `to`; 1 is the loudest sine there is.
     double amplitude(double frequency, double from, double to) const;
 

@@ -91,7 +91,11 @@ void SsipSpeechSynthesizer::proceed()
 {
     if (!connection_.isOpen() && (!queue_.empty() || !awaitingVoices_.empty())) connectOrLaunch();
     if (connection_.isOpen()) {
-        if (!awaitingVoices_.empty()) requestVoices();
+        // They take a while to list: early enough for an utterance that waits for its turn.
+        const bool hasVoiceToCheck = !voices_ && std::ranges::any_of(queue_, [](const Utterance& each) {
+            return each.voice.has_value();
+        });
+        if (!awaitingVoices_.empty() || hasVoiceToCheck) requestVoices();
         speakNext();
     }
     rest();
@@ -110,6 +114,7 @@ bool SsipSpeechSynthesizer::connect()
 {
     if (!connection_.open(service_.socket)) return false;
     voice_.clear();
+    lastEnded_.clear();
     connection_.send("SET self CLIENT_NAME user:chimewell:alerts", ignoreReply);
     // Messages of this priority wait for each other; others would cut each other short.
     connection_.send("SET self PRIORITY MESSAGE", ignoreReply);
@@ -151,7 +156,7 @@ void SsipSpeechSynthesizer::speakNext()
 {
     if (isSpeaking_ || queue_.empty()) return;
     const std::optional<std::string>& wanted = queue_.front().voice;
-    if (wanted && !voices_) return requestVoices();
+    if (wanted && !voices_) return; // they are being listed
 
     // The service takes any name and then speaks with whatever voice it likes.
     std::string voice;
@@ -205,20 +210,14 @@ void SsipSpeechSynthesizer::finishUtterance()
 
 void SsipSpeechSynthesizer::giveUp()
 {
-    disconnect();
-    queue_.clear();
-    deliver({});
-    rest();
-}
-
-void SsipSpeechSynthesizer::disconnect()
-{
     connection_.close();
+    queue_.clear();
     voices_.reset();
     isListing_ = false;
     isSpeaking_ = false;
     message_.clear();
-    lastEnded_.clear();
+    deliver({});
+    rest();
 }
 
 void SsipSpeechSynthesizer::rest()
@@ -237,7 +236,7 @@ void SsipSpeechSynthesizer::overdue()
     else if (isSpeaking_)
         finishUtterance(); // its end was never told; the service has a queue of its own
     else
-        disconnect();
+        connection_.close();
 }
 
 }

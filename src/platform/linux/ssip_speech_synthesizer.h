@@ -60,14 +60,13 @@ private:
     void messageEnded(const std::string& message);
     void finishUtterance();
     void giveUp();
-    void disconnect();
     void rest();
     void overdue();
 
     Service service_;
     SsipConnection connection_;
-    std::string voice_; // of this connection; empty: the service's own choice
-    std::optional<std::vector<Voice>> voices_;
+    std::string voice_;                        // of this connection; empty: the service's own choice
+    std::optional<std::vector<Voice>> voices_; // of the service, since it was last reached anew
     bool isListing_ = false;
     std::vector<std::function<void(std::vector<Voice>)>> awaitingVoices_;
     std::deque<Utterance> queue_;
