@@ -14,7 +14,7 @@ struct ContinuousTime {
     using period = std::chrono::nanoseconds::period;
     using duration = std::chrono::nanoseconds;
     using time_point = std::chrono::time_point<ContinuousTime>;
-    static constexpr bool is_steady = true;
+    static constexpr bool is_steady = true; // NOLINT(readability-identifier-naming): the standard's name
 };
 
 /// A moment to measure intervals from; two of them are comparable within one run only.

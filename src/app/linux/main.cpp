@@ -8,6 +8,7 @@
 #include <QDBusConnection>
 #include <QStringList>
 
+#include <csignal>
 #include <cstdio>
 
 namespace {
@@ -22,8 +23,20 @@ int forward(int& argc, char** argv)
     return handOver(QDBusConnection::sessionBus(), QCoreApplication::arguments().mid(1)) ? 0 : 1;
 }
 
+/// A write that cannot be done then fails instead of ending us. Unlike an ignored signal, a handler is not
+/// inherited by the programs that we start.
+void survive(int signal)
+{
+    struct sigaction action = {};
+    action.sa_handler = [](int) {};
+    action.sa_flags = SA_RESTART;
+    sigaction(signal, &action, nullptr);
+}
+
 int run(int& argc, char** argv)
 {
+    survive(SIGPIPE);
+    survive(SIGXFSZ);
     const QApplication qt(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("chimewell"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Chimewell"));

@@ -54,7 +54,8 @@ private:
                 if (++at_ == line_.size()) return false;
                 word.text += line_[at_];
             } else if (character == '%') {
-                if (++at_ == line_.size() || !replaceCode(line_[at_], word)) return false;
+                if (++at_ == line_.size()) return false;
+                if (!replaceCode(line_[at_], word)) return false;
             } else {
                 word.text += character;
             }

@@ -13,7 +13,7 @@ namespace chimewell {
 class PosixFiles final : public Files {
 public:
     /// Nothing we read is near this size; more is refused rather than loaded.
-    static constexpr std::size_t maximumSize = 64 * 1024 * 1024;
+    static constexpr std::size_t maximumSize = std::size_t{64} * 1024 * 1024;
 
     std::expected<std::string, FileError> read(const std::filesystem::path& file) override;
     std::expected<void, FileError> replace(const std::filesystem::path& file,

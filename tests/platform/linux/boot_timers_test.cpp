@@ -95,6 +95,7 @@ TEST(BootTimers, ShareOneDescriptor)
     BootTimers timers;
     const auto before = openDescriptors();
     std::vector<std::unique_ptr<Timer>> many;
+    many.reserve(1000);
     int ticks = 0;
     for (int i = 0; i < 1000; ++i)
         many.push_back(timers.once(std::chrono::milliseconds(i % 5), [&] { ++ticks; }));

@@ -19,26 +19,31 @@ std::string entryText(const std::string& lines)
     return "[Desktop Entry]\nType=Application\nName=Name\n" + lines;
 }
 
+/// An entry without any value for a text that is none.
+DesktopEntry parsed(const std::string& text)
+{
+    return DesktopEntry::parse(text).value_or(DesktopEntry());
+}
+
 TEST(DesktopEntry, ReadsItsOwnGroupOnly)
 {
-    const auto entry = DesktopEntry::parse("# comment\n"
-                                           "[Other]\nName=wrong\n"
-                                           "[Desktop Entry]\r\n"
-                                           "Name = two\\swords \n"
-                                           "Name[de]=zwei\nName=again\nno entry\n"
-                                           "Hidden=false\nNoDisplay=true\n"
-                                           "OnlyShowIn=KDE;X\\;Y;\n"
-                                           "Icon=a\\\\b\\q\\\n"
-                                           "[Desktop Action new]\nExec=wrong\n");
-    ASSERT_TRUE(entry);
-    EXPECT_EQ(entry->text("Name"), "two words");
-    EXPECT_EQ(entry->text("Name[de]"), "zwei");
-    EXPECT_EQ(entry->text("Exec"), "");
-    EXPECT_EQ(entry->text("Icon"), "a\\b\\q\\");
-    EXPECT_EQ(entry->list("OnlyShowIn"), (Words{"KDE", "X;Y"}));
-    EXPECT_TRUE(entry->flag("NoDisplay"));
-    EXPECT_FALSE(entry->flag("Hidden", true));
-    EXPECT_TRUE(entry->flag("Missing", true));
+    const DesktopEntry entry = parsed("# comment\n"
+                                      "[Other]\nName=wrong\n"
+                                      "[Desktop Entry]\r\n"
+                                      "Name = two\\swords \n"
+                                      "Name[de]=zwei\nName=again\nno entry\n"
+                                      "Hidden=false\nNoDisplay=true\n"
+                                      "OnlyShowIn=KDE;X\\;Y;\n"
+                                      "Icon=a\\\\b\\q\\\n"
+                                      "[Desktop Action new]\nExec=wrong\n");
+    EXPECT_EQ(entry.text("Name"), "two words");
+    EXPECT_EQ(entry.text("Name[de]"), "zwei");
+    EXPECT_EQ(entry.text("Exec"), "");
+    EXPECT_EQ(entry.text("Icon"), "a\\b\\q\\");
+    EXPECT_EQ(entry.list("OnlyShowIn"), (Words{"KDE", "X;Y"}));
+    EXPECT_TRUE(entry.flag("NoDisplay"));
+    EXPECT_FALSE(entry.flag("Hidden", true));
+    EXPECT_TRUE(entry.flag("Missing", true));
     EXPECT_FALSE(DesktopEntry::parse("[Other]\nName=x\n"));
     EXPECT_FALSE(DesktopEntry::parse(""));
 }
@@ -65,8 +70,8 @@ TEST(DesktopExec, SplitsAndExpandsAsTheStandardSays)
              Case{"", {}},
              Case{"%f", {}},
          }) {
-        const auto entry = DesktopEntry::parse(entryText("Icon=icon\nExec=" + each.exec + "\n"));
-        EXPECT_EQ(commandLine(*entry, file), each.words) << each.exec;
+        const DesktopEntry entry = parsed(entryText("Icon=icon\nExec=" + each.exec + "\n"));
+        EXPECT_EQ(commandLine(entry, file), each.words) << each.exec;
     }
 }
 
@@ -77,8 +82,8 @@ TEST(DesktopExec, WritesWhatItReads)
              Words{"/home/a b/$x/`y`/\"z\"/\\n/50%/ü/'q'/#1/*/chimewell", "", "--flag", "%u"},
              Words{" leading", "tab\tnew\nline\rend "},
          }) {
-        const auto entry = DesktopEntry::parse(entryText("Exec=" + execValue(command) + "\n"));
-        EXPECT_EQ(commandLine(*entry, "/x"), command) << execValue(command);
+        const DesktopEntry entry = parsed(entryText("Exec=" + execValue(command) + "\n"));
+        EXPECT_EQ(commandLine(entry, "/x"), command) << execValue(command);
     }
 }
 
@@ -108,10 +113,9 @@ TEST_F(DesktopEntriesTest, FindsTheFirstOfAName)
     folder.write("b/applications/kitty.desktop", entryText("Exec=from-b\n"));
     folder.write("b/applications/code.desktop", entryText("Exec=code\n"));
     folder.write("b/applications/kde/sub/x-y.desktop", entryText("Exec=x\n"));
-    const auto kitty = findDesktopEntry("kitty", folders, files);
-    ASSERT_TRUE(kitty);
-    EXPECT_EQ(kitty->entry.text("Exec"), "from-a");
-    EXPECT_EQ(kitty->file, folder.path() / "a/applications/kitty.desktop");
+    const InstalledEntry kitty = findDesktopEntry("kitty", folders, files).value_or(InstalledEntry());
+    EXPECT_EQ(kitty.entry.text("Exec"), "from-a");
+    EXPECT_EQ(kitty.file, folder.path() / "a/applications/kitty.desktop");
     EXPECT_TRUE(isFound("code"));
     EXPECT_TRUE(isFound("kde-sub-x-y"));
     EXPECT_FALSE(isFound("Code"));

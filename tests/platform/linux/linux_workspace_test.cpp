@@ -29,16 +29,16 @@ class RecordingFileManager : public QObject {
 public:
     QStringList calls;
 public Q_SLOTS:
-    void ShowFolders(const QStringList& uris,
-                     const QString& startup) // NOLINT(readability-identifier-naming): D-Bus
+    // NOLINTBEGIN(readability-identifier-naming): names on the bus
+    void ShowFolders(const QStringList& uris, const QString& startup)
     {
         calls.append(QStringLiteral("folders ") + uris.join(u' ') + u' ' + startup);
     }
-    void ShowItems(const QStringList& uris,
-                   const QString& startup) // NOLINT(readability-identifier-naming): D-Bus
+    void ShowItems(const QStringList& uris, const QString& startup)
     {
         calls.append(QStringLiteral("items ") + uris.join(u' ') + u' ' + startup);
     }
+    // NOLINTEND(readability-identifier-naming)
 };
 
 /// A terminal that is started over the bus.
@@ -48,7 +48,8 @@ class RecordingApplication : public QObject {
 public:
     QStringList tokens;
 public Q_SLOTS:
-    void Activate(const QVariantMap& platformData) // NOLINT(readability-identifier-naming): D-Bus
+    // NOLINTNEXTLINE(readability-identifier-naming): name on the bus
+    void Activate(const QVariantMap& platformData)
     {
         tokens.append(platformData.value(QStringLiteral("activation-token")).toString());
     }
