@@ -57,6 +57,7 @@ std::string payload(std::size_t size, bool knownLast)
 std::vector<char*> pointers(std::vector<std::string>& texts)
 {
     std::vector<char*> all;
+    all.reserve(texts.size() + 1);
     for (std::string& text : texts)
         all.push_back(text.data());
     all.push_back(nullptr);
@@ -125,6 +126,7 @@ public:
             line += " '" + argument + "'";
         line += " 2>&1 >/dev/null <'" + inputFile + "'";
         FILE* const output = popen(line.c_str(), "r");
+        if (output == nullptr) return 0;
         std::string text;
         for (int c = std::fgetc(output); c != EOF; c = std::fgetc(output))
             text += static_cast<char>(c);
@@ -170,6 +172,7 @@ double median(std::vector<double> values)
 double ratio(const Command& command, const Command& to)
 {
     std::vector<double> ratios;
+    ratios.reserve(command.walls.size());
     for (std::size_t i = 0; i < command.walls.size(); ++i)
         ratios.push_back(command.walls[i] / to.walls[i]);
     return median(std::move(ratios));
@@ -285,6 +288,7 @@ int run(int rounds)
 
     auto all = commands();
     std::vector<Command*> order;
+    order.reserve(all.size());
     for (Command& command : all)
         order.push_back(&command);
     std::mt19937 random(1);

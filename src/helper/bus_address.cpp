@@ -50,9 +50,9 @@ std::optional<std::string> socketOf(std::string_view address, std::string_view r
     while (!address.empty()) {
         std::string_view value = takeUntil(address, ',');
         const std::string_view key = takeUntil(value, '=');
-        const auto text = unescape(value);
+        auto text = unescape(value);
         if (!text) return std::nullopt;
-        if (key == "path") return *text;
+        if (key == "path") return text;
         if (key == "abstract") return std::string(1, '\0') + *text;
         if (key == "runtime" && !runtimeFolder.empty()) return std::string(runtimeFolder) + "/bus";
     }

@@ -30,6 +30,7 @@ bool detach(int descriptor, const Environment& environment)
     if (fork() != 0) return false;
     setsid();
     const int nothing = open("/dev/null", O_RDWR | O_CLOEXEC);
+    if (nothing < 0) _exit(0); // rather than hold the agent's streams
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         dup2(nothing, stream);
     constexpr int firstOther = STDERR_FILENO + 1;

@@ -73,8 +73,7 @@ bool wouldBlock(int error)
 }
 
 OpenCall::OpenCall(std::vector<std::string> sockets, std::string_view url, IfAbsent ifAbsent)
-    : sockets_(std::move(sockets)),
-      ifAbsent_(ifAbsent)
+    : sockets_(std::move(sockets))
 {
     const bool starts = ifAbsent == IfAbsent::start;
     outgoing_ = greeting() + callToBus(helloSerial, "Hello") + openUrl(url, starts);

@@ -51,7 +51,6 @@ private:
     std::optional<Outcome> readAnswers();
 
     std::vector<std::string> sockets_;
-    IfAbsent ifAbsent_;
     int descriptor_ = -1;
     std::string outgoing_;
     std::size_t sent_ = 0;

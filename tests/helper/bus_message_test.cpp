@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace chimewell::test {
 namespace {
@@ -71,7 +72,8 @@ TEST(BusMessage, ReadsRepliesOfLibdbus)
     dbus_message_append_args(error.get(), DBUS_TYPE_STRING, &explanation, DBUS_TYPE_INVALID);
     const std::string bytes = marshalled(error);
 
-    const DecodedMessage first = decodeMessage(bytes + answer);
+    const std::string both = bytes + answer;
+    const DecodedMessage first = decodeMessage(both);
     ASSERT_EQ(first.state, DecodedMessage::State::complete);
     EXPECT_EQ(first.message.kind, BusMessage::Kind::error);
     EXPECT_EQ(first.message.replySerial, 2U);
@@ -84,7 +86,9 @@ TEST(BusMessage, ReadsRepliesOfLibdbus)
     EXPECT_EQ(second.message.replySerial, 3U);
 
     for (std::size_t size = 0; size < bytes.size(); ++size)
-        EXPECT_EQ(decodeMessage(bytes.substr(0, size)).state, DecodedMessage::State::incomplete) << size;
+        EXPECT_EQ(decodeMessage(std::string_view(bytes).substr(0, size)).state,
+                  DecodedMessage::State::incomplete)
+            << size;
 }
 
 TEST(BusMessage, StaysWithinBoundsWhateverComes)

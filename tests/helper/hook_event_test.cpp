@@ -43,11 +43,11 @@ struct HookRun {
     std::vector<const char*> environment = {};
 };
 
-void PrintTo(const HookRun& run, std::ostream* out)
+std::ostream& operator<<(std::ostream& out, const HookRun& run)
 {
     for (const char* const argument : run.arguments)
-        *out << argument << ' ';
-    *out << run.payload.substr(0, 200);
+        out << argument << ' ';
+    return out << run.payload.substr(0, 200);
 }
 
 /// Gives the payload in windows that grow by `step`, which cuts it at every place if that is 1.
@@ -261,7 +261,7 @@ TEST(PayloadReader, KeepsLittleOfALongValue)
 {
     PayloadReader reader({.provider = "claude"});
     reader.feed(R"({"cwd":")" + std::string(1000000, 'x') + R"(","session_id":"S"})", true);
-    EXPECT_EQ(reader.payload().cwd->size(), maxValueBytes + 1);
+    EXPECT_EQ(reader.payload().cwd.value_or("").size(), maxValueBytes + 1);
     EXPECT_EQ(reader.payload().session, "S");
 }
 

@@ -131,11 +131,12 @@ TEST_F(HookProcess, IsNotHeldByAStoppedBusAndLosesNothing)
 
 TEST(HookProcessWithoutBus, GivesUp)
 {
-    ScratchBus bus; // for its folder
+    const ScratchBus bus; // for its folder
     const std::string folder = bus.folder().string();
     sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
     std::strncpy(address.sun_path, (folder + "/mute").c_str(), sizeof address.sun_path - 1);
     const Descriptor mute(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    ASSERT_TRUE(mute.isOpen());
     ASSERT_EQ(bind(mute.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
     ASSERT_EQ(listen(mute.get(), 5), 0);
 
@@ -211,7 +212,7 @@ TEST_F(HookProcessAndActivation, LeavesAnApplicationThatTheUserQuit)
 
 TEST(HookProcessAndSlowStart, HoldsNeitherTheAgentNorItsStreams)
 {
-    ScratchBus bus(ScratchBus::Application::neverReady);
+    const ScratchBus bus(ScratchBus::Application::neverReady);
     if (!bus.isRunning()) GTEST_SKIP() << "no dbus-daemon here";
     const Finished hook = runHook(finished, bus.environment(), {.text = payload("S")});
     expectQuiet(hook);

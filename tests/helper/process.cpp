@@ -24,6 +24,7 @@ constexpr std::chrono::seconds patience{10};
 std::vector<char*> pointers(std::vector<std::string>& texts)
 {
     std::vector<char*> all;
+    all.reserve(texts.size() + 1);
     for (std::string& text : texts)
         all.push_back(text.data());
     all.push_back(nullptr);

@@ -3,7 +3,7 @@
 
 #include <QDBusError>
 #include <QDBusPendingCallWatcher>
-#include <QMetaObject>
+#include <QTimer>
 
 #include <utility>
 
@@ -19,8 +19,7 @@ void callAsync(const QDBusConnection& bus, const QDBusMessage& call, QObject* co
 {
     if (!bus.isConnected()) { // such a call would never be answered
         const auto error = QDBusMessage::createError(QDBusError::Disconnected, QStringLiteral("No bus"));
-        QMetaObject::invokeMethod(
-            context, [done = std::move(done), error] { done(error); }, Qt::QueuedConnection);
+        QTimer::singleShot(0, context, [done = std::move(done), error] { done(error); });
         return;
     }
     auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(call, timeoutMilliseconds), context);

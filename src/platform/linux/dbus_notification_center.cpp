@@ -6,6 +6,7 @@
 #include "platform/linux/desktop_text.h"
 
 #include <QStringList>
+#include <QTimer>
 #include <QVariantMap>
 
 #include <algorithm>
@@ -93,7 +94,7 @@ void DbusNotificationCenter::readPermission(std::function<void(NotificationPermi
 void DbusNotificationCenter::requestPermission(std::function<void()> done)
 {
     // The desktop has no such question.
-    QMetaObject::invokeMethod(this, std::move(done), Qt::QueuedConnection);
+    QTimer::singleShot(0, this, std::move(done));
 }
 
 void DbusNotificationCenter::openSystemSettings()

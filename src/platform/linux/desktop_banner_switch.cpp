@@ -12,6 +12,7 @@
 #include <QStandardPaths>
 #include <QString>
 #include <QStringList>
+#include <QTimer>
 #include <QVariantList>
 
 #include <utility>
@@ -79,22 +80,21 @@ void DesktopBannerSwitch::read(std::function<void(bool)> done)
 {
     switch (currentDesktop()) {
     case CurrentDesktop::gnome:
-        readGnome(std::move(done));
+        readGnome(done);
         return;
     case CurrentDesktop::xfce:
         readXfce(std::move(done));
         return;
     case CurrentDesktop::plasma:
-        QMetaObject::invokeMethod(
-            this, [done = std::move(done)] { done(isOffInPlasma()); }, Qt::QueuedConnection);
+        QTimer::singleShot(0, this, [done = std::move(done)] { done(isOffInPlasma()); });
         return;
     case CurrentDesktop::other:
-        QMetaObject::invokeMethod(this, [done = std::move(done)] { done(false); }, Qt::QueuedConnection);
+        QTimer::singleShot(0, this, [done = std::move(done)] { done(false); });
         return;
     }
 }
 
-void DesktopBannerSwitch::readGnome(std::function<void(bool)> done)
+void DesktopBannerSwitch::readGnome(const std::function<void(bool)>& done)
 {
     // A process, because GNOME's settings library reads files and may ask the bus in the caller's thread.
     auto* process = new QProcess(this);

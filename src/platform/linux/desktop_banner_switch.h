@@ -23,7 +23,7 @@ Q_SIGNALS:
     void changed();
 
 private:
-    void readGnome(std::function<void(bool off)> done);
+    void readGnome(const std::function<void(bool off)>& done);
     void readXfce(std::function<void(bool off)> done);
 
     QDBusConnection bus_;
