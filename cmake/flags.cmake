@@ -13,6 +13,8 @@ set(gcc12_optimizes
 target_compile_options(chimewell_flags INTERFACE
   $<$<AND:${gcc12_optimizes}>:-Wno-restrict>
   $<$<AND:${gcc12_optimizes}>:-Wno-free-nonheap-object>)
+# Clang takes libstdc++'s own use of what it deprecates for ours; GCC, which knows better, still reports ours.
+target_compile_options(chimewell_flags INTERFACE $<$<CXX_COMPILER_ID:Clang>:-Wno-deprecated-declarations>)
 
 if(CHIMEWELL_SANITIZE)
   target_compile_options(chimewell_flags INTERFACE

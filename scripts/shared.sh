@@ -5,7 +5,6 @@
 # shellcheck disable=SC2034 # for those who source this
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
 readonly app_id=app.chimewell.Chimewell
-readonly app_path=/app/chimewell/Chimewell
 
 # Lists the files of an installation, inside it.
 readonly manifest=share/chimewell/installed-files
@@ -17,26 +16,24 @@ readonly python=/usr/bin/python3
 # CMake takes it from here when it configures a folder for the first time.
 if command -v ccache >/dev/null; then export CMAKE_CXX_COMPILER_LAUNCHER=ccache; fi
 
-has_desktop() { [ -n "${DBUS_SESSION_BUS_ADDRESS:-}" ] && [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; }
+has_desktop() {
+    [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] || return 1
+    [ -n "${DBUS_SESSION_BUS_ADDRESS:-}" ] || [ -S "${XDG_RUNTIME_DIR:-/nowhere}/bus" ]
+}
 
-is_running() {
+# on_bus METHOD NAME: asks the bus itself.
+on_bus() {
     gdbus call --session --dest org.freedesktop.DBus --object-path /org/freedesktop/DBus \
-        --method org.freedesktop.DBus.NameHasOwner "$app_id" 2>/dev/null | grep -q true
+        --method "org.freedesktop.DBus.$1" "${@:2}" 2>/dev/null
 }
 
-# application METHOD ARGUMENT...: calls org.freedesktop.Application, which starts it where it does not run.
-application() {
-    gdbus call --session --dest "$app_id" --object-path "$app_path" \
-        --method "org.freedesktop.Application.$1" "${@:2}" >/dev/null
-}
-
-# Ends the running application, if there is one.
-quit_application() {
-    is_running || return 0
-    application ActivateAction quit '[]' '{}'
-    local _
+# Ends the running application, if there is one, as the end of the session does: it may be started again.
+end_application() {
+    local process _
+    process=$(on_bus GetConnectionUnixProcessID "$app_id" | grep -oE '[0-9]+' | tail -n 1) || return 0
+    kill -TERM "$process"
     for _ in $(seq 100); do
-        is_running || return 0
+        on_bus GetNameOwner "$app_id" >/dev/null || return 0
         sleep 0.05
     done
     echo "Chimewell does not end." >&2
@@ -47,6 +44,5 @@ quit_application() {
 tell_desktop() {
     if [ -d "$1/share/applications" ]; then update-desktop-database -q "$1/share/applications" || true; fi
     if [ -d "$1/share/icons/hicolor" ]; then touch "$1/share/icons/hicolor"; fi
-    gdbus call --session --dest org.freedesktop.DBus --object-path /org/freedesktop/DBus \
-        --method org.freedesktop.DBus.ReloadConfig >/dev/null 2>&1 || true
+    on_bus ReloadConfig >/dev/null || true
 }

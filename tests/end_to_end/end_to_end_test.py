@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""end_to_end_test.py BUILD, inside the virtual desktop: the installed program and helper on real desktop parts."""
+"""end_to_end_test.py BUILD, inside the virtual desktop: the installed application on real desktop parts."""
 import concurrent.futures
 import os
 import re
@@ -32,29 +32,24 @@ class EndToEnd(unittest.TestCase):
         self.addCleanup(self.watch.close)
         self.addCleanup(chimewell.end)
 
-    def await_banner(self, title, seconds=10):
-        return until(lambda: next((b for b in self.watch.banners() if b.title == title), None),
-                     f"a banner {title!r}", seconds)
-
     def start_by_hand(self):
         chimewell.activate()
         return chimewell.process_of(chimewell.NAME)
-
-    def count(self, title):
-        return self.watch.titles().count(title)
 
     def test_an_event_starts_the_application_and_is_alerted(self):
         chimewell.write_settings([{"event": "finished", "speak": True, "spokenPhrase": "Ready, captain"}])
         self.assertFalse(chimewell.has_owner(chimewell.NAME))
         with Recording() as recording:
             self.installed.claude("finished", "a", "/srv/paint-shop")
-            banner = self.await_banner("Finished — paint-shop")
+            banner = self.watch.until_shown("Finished — paint-shop")
             until(lambda: speech.spoken(), "the spoken phrase", 20)
+            until(recording.is_silent, "silence")
             heard = recording.heard(self.installed.sounds)
         self.assertEqual(banner.body, "The agent finished responding and is idle.")
         self.assertEqual(banner.actions.get("FOCUS_SESSION"), "Open Session")
         self.assertEqual(heard[0].name, "Blow", heard)
         self.assertEqual(speech.phrases(), ["Ready, captain"])
+        self.assertGreater(sum(sound.beyond for sound in heard), 0.3, "nothing but the sound was heard")
 
     def test_after_quit_only_a_hand_starts_it(self):
         self.start_by_hand()
@@ -68,17 +63,17 @@ class EndToEnd(unittest.TestCase):
         self.start_by_hand()
         until(lambda: not MARKER.exists(), "the marker to go")
         self.installed.claude("finished", "b", "/srv/again")
-        self.await_banner("Finished — again")
+        self.watch.until_shown("Finished — again")
 
     def test_an_event_that_starts_it_leaves_the_marker(self):
         # The helper asks first; another program that opens a URL does not, and is no hand either.
         MARKER.parent.mkdir(parents=True, exist_ok=True)
         MARKER.write_text("yesterday")
         chimewell.write_settings(reminderIntervalSeconds=1)
-        subprocess.run(["gio", "open", "chimewell://event?type=waiting_input&provider=codex&title=By%20address"],
-                       check=True)
+        url = "chimewell://event?type=waiting_input&provider=codex&title=By%20address"
+        subprocess.run(["gio", "open", url], check=True)
         # A second after the start; the marker is looked at half a second after it.
-        self.await_banner("Still waiting — By address")
+        self.watch.until_shown("Still waiting — By address")
         self.assertTrue(MARKER.exists())
 
     def test_a_second_instance_leaves_and_the_first_stays(self):
@@ -87,7 +82,7 @@ class EndToEnd(unittest.TestCase):
         self.assertEqual(second.returncode, 0)
         self.assertEqual(chimewell.process_of(chimewell.NAME), first)
         self.installed.claude("finished", "c", "/srv/first")
-        self.await_banner("Finished — first")
+        self.watch.until_shown("Finished — first")
 
     def test_a_hung_notification_server_holds_nothing_up(self):
         self.start_by_hand()
@@ -95,10 +90,10 @@ class EndToEnd(unittest.TestCase):
         os.kill(old, signal.SIGSTOP)
         try:
             with Recording() as recording:
-                for session in ("d1", "d2"):
-                    self.installed.claude("finished", session, f"/srv/{session}")
-                until(lambda: [s.name for s in recording.heard(self.installed.sounds)][:1] == ["Blow"],
-                      "the sound while the server hangs", 5)
+                for heard in (["Blow"], ["Blow", "Blow"]):
+                    self.installed.claude("finished", f"d{len(heard)}")
+                    until(lambda: [sound.name for sound in recording.heard(self.installed.sounds)] == heard,
+                          f"{heard} while the server hangs", 15)
         finally:
             os.kill(old, signal.SIGKILL)
         until(lambda: not chimewell.has_owner(NOTIFICATIONS), "the end of the hung server")
@@ -108,7 +103,7 @@ class EndToEnd(unittest.TestCase):
         self.addClassCleanup(lambda: (new.terminate(), new.wait()))
         until(lambda: chimewell.has_owner(NOTIFICATIONS), "a new server")
         self.installed.claude("finished", "d3", "/srv/new-server")
-        until(lambda: self.await_banner("Finished — new-server").is_answered, "the new server's answer")
+        until(lambda: self.watch.until_shown("Finished — new-server").is_answered, "its answer")
 
     def test_the_end_of_the_session_leaves_no_marker(self):
         for number in (signal.SIGTERM, signal.SIGHUP, signal.SIGINT):
@@ -123,17 +118,13 @@ class EndToEnd(unittest.TestCase):
         reminder = {name: f"Still waiting — Waiting for input — {name}" for name in ("left", "right")}
         for name in reminder:
             self.installed.claude("waiting_input", name, f"/srv/{name}", "Claude needs your permission")
-        until(lambda: all(self.count(title) >= 2 for title in reminder.values()), "reminders of both")
+        until(lambda: all(self.watch.count(title) >= 2 for title in reminder.values()), "reminders of both")
         self.installed.claude("user_acted", "left", "/srv/left")
-        # The other session tells the time: what was under way when the user acted has come by its next reminder.
-        self.await_more(reminder["right"], 1)
-        left = self.count(reminder["left"])
-        self.await_more(reminder["right"], 3)
-        self.assertEqual(self.count(reminder["left"]), left)
-
-    def await_more(self, title, more):
-        wanted = self.count(title) + more
-        until(lambda: self.count(title) >= wanted, f"{more} more of {title!r}")
+        # The other session tells the time: what was under way when the user acted comes before its next one.
+        self.watch.until_shown_again(reminder["right"], 1)
+        left = self.watch.count(reminder["left"])
+        self.watch.until_shown_again(reminder["right"], 3)
+        self.assertEqual(self.watch.count(reminder["left"]), left)
 
     def test_a_thousand_events_of_sixteen_senders_all_arrive(self):
         chimewell.write_settings([{"event": "finished", "soundId": "__silent__", "showPopup": False}])
@@ -142,7 +133,7 @@ class EndToEnd(unittest.TestCase):
         self.addCleanup(watch.close)
         with concurrent.futures.ThreadPoolExecutor(16) as senders:
             list(senders.map(lambda n: self.installed.claude("finished", f"h{n}"), range(1000)))
-        until(lambda: sum(call.answer is not None for call in watch.calls()) == 1000, "a thousand answers", 30)
+        until(lambda: sum(call.answer is not None for call in watch.calls()) == 1000, "1,000 answers", 30)
         sessions = {re.search(r"[?&]session=(\w+)", call.arguments[0][0])[1] for call in watch.calls()}
         self.assertEqual(sessions, {f"h{n}" for n in range(1000)})
 

@@ -59,8 +59,9 @@ class InstalledTree(unittest.TestCase):
 
     def test_the_desktops_tools_accept_it(self):
         share = self.prefix / "share"
-        checks = (("desktop-file-validate", share / "applications/app.chimewell.Chimewell.desktop"),
-                  ("appstreamcli", "validate", "--no-net", share / "metainfo/app.chimewell.Chimewell.metainfo.xml"),
+        app = "app.chimewell.Chimewell"
+        checks = (("desktop-file-validate", share / f"applications/{app}.desktop"),
+                  ("appstreamcli", "validate", "--no-net", share / f"metainfo/{app}.metainfo.xml"),
                   *(("man", "--warnings", "--local-file", page) for page in (share / "man/man1").iterdir()))
         for check in checks:
             with self.subTest(check[0]):

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
-"""Claude Code and Codex: installed from npm into a cache folder, and run in a scratch home folder with nothing
-of the caller's environment but the desktop's addresses. Whatever they would send to another machine than this
-one goes to a dead port."""
+"""Claude Code and Codex: installed from npm into a cache folder, and run in a scratch home folder with no more
+of the caller's environment than the desktop's addresses. Whatever they would send to another machine goes to a
+dead port of this one."""
 import json
 import os
 import pathlib
@@ -27,7 +27,8 @@ class Agents:
     def __init__(self, cache, server):
         """Installs what the folder `cache` does not hold yet (some 640 MB); raises NotToBeHad."""
         self._server = server
-        modules = pathlib.Path(cache, "node_modules")
+        cache = pathlib.Path(cache).absolute()
+        modules = cache / "node_modules"
         missing = [f"{name}@{version}" for name, version in PACKAGES.items()
                    if _version(modules / name) != version]
         if missing:
@@ -42,7 +43,7 @@ class Agents:
     @staticmethod
     def _install(cache, packages):
         print("Installing", *packages, flush=True)
-        pathlib.Path(cache).mkdir(parents=True, exist_ok=True)
+        cache.mkdir(parents=True, exist_ok=True)
         # The caller's npm settings (a mirror, a proxy) are in the caller's home.
         environment = {**os.environ, "HOME": os.environ.get("CHIMEWELL_CALLER_HOME", os.environ["HOME"])}
         done = subprocess.run(["npm", "install", "--prefix", cache, "--no-audit", "--no-fund", *packages],
@@ -56,7 +57,8 @@ class Agents:
         dead = {name: "http://127.0.0.1:9" for proxy in ("http_proxy", "https_proxy", "all_proxy")
                 for name in (proxy, proxy.upper())}
         return {**{name: os.environ[name] for name in kept}, **dead,
-                "NO_PROXY": "127.0.0.1", "no_proxy": "127.0.0.1", "PATH": f"{node}:/usr/local/bin:/usr/bin:/bin",
+                "NO_PROXY": "127.0.0.1", "no_proxy": "127.0.0.1",
+                "PATH": f"{node}:/usr/local/bin:/usr/bin:/bin",
                 "TERM": "xterm-256color", "LANG": "C.UTF-8", "SHELL": "/bin/sh", "USER": "developer"}
 
     def claude_environment(self):
@@ -77,13 +79,15 @@ class Agents:
         return self._lines(["node", self._codex_script, "-c", "model_provider=standin",
                             "-c", f"model_providers.standin={provider}", "-c", "model=gpt-5",
                             "-c", "analytics.enabled=false", "-c", "check_for_update_on_startup=false",
-                            "exec", "--json", "--skip-git-repo-check", "--sandbox", "danger-full-access", prompt],
+                            "exec", "--json", "--skip-git-repo-check", "--sandbox", "danger-full-access",
+                            prompt],
                            folder, {**self._environment(), "STANDIN_KEY": KEY})
 
     @staticmethod
     def _lines(command, folder, environment):
-        done = subprocess.run(command, cwd=folder, env=environment, stdin=subprocess.DEVNULL, capture_output=True,
-                              text=True, timeout=120, check=False)
+        done = subprocess.run(command, cwd=folder, env=environment, stdin=subprocess.DEVNULL,
+                              capture_output=True, text=True, timeout=120, check=False)
         if done.returncode:
-            raise AssertionError(f"the agent left with {done.returncode}: {done.stdout[-600:]} {done.stderr[-600:]}")
+            said = done.stdout[-600:] + done.stderr[-600:]
+            raise AssertionError(f"the agent left with {done.returncode}: {said}")
         return [json.loads(line) for line in done.stdout.splitlines() if line.startswith("{")]

@@ -67,8 +67,9 @@ def messages_block(body):
 
 
 def messages_reply(body, block):
-    return {"id": new_id("msg_"), "type": "message", "role": "assistant", "model": body.get("model", "stand-in"),
-            "content": [block], "stop_reason": "tool_use" if block["type"] == "tool_use" else "end_turn",
+    return {"id": new_id("msg_"), "type": "message", "role": "assistant",
+            "model": body.get("model", "stand-in"), "content": [block],
+            "stop_reason": "tool_use" if block["type"] == "tool_use" else "end_turn",
             "stop_sequence": None,
             "usage": {"input_tokens": 10, "output_tokens": 12, "cache_creation_input_tokens": 0,
                       "cache_read_input_tokens": 0}}

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-"""real_agents_test.py BUILD CACHE, inside the virtual desktop: Claude Code and Codex themselves, with our entries
-in their configuration and a stand-in for their models, alert through the installed application.
+"""real_agents_test.py BUILD CACHE, inside the virtual desktop: Claude Code and Codex themselves, with our
+entries in their configuration and a stand-in for their models, alert through the installed application.
 
 Leaves with 77 where npm cannot install the agents."""
 import json
@@ -54,31 +54,24 @@ class RealAgents(unittest.TestCase):
         self.addCleanup(self.watch.close)
         self.addCleanup(chimewell.end)
 
-    def await_banner(self, title, seconds=15):
-        return until(lambda: next((b for b in self.watch.banners() if b.title == title), None),
-                     f"a banner {title!r}", seconds)
-
-    def await_more(self, title, more):
-        wanted = self.watch.titles().count(title) + more
-        until(lambda: self.watch.titles().count(title) >= wanted, f"{more} more of {title!r}", 20)
-
     def test_claude_code_finishes_a_turn(self):
         folder = project("claude project")
         with Recording() as recording:
             events = AGENTS.claude_turn(folder, "Please run it. [[bash:touch made-by-claude]]")
-            self.await_banner("Finished — claude project")
+            self.watch.until_shown("Finished — claude project")
             until(lambda: "Blow" in [sound.name for sound in recording.heard(INSTALLED.sounds)], "the sound")
         self.assertTrue((folder / "made-by-claude").exists())
         # What a hook prints or returns would reach the user or the model.
         hooks = [event for event in events if event.get("subtype") == "hook_response"]
         self.assertEqual([h for h in hooks if h.get("exit_code") or h.get("stdout") or h.get("stderr")], [])
-        self.assertEqual({hook.get("hook_event") for hook in hooks}, {"UserPromptSubmit", "PostToolUse", "Stop"})
+        self.assertEqual({hook.get("hook_event") for hook in hooks},
+                         {"UserPromptSubmit", "PostToolUse", "Stop"})
 
     def test_codex_finishes_a_turn(self):
         folder = project("codex project")
         with Recording() as recording:
             events = AGENTS.codex_turn(folder, "Please run it. [[bash:touch made-by-codex]]")
-            self.await_banner("Finished — codex project")
+            self.watch.until_shown("Finished — codex project")
             until(lambda: "Blow" in [sound.name for sound in recording.heard(INSTALLED.sounds)], "the sound")
         self.assertIn("turn.completed", [event.get("type") for event in events])
         self.assertTrue((folder / "made-by-codex").exists())
@@ -92,19 +85,19 @@ class RealAgents(unittest.TestCase):
             terminal.type("Please run it. [[bash:touch allowed]]")
             terminal.press("Enter")
             terminal.until_shows("Do you want to proceed?")
-            waiting = self.await_banner("Waiting for input — asking project", 20)
+            waiting = self.watch.until_shown("Waiting for input — asking project", 20)
             self.assertIn("permission", waiting.body)
-            self.await_more(reminder, 2)
+            self.watch.until_shown_again(reminder, 2)
 
             terminal.press("Enter")  # the first answer is yes
-            self.await_banner("Finished — asking project")
+            self.watch.until_shown("Finished — asking project")
             self.assertTrue((folder / "allowed").exists())
             # Another session's reminders tell the time in which no more of ours come.
             INSTALLED.claude("waiting_input", "clock", "/srv/clock", "Claude needs your permission")
-            self.await_more("Still waiting — Waiting for input — clock", 1)
-            count = self.watch.titles().count(reminder)
-            self.await_more("Still waiting — Waiting for input — clock", 3)
-            self.assertEqual(self.watch.titles().count(reminder), count)
+            self.watch.until_shown_again("Still waiting — Waiting for input — clock", 1)
+            count = self.watch.count(reminder)
+            self.watch.until_shown_again("Still waiting — Waiting for input — clock", 3)
+            self.assertEqual(self.watch.count(reminder), count)
 
 
 def main():

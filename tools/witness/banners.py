@@ -3,6 +3,7 @@
 import dataclasses
 
 from bus_watch import BusWatch
+from waiting import until
 
 NAME = "org.freedesktop.Notifications"
 
@@ -28,3 +29,16 @@ class BannerWatch(BusWatch):
 
     def titles(self):
         return [banner.title for banner in self.banners()]
+
+    def count(self, title):
+        return self.titles().count(title)
+
+    def until_shown(self, title, seconds=15):
+        """The first banner with this title."""
+        return until(lambda: next((b for b in self.banners() if b.title == title), None),
+                     f"a banner {title!r}", seconds)
+
+    def until_shown_again(self, title, times):
+        """Waits for so many more of them than there are now."""
+        wanted = self.count(title) + times
+        until(lambda: self.count(title) >= wanted, f"{times} more banners {title!r}", 20)

@@ -76,8 +76,8 @@ class Installation:
 
     def hook(self, *arguments, payload="", **environment):
         """Runs the helper as an agent does: environment and folder of its own, the payload on its input."""
-        done = subprocess.run([self.helper, *arguments], input=payload.encode(), capture_output=True, timeout=20,
-                              env={**os.environ, **environment}, check=False)
+        done = subprocess.run([self.helper, *arguments], input=payload.encode(), capture_output=True,
+                              env={**os.environ, **environment}, timeout=20, check=False)
         if done.returncode or done.stdout or done.stderr:
             raise AssertionError(f"the helper left with {done.returncode}: {done.stdout!r} {done.stderr!r}")
 

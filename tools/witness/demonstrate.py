@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
-"""demonstrate.py BUILD SCREENSHOT, inside the virtual desktop: installs what is built in BUILD, starts it, sends
-one event through its helper, and prints what the notification server got, which sound was heard and what was
-spoken."""
+"""demonstrate.py BUILD SCREENSHOT, inside the virtual desktop: installs what is built in BUILD, starts it,
+sends one event through its helper, and prints what the notification server got, which sound was heard and what
+was spoken."""
 import os
 import pathlib
 import subprocess
@@ -30,7 +30,8 @@ def main():
 
     with Recording() as recording:
         print("Event: Claude Code waits for a permission, through", installed.helper)
-        installed.claude("waiting_input", str(uuid.uuid4()), project, "Claude needs your permission to use Bash")
+        installed.claude("waiting_input", str(uuid.uuid4()), project,
+                         "Claude needs your permission to use Bash")
         banner = until(watch.banners, "a banner")[0]
         until(lambda: watch.banners()[0].is_answered, "the server's answer")
         try:
@@ -38,6 +39,7 @@ def main():
         except TookTooLong as fault:
             print(fault, file=sys.stderr)
         subprocess.run(["import", "-window", "root", screenshot], check=True)
+        until(recording.is_silent, "silence")
         heard = recording.heard(installed.sounds)
 
     print()
@@ -47,12 +49,12 @@ def main():
     for sound in heard:
         if sound.name:
             print(f"Heard:        {sound.name} (the recording agrees with its file by {sound.agreement:.1%})")
-        else:
-            print(f"Heard:        {sound.length:.1f} s that is none of the sound files")
+    other = sum(sound.beyond for sound in heard)
+    print(f"              and {other:.1f} s that are none of the sounds")
     for phrase in speech.phrases()[:speech.spoken()]:
         print(f'Spoken:       "{phrase}" (the speech service reports its end)')
     print(f"Screenshot:   {screenshot}")
-    complete = speech.spoken() and any(sound.name for sound in heard)
+    complete = speech.spoken() and other > 0.5 and any(sound.name for sound in heard)
     chimewell.end()
     return 0 if complete else 1
 

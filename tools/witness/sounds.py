@@ -27,10 +27,9 @@ AGREES = 0.8        # of 1, which is the same wave
 
 @dataclasses.dataclass
 class Heard:
-    name: str         # empty where no file agrees: speech, or two sounds on top of each other
-    start: float      # seconds after the recording began
-    length: float
+    name: str         # empty where no file agrees: speech, or two sounds that began together
     agreement: float  # with the best file, up to 1
+    beyond: float     # seconds for which it outlasts that file: there was something else
 
 
 class Recording:
@@ -56,10 +55,11 @@ class Recording:
         data = pathlib.Path(self._file.name).read_bytes()
         return slower(samples_of(data[:len(data) & ~1]), RECORDED_RATE)
 
-    def seconds(self):
-        return os.path.getsize(self._file.name) / 2 / RECORDED_RATE
+    def is_silent(self):
+        return all(abs(sample) <= AUDIBLE for sample in self.samples()[-GAP:])
 
     def heard(self, folder):
+        """Everything heard that is over."""
         return identify(self.samples(), folder)
 
 
@@ -80,7 +80,7 @@ def slower(samples, rate):
 
 
 def stretches(samples):
-    """(begin, end) of each stretch without a GAP of silence."""
+    """(begin, end) of each stretch without a GAP of silence, but for one that reaches to the end."""
     begin = end = None
     for i, sample in enumerate(samples):
         if abs(sample) <= AUDIBLE:
@@ -91,24 +91,25 @@ def stretches(samples):
         if begin is None:
             begin = i
         end = i + 1
-    if begin is not None:
+    if begin is not None and len(samples) - end > GAP:
         yield begin, end
 
 
 def rendered(folder):
-    """name -> the beginning of the wave, from where it is audible."""
+    """name -> the wave from where it is audible."""
     waves = {}
     for file in sorted(pathlib.Path(folder).glob("*.wav")):
         with wave.open(str(file)) as content:
             samples = slower(samples_of(content.readframes(content.getnframes())), content.getframerate())
         begin = next((i for i, sample in enumerate(samples) if abs(sample) > AUDIBLE), 0)
-        waves[file.stem] = samples[begin:begin + COMPARED]
+        waves[file.stem] = samples[begin:]
     return waves
 
 
 def agreement(samples, begin, template):
-    """The greatest normalised correlation of the two around `begin`."""
+    """The greatest normalised correlation of the two at their beginnings."""
     best = 0.0
+    template = template[:COMPARED]
     energy = sum(x * x for x in template)
     for start in range(max(0, begin - SHIFT), begin + SHIFT + 1):
         part = samples[start:start + len(template)]
@@ -127,5 +128,8 @@ def identify(samples, folder):
         fits = {name: agreement(samples, begin, template) for name, template in waves.items()}
         name = max(fits, key=fits.get, default="")
         best = fits.get(name, 0.0)
-        found.append(Heard(name if best >= AGREES else "", begin / RATE, (end - begin) / RATE, best))
+        if best < AGREES:
+            name = ""
+        beyond = max(0, end - begin - len(waves.get(name, ())))
+        found.append(Heard(name, best, beyond / RATE))
     return found

@@ -17,12 +17,3 @@ def until(condition, what, seconds=10.0):
         if time.monotonic() > end:
             raise TookTooLong(f"not within {seconds:g} s: {what}")
         time.sleep(0.02)
-
-
-def stays(condition, what, seconds):
-    """Holds when `condition()` is true all the time: for things that must not happen."""
-    end = time.monotonic() + seconds
-    while time.monotonic() < end:
-        if not condition():
-            raise AssertionError(f"did not last {seconds:g} s: {what}")
-        time.sleep(0.02)
