@@ -35,7 +35,8 @@ void parse(const std::string& url)
     if (!payload) return;
     require(payload->type != CanonicalEvent::subagentFinished);
     require(isKnownProvider(payload->provider));
-    for (const auto* text : {&payload->cwd, &payload->session, &payload->title, &payload->message, &payload->term})
+    for (const auto* text :
+         {&payload->cwd, &payload->session, &payload->title, &payload->message, &payload->term})
         check(*text);
     require(!payload->projectLabel() || !payload->projectLabel()->empty());
 }
