@@ -2,6 +2,7 @@
 #include "events/reminder_manager.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace chimewell {
 
@@ -58,13 +59,12 @@ void ReminderManager::tick(const std::string& sessionKey, std::int64_t maxCount)
 
     const std::int64_t count = ++found->second.count;
     const std::uint64_t order = found->second.order;
-    // onFire may cancel the entry or arm another one in its place, so it gets a copy and the entry
-    // is looked up again.
+    // onFire may cancel the entry, which ends the timer that holds our key, or arm another one in its
+    // place: so it gets a copy, and the entry is looked up again.
     const EventPayload payload = found->second.payload;
-    const std::string key = sessionKey; // lives in the timer, which dies with the entry
     if (onFire) onFire(payload);
     if (count < maxCount) return;
-    const auto still = pending_.find(key);
+    const auto still = pending_.find(payload.sessionKey());
     if (still != pending_.end() && still->second.order == order) pending_.erase(still);
 }
 
@@ -76,7 +76,7 @@ std::chrono::milliseconds ReminderManager::period(std::int64_t intervalSeconds)
     // Sessions that began to wait together should not go on reminding in the same instant.
     const auto maxJitter = std::min(interval / 10, std::chrono::milliseconds(5s));
     const double jitter = with_.random.unit() * static_cast<double>(maxJitter.count());
-    return interval + std::chrono::milliseconds(static_cast<std::int64_t>(jitter + 0.5));
+    return interval + std::chrono::milliseconds(std::llround(jitter));
 }
 
 void ReminderManager::dropOldest()

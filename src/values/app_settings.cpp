@@ -34,6 +34,7 @@ EventSetting EventSetting::defaultSetting(CanonicalEvent event)
 std::vector<EventSetting> AppSettings::defaultEvents()
 {
     std::vector<EventSetting> events;
+    events.reserve(allCanonicalEvents.size());
     for (const CanonicalEvent event : allCanonicalEvents)
         events.push_back(EventSetting::defaultSetting(event));
     return events;
@@ -42,6 +43,7 @@ std::vector<EventSetting> AppSettings::defaultEvents()
 std::vector<ProviderInstallState> AppSettings::defaultProviders()
 {
     std::vector<ProviderInstallState> providers;
+    providers.reserve(defaultProviderOrder.size());
     for (const std::string_view identifier : defaultProviderOrder)
         providers.push_back({.providerId = std::string(identifier)});
     return providers;

@@ -149,6 +149,7 @@ template<class T>
 JSONValue toJSON(const std::vector<T>& list)
 {
     std::vector<JSONValue> elements;
+    elements.reserve(list.size());
     for (const T& element : list)
         elements.push_back(toJSON(element));
     return JSONValue::array(elements);
