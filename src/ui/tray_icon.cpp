@@ -1,23 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/tray_icon.h"
 
-#include "values/provider.h"
-
 #include <QIcon>
 #include <QString>
 
-#include <algorithm>
-
 namespace chimewell {
-
-bool isArmed(const AppSettings& settings)
-{
-    const auto isInstalled = [&](std::string_view provider) {
-        const auto state = std::ranges::find(settings.providers, provider, &ProviderInstallState::providerId);
-        return state != settings.providers.end() && state->installed;
-    };
-    return !settings.globalMuted && std::ranges::any_of(knownProviders, isInstalled);
-}
 
 TrayIcon::TrayIcon(SettingsStore& store, Actions actions)
     : store_(store),
@@ -42,10 +29,12 @@ TrayIcon::TrayIcon(SettingsStore& store, Actions actions)
 
 void TrayIcon::show()
 {
-    muteAll_->setChecked(store_.settings().globalMuted);
+    const AppSettings& settings = store_.settings();
+    muteAll_->setChecked(settings.globalMuted);
+    const bool armed = !settings.globalMuted && settings.anyProviderInstalled();
     // By name, so that the panel draws it in its own colours.
-    icon_.setIcon(QIcon::fromTheme(isArmed(store_.settings()) ? QStringLiteral("chimewell-armed-symbolic")
-                                                              : QStringLiteral("chimewell-symbolic")));
+    icon_.setIcon(QIcon::fromTheme(armed ? QStringLiteral("chimewell-armed-symbolic")
+                                         : QStringLiteral("chimewell-symbolic")));
 }
 
 }

@@ -31,7 +31,4 @@ private:
     Subscription subscription_;
 };
 
-/// True when alerts are heard: not muted and at least one agent is connected.
-bool isArmed(const AppSettings& settings);
-
 }

@@ -71,4 +71,12 @@ EventSetting* AppSettings::setting(CanonicalEvent event)
     return found == events.end() ? nullptr : &*found;
 }
 
+bool AppSettings::anyProviderInstalled() const
+{
+    return std::ranges::any_of(knownProviders, [this](std::string_view identifier) {
+        const auto state = std::ranges::find(providers, identifier, &ProviderInstallState::providerId);
+        return state != providers.end() && state->installed;
+    });
+}
+
 }

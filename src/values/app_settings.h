@@ -57,6 +57,8 @@ struct AppSettings {
     /// The first entry of the event; null when there is none.
     const EventSetting* setting(CanonicalEvent event) const;
     EventSetting* setting(CanonicalEvent event);
+    /// Whether one of the known providers is connected, by the first record of each.
+    bool anyProviderInstalled() const;
 
     static constexpr std::int64_t currentSchemaVersion = 1;
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "base/characters.h"
 #include "base/decimal.h"
+#include "base/integral.h"
 #include "base/percent_decode.h"
 #include "base/utf8.h"
 #include "base/white_space.h"
@@ -8,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <fstream>
 #include <optional>
 #include <sstream>
@@ -64,6 +66,41 @@ TEST(DecimalTest, ReadsTheWholeTextOrNothing)
     };
     for (const auto& c : cases)
         EXPECT_EQ(decimal(c.text), c.value) << c.text;
+}
+
+TEST(IntegralTest, ReadsWholeNumbersInEverySpelling)
+{
+    const struct {
+        std::string text;
+        std::optional<std::int64_t> value;
+    } cases[] = {
+        {"0", 0},
+        {"-0.0", 0},
+        {"0e999999999999", 0},
+        {"180", 180},
+        {"1.0", 1},
+        {"1e2", 100},
+        {"12.50E+1", 125},
+        {"100e-2", 1},
+        {"9223372036854775807", INT64_MAX},
+        {"-9223372036854775808", INT64_MIN},
+        {"9223372036854775808", std::nullopt},
+        {"1e19", std::nullopt},
+        {"1e999999999999", std::nullopt},
+        {"1.5", std::nullopt},
+        {"1e-1", std::nullopt},
+        {"", std::nullopt},
+        {"-", std::nullopt},
+        {"01", std::nullopt},
+        {"1.", std::nullopt},
+        {".5", std::nullopt},
+        {"1e", std::nullopt},
+        {"+1", std::nullopt},
+        {"1 ", std::nullopt},
+        {"1.2.3", std::nullopt},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(integral(c.text), c.value) << c.text;
 }
 
 TEST(PercentDecodedTest, LeavesAloneWhatIsNoEscape)
