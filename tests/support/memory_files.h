@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ports/files.h"
+#include "ports/agent_files.h"
 
+#include <functional>
 #include <map>
 #include <set>
 
 namespace chimewell::test {
 
 /// A disk in memory, which can be told to fail.
-class MemoryFiles : public Files {
+class MemoryFiles : public AgentFiles {
 public:
     std::expected<std::string, FileError> read(const std::filesystem::path& file) override
     {
@@ -26,6 +27,32 @@ public:
         if (full) return std::unexpected(FileError{.description = "No space left on device"});
         contents.insert_or_assign(file, std::string(content));
         return {};
+    }
+    std::expected<void, ExchangeError> exchange(const std::filesystem::path& file,
+                                                const std::optional<std::string>& expected,
+                                                std::string_view content) override
+    {
+        if (beforeExchange) beforeExchange();
+        const auto found = contents.find(file);
+        const auto present = found == contents.end() ? std::nullopt : std::optional(found->second);
+        if (present != expected)
+            return std::unexpected(ExchangeError{.changed = true, .description = "Somebody else changed it"});
+        if (const auto replaced = replace(file, content); !replaced)
+            return std::unexpected(
+                ExchangeError{.changed = false, .description = replaced.error().description});
+        return {};
+    }
+    std::expected<void, FileError> writeCopy(const std::filesystem::path& copy, std::string_view content,
+                                             const std::filesystem::path&) override
+    {
+        return replace(copy, content);
+    }
+    std::expected<std::vector<std::string>, FileError> list(const std::filesystem::path& folder) override
+    {
+        std::vector<std::string> names;
+        for (const auto& [path, content] : contents)
+            if (path.parent_path() == folder) names.push_back(path.filename());
+        return names;
     }
     std::expected<void, FileError> createFolders(const std::filesystem::path& folder) override
     {
@@ -49,6 +76,7 @@ public:
     std::map<std::filesystem::path, std::string> contents;
     std::set<std::filesystem::path> folders;
     int writes = 0;
+    std::function<void()> beforeExchange; ///< The agent may use this moment to write.
     bool unreadable = false;
     bool full = false;
 };

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <system_error>
+#include <utility>
 
 namespace chimewell {
 
@@ -32,14 +33,34 @@ std::unexpected<FileError> notRegular(mode_t mode)
 }
 
 /// Open for reading and proven to be a regular file. Never waits: a pipe without a writer opens too.
-std::expected<FileDescriptor, FileError> openRegular(const std::filesystem::path& path)
+std::expected<FileDescriptor, FileError> openRegular(int folder, const std::filesystem::path& path)
 {
-    FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    FileDescriptor file(::openat(folder, path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     if (!file.isOpen()) return failure(errno);
     struct stat status = {};
     if (::fstat(file.get(), &status) != 0) return failure(errno);
     if (!S_ISREG(status.st_mode)) return notRegular(status.st_mode);
     return file;
+}
+
+std::expected<std::string, FileError> readAll(const FileDescriptor& file)
+{
+    std::string content;
+    std::size_t used = 0;
+    while (true) {
+        // One byte past the limit tells a file of exactly that size from one that grew beyond it.
+        if (used > PosixFiles::maximumSize) return failure(EFBIG);
+        if (used == content.size())
+            content.resize(std::min(PosixFiles::maximumSize + 1, std::max(used * 2, std::size_t{16384})));
+        const ssize_t count = ::read(file.get(), content.data() + used, content.size() - used);
+        if (count == 0) break;
+        if (count > 0)
+            used += static_cast<std::size_t>(count);
+        else if (errno != EINTR)
+            return failure(errno);
+    }
+    content.resize(used);
+    return content;
 }
 
 /// The path behind the last link, whether something stands there or not.
@@ -73,50 +94,125 @@ std::expected<void, FileError> adoptAttributes(int folder, const std::string& na
     return {};
 }
 
-}
+/// New content beside its target, ready to take its place.
+struct Replacement {
+    FileDescriptor
+        folder;       ///< One open folder for all steps: they stay together even if it is moved meanwhile.
+    std::string name; ///< Of the target within it.
+    TemporaryFile temporary;
 
-std::expected<std::string, FileError> PosixFiles::read(const std::filesystem::path& file)
-{
-    const auto opened = openRegular(file);
-    if (!opened) return std::unexpected(opened.error());
-    std::string content;
-    std::size_t used = 0;
-    while (true) {
-        // One byte past the limit tells a file of exactly that size from one that grew beyond it.
-        if (used > maximumSize) return failure(EFBIG);
-        if (used == content.size())
-            content.resize(std::min(maximumSize + 1, std::max(used * 2, std::size_t{16384})));
-        const ssize_t count = ::read(opened->get(), content.data() + used, content.size() - used);
-        if (count == 0) break;
-        if (count > 0)
-            used += static_cast<std::size_t>(count);
-        else if (errno != EINTR)
-            return failure(errno);
-    }
-    content.resize(used);
-    return content;
-}
+    /// Brings the new name to the disk. The file is already the new one, so no failure is left to report.
+    void settle() const { ::fsync(folder.get()); }
+};
 
-std::expected<void, FileError> PosixFiles::replace(const std::filesystem::path& file,
-                                                   std::string_view content)
+/// The attributes are those of `original` if that is given, else of what stands at the target.
+std::expected<Replacement, FileError> prepare(const std::filesystem::path& file, std::string_view content,
+                                              const std::filesystem::path& original)
 {
     const auto target = followLinks(file);
     if (!target) return std::unexpected(target.error());
-    const std::string name = target->filename();
+    std::string name = target->filename();
     if (name.empty()) return failure(EISDIR);
-    // One open folder for all steps: they stay together even if the folder is moved meanwhile.
     const std::filesystem::path parent = target->has_parent_path() ? target->parent_path() : ".";
-    const FileDescriptor folder(::open(parent.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    FileDescriptor folder(::open(parent.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!folder.isOpen()) return failure(errno);
 
     auto temporary = TemporaryFile::create(folder.get());
     if (!temporary) return failure(errno);
     if (!temporary->write(content)) return failure(errno);
-    if (auto adopted = adoptAttributes(folder.get(), name, *temporary); !adopted) return adopted;
-    if (!temporary->finish() || !temporary->rename(name)) return failure(errno);
-    // The file is already the new one, so there is no failure left to report.
-    ::fsync(folder.get());
+    if (original.empty()) {
+        if (auto adopted = adoptAttributes(folder.get(), name, *temporary); !adopted)
+            return std::unexpected(adopted.error());
+    } else {
+        const auto opened = openRegular(AT_FDCWD, original);
+        if (!opened) return std::unexpected(opened.error());
+        if (!copyFileAttributes(opened->get(), temporary->descriptor())) return failure(errno);
+    }
+    if (!temporary->finish()) return failure(errno);
+    return Replacement{std::move(folder), std::move(name), std::move(*temporary)};
+}
+
+}
+
+std::expected<std::string, FileError> PosixFiles::read(const std::filesystem::path& file)
+{
+    const auto opened = openRegular(AT_FDCWD, file);
+    if (!opened) return std::unexpected(opened.error());
+    return readAll(*opened);
+}
+
+std::expected<void, FileError> PosixFiles::replace(const std::filesystem::path& file,
+                                                   std::string_view content)
+{
+    auto replacement = prepare(file, content, {});
+    if (!replacement) return std::unexpected(replacement.error());
+    if (!replacement->temporary.rename(replacement->name)) return failure(errno);
+    replacement->settle();
     return {};
+}
+
+std::expected<void, FileError> PosixFiles::writeCopy(const std::filesystem::path& copy,
+                                                     std::string_view content,
+                                                     const std::filesystem::path& original)
+{
+    auto replacement = prepare(copy, content, original);
+    if (!replacement) return std::unexpected(replacement.error());
+    if (!replacement->temporary.rename(replacement->name)) return failure(errno);
+    replacement->settle();
+    return {};
+}
+
+std::expected<void, ExchangeError> PosixFiles::exchange(const std::filesystem::path& file,
+                                                        const std::optional<std::string>& expected,
+                                                        std::string_view content)
+{
+    const auto failed = [](const std::string& description) {
+        return std::unexpected(ExchangeError{.changed = false, .description = description});
+    };
+    const std::unexpected changed(
+        ExchangeError{.changed = true, .description = "The file was changed by another program"});
+
+    auto replacement = prepare(file, content, {});
+    if (!replacement) return failed(replacement.error().description);
+    auto& [folder, name, temporary] = *replacement;
+
+    if (!expected) {
+        if (!temporary.renameToFree(name))
+            return errno == EEXIST ? changed : failed(failure(errno).error().description);
+        replacement->settle();
+        return {};
+    }
+    const auto holds = [&](const std::string& entry, std::string_view wanted) {
+        const auto opened = openRegular(folder.get(), entry);
+        const auto present = opened ? readAll(*opened) : std::unexpected(opened.error());
+        return present && *present == wanted;
+    };
+    if (!holds(name, *expected)) return changed;
+    if (!temporary.swap(name)) {
+        if (errno == ENOENT) return changed;
+        if (errno != EINVAL && errno != ENOSYS) return failed(failure(errno).error().description);
+        // A file system that cannot swap: what is left is the moment since the look above.
+        if (!temporary.rename(name)) return failed(failure(errno).error().description);
+    } else if (!holds(temporary.name(), *expected)) {
+        // Somebody wrote in between. That goes back, unless even more was written meanwhile, which then comes
+        // first.
+        if (temporary.swap(name) && !holds(temporary.name(), content))
+            static_cast<void>(temporary.swap(name));
+        return changed;
+    }
+    replacement->settle();
+    return {};
+}
+
+std::expected<std::vector<std::string>, FileError> PosixFiles::list(const std::filesystem::path& folder)
+{
+    std::vector<std::string> names;
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error))
+        names.push_back(entry->path().filename());
+    if (error) return failure(error.value());
+    return names;
 }
 
 std::expected<void, FileError> PosixFiles::createFolders(const std::filesystem::path& folder)

@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <stdio.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <utility>
@@ -68,6 +69,21 @@ bool TemporaryFile::rename(const std::string& name)
     if (::renameat(folder_, name_.c_str(), folder_, name.c_str()) != 0) return false;
     name_.clear();
     return true;
+}
+
+bool TemporaryFile::renameToFree(const std::string& name)
+{
+    // A second name cannot take another file's place, unlike a new one.
+    return ::linkat(folder_, name_.c_str(), folder_, name.c_str(), 0) == 0;
+}
+
+bool TemporaryFile::swap(const std::string& name)
+{
+#ifdef __APPLE__
+    return ::renameatx_np(folder_, name_.c_str(), folder_, name.c_str(), RENAME_SWAP) == 0;
+#else
+    return ::renameat2(folder_, name_.c_str(), folder_, name.c_str(), RENAME_EXCHANGE) == 0;
+#endif
 }
 
 }

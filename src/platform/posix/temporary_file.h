@@ -27,6 +27,11 @@ public:
     bool finish();
     /// Puts the file in the place of `name`, whatever stands there, in one step.
     bool rename(const std::string& name);
+    /// Takes the place of `name` only if nothing stands there; EEXIST otherwise.
+    bool renameToFree(const std::string& name);
+    /// Trades places with `name` in one step: then this object holds what stood there, and removes it in the
+    /// end. EINVAL or ENOSYS where the file system cannot.
+    bool swap(const std::string& name);
 
 private:
     TemporaryFile(int folder, FileDescriptor file, std::string name);

@@ -8,9 +8,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <csignal>
+#include <optional>
+#include <string>
 #include <thread>
+#include <vector>
 
 #ifdef __linux__
 #include <sys/xattr.h>
@@ -190,6 +194,46 @@ TEST_F(PosixFilesTest, AReaderSeesTheOldOrTheNewFileAndNothingBetween)
     }
     writer.join();
     EXPECT_EQ(strange, 0);
+}
+
+TEST_F(PosixFilesTest, ExchangesOnlyWhatTheCallerKnows)
+{
+    const fs::path file = folder.write("file", "old");
+    ASSERT_EQ(::chmod(file.c_str(), 0640), 0);
+    for (const auto& known : {std::optional<std::string>("other"), std::optional<std::string>()}) {
+        const auto exchanged = files.exchange(file, known, "new");
+        ASSERT_FALSE(exchanged);
+        EXPECT_TRUE(exchanged.error().changed);
+        EXPECT_EQ(folder.read("file"), "old");
+    }
+    ASSERT_TRUE(files.exchange(file, "old", "new"));
+    EXPECT_EQ(folder.read("file"), "new");
+    EXPECT_EQ(modeOf(file), mode_t{0640});
+
+    fs::create_symlink("file", folder.path() / "link");
+    ASSERT_TRUE(files.exchange(folder.path() / "link", "new", "newer"));
+    EXPECT_EQ(folder.read("file"), "newer");
+    EXPECT_TRUE(files.exchange(folder.path() / "gone", "old", "new").error().changed);
+    ASSERT_TRUE(files.exchange(folder.path() / "fresh", std::nullopt, "made"));
+    EXPECT_EQ(folder.read("fresh"), "made");
+    const auto folderInTheWay = files.exchange(folder.path(), "old", "new");
+    EXPECT_FALSE(folderInTheWay.error().changed);
+    EXPECT_EQ(folder.names().size(), 3u); // no litter
+}
+
+TEST_F(PosixFilesTest, ACopyIsAsPrivateAsItsOriginal)
+{
+    const fs::path original = folder.write("original", "text");
+    for (const mode_t mode : {0600U, 0644U}) {
+        ASSERT_EQ(::chmod(original.c_str(), mode), 0);
+        ASSERT_TRUE(files.writeCopy(folder.path() / "copy", "text", original));
+        EXPECT_EQ(modeOf(folder.path() / "copy"), mode);
+    }
+    EXPECT_FALSE(files.writeCopy(folder.path() / "other", "text", folder.path() / "gone"));
+    auto names = files.list(folder.path()).value_or(std::vector<std::string>());
+    std::ranges::sort(names);
+    EXPECT_EQ(names, (std::vector<std::string>{"copy", "original"}));
+    EXPECT_TRUE(files.list(folder.path() / "gone").error().missing);
 }
 
 TEST_F(PosixFilesTest, MakesFoldersRemovesFilesAndTellsKinds)

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace chimewell {
+
+/// The shell command that runs our helper for an agent's event. The path stands in double quotes, within
+/// which a POSIX shell gives meaning to `"`, `$`, `` ` `` and `\` alone; these are escaped.
+std::string hookCommandLine(const std::string& helper, std::string_view provider, std::string_view event);
+
+/// Whether a command is ours, of whatever build and place.
+bool namesOurHelper(std::string_view command);
+
+}

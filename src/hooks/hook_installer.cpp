@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: MIT
+#include "hooks/hook_installer.h"
+
+#include "base/iso8601.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace chimewell {
+
+namespace {
+
+using Kind = HookInstallerError::Kind;
+
+/// How often a change is made anew on a file that the agent rewrote meanwhile.
+constexpr int maxAttempts = 5;
+
+constexpr std::string_view helperName = "chimewell-hook";
+constexpr std::string_view backupInfix = ".chimewell-backup-";
+
+std::unexpected<HookInstallerError> ioError(const std::string& prefix, const std::string& reason)
+{
+    return std::unexpected(HookInstallerError{Kind::ioError, prefix + ": " + reason});
+}
+
+std::string backupPrefix(const std::filesystem::path& file)
+{
+    return file.filename().string() + std::string(backupInfix);
+}
+
+std::optional<std::filesystem::path> oldestBackup(AgentFiles& files, const std::filesystem::path& file)
+{
+    std::optional<std::string> oldest;
+    for (const std::string& name : files.list(file.parent_path()).value_or(std::vector<std::string>()))
+        if (name.starts_with(backupPrefix(file)) && (!oldest || name < *oldest)) oldest = name;
+    if (!oldest) return std::nullopt;
+    return file.parent_path() / *oldest;
+}
+
+}
+
+HookInstaller::HookInstaller(Collaborators with, Description description)
+    : with_(with),
+      description_(description),
+      file_(with.folders.home() / description.settingsFile)
+{
+}
+
+HookInstallStatus HookInstaller::status() const
+{
+    using Status = HookInstallStatus::Kind;
+    if (!isAvailable()) return {.kind = Status::comingSoon, .message = {}};
+    const auto content = read();
+    if (!content) return {.kind = Status::error, .message = content.error().description()};
+    if (!*content) return {.kind = Status::notInstalled, .message = {}};
+    const auto present = entries(**content);
+    if (!present) return {.kind = Status::error, .message = present.error().description()};
+    return {.kind = present->empty() ? Status::notInstalled : Status::installed, .message = {}};
+}
+
+HookInstaller::Result<ProviderInstallState> HookInstaller::install()
+{
+    const auto path = helper();
+    if (!path) return std::unexpected(path.error());
+    for (int attempt = 1;; ++attempt) {
+        const auto before = read();
+        if (!before) return std::unexpected(before.error());
+        const auto after = withHooks(*before, *path);
+        if (!after) return std::unexpected(after.error());
+        const auto backup = backUp(*before);
+        if (!backup) return std::unexpected(backup.error());
+        const auto written = write(*before, *after);
+        if (!written && written.error().changed && attempt < maxAttempts) continue;
+        if (!written) return ioError("Could not write " + file_.string(), written.error().description);
+
+        ProviderInstallState installed = state();
+        installed.installed = true;
+        installed.installedAt = with_.clock.now();
+        installed.settingsPath = file_.string();
+        installed.backupPath = *backup;
+        installed.hookVersion = hookVersion();
+        return installed;
+    }
+}
+
+HookInstaller::Result<ProviderInstallState> HookInstaller::uninstall()
+{
+    for (int attempt = 1;; ++attempt) {
+        const auto before = read();
+        if (!before) return std::unexpected(before.error());
+        if (!*before) return state();
+        const auto after = withoutHooks(**before);
+        if (!after) return std::unexpected(after.error());
+        if (!*after) return state();
+        const auto backup = backUp(*before);
+        if (!backup) return std::unexpected(backup.error());
+        const auto written = write(*before, **after);
+        if (!written && written.error().changed && attempt < maxAttempts) continue;
+        if (!written) return ioError("Could not write " + file_.string(), written.error().description);
+        return state();
+    }
+}
+
+HookInstaller::Result<ProviderInstallState> HookInstaller::restore()
+{
+    const auto backup = oldestBackup(with_.files, file_);
+    if (!backup) return std::unexpected(HookInstallerError{Kind::noBackup, {}});
+    const auto content = with_.files.read(*backup);
+    if (!content) return ioError("Could not restore from backup", content.error().description);
+    if (const auto replaced = with_.files.replace(file_, *content); !replaced)
+        return ioError("Could not restore from backup", replaced.error().description);
+    return state();
+}
+
+bool HookInstaller::backupExists() const
+{
+    return oldestBackup(with_.files, file_).has_value();
+}
+
+HookInstaller::Result<std::vector<HookChange>> HookInstaller::changesByInstall() const
+{
+    const auto path = helper();
+    if (!path) return std::unexpected(path.error());
+    const auto before = read();
+    if (!before) return std::unexpected(before.error());
+    const auto after = withHooks(*before, *path);
+    if (!after) return std::unexpected(after.error());
+    return changes(*before, *after);
+}
+
+HookInstaller::Result<std::vector<HookChange>> HookInstaller::changesByUninstall() const
+{
+    const auto before = read();
+    if (!before) return std::unexpected(before.error());
+    if (!*before) return std::vector<HookChange>();
+    const auto after = withoutHooks(**before);
+    if (!after) return std::unexpected(after.error());
+    return changes(*before, *after ? *after : *before);
+}
+
+bool HookInstaller::isUpdateDue(const ProviderInstallState& record) const
+{
+    const auto content = read();
+    if (!content || !*content) return false;
+    const auto present = entries(**content);
+    if (!present || present->empty()) return false;
+    return record.hookVersion < hookVersion() || lacksEntries(*present);
+}
+
+HookInstallerError HookInstaller::unparseable() const
+{
+    return {Kind::settingsUnparseable, file_.string()};
+}
+
+HookInstaller::Result<std::string> HookInstaller::helper() const
+{
+    const auto path = helperPathOverride ? helperPathOverride : with_.resources.named(helperName);
+    // A line break cannot stand in a shell command or in a line of TOML.
+    if (!path || path->native().find_first_of("\r\n") != std::string::npos)
+        return std::unexpected(HookInstallerError{Kind::helperMissing, {}});
+    return path->string();
+}
+
+HookInstaller::Result<HookInstaller::Content> HookInstaller::read() const
+{
+    auto bytes = with_.files.read(file_);
+    if (bytes) return Content(std::move(*bytes));
+    if (bytes.error().missing) return Content();
+    return ioError("Could not read " + file_.string(), bytes.error().description);
+}
+
+std::expected<void, ExchangeError> HookInstaller::write(const Content& before, const std::string& after)
+{
+    if (const auto made = with_.files.createFolders(file_.parent_path()); !made)
+        return std::unexpected(ExchangeError{.changed = false, .description = made.error().description});
+    return with_.files.exchange(file_, before, after);
+}
+
+HookInstaller::Result<std::optional<std::string>> HookInstaller::backUp(const Content& content)
+{
+    if (!content) return std::nullopt;
+    std::string time = iso8601(with_.clock.now());
+    std::ranges::replace(time, ':', '-');
+    const std::filesystem::path backup = file_.parent_path() / (backupPrefix(file_) + time);
+    if (const auto copied = with_.files.writeCopy(backup, *content, file_); !copied)
+        return ioError("Could not create backup", copied.error().description);
+    return backup.string();
+}
+
+HookInstaller::Result<std::vector<HookChange>> HookInstaller::changes(const Content& before,
+                                                                      const Content& after) const
+{
+    const auto entriesOf = [&](const Content& content) {
+        return content ? entries(*content) : Result<std::vector<std::string>>();
+    };
+    const auto old = entriesOf(before);
+    if (!old) return std::unexpected(old.error());
+    const auto fresh = entriesOf(after);
+    if (!fresh) return std::unexpected(fresh.error());
+
+    std::vector<HookChange> changes;
+    const auto addMissing = [&](const std::vector<std::string>& from, const std::vector<std::string>& in,
+                                HookChange::Kind kind) {
+        for (const std::string& entry : from)
+            if (std::ranges::find(in, entry) == in.end()) changes.push_back({kind, entry});
+    };
+    addMissing(*old, *fresh, HookChange::Kind::removed);
+    addMissing(*fresh, *old, HookChange::Kind::added);
+    return changes;
+}
+
+ProviderInstallState HookInstaller::state() const
+{
+    return {.providerId = std::string(providerId())};
+}
+
+}

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace chimewell {
+
+/// Why an agent's file was left as it is.
+struct HookInstallerError {
+    enum class Kind : std::uint8_t { settingsUnparseable, ioError, helperMissing, noBackup };
+
+    Kind kind = Kind::ioError;
+    std::string detail; ///< The file's path, or the whole message of an `ioError`; empty otherwise.
+    bool operator==(const HookInstallerError&) const = default;
+
+    /// The sentence that the user reads.
+    std::string description() const;
+};
+
+}

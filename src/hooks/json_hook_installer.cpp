@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "hooks/json_hook_installer.h"
+
+#include "hooks/command_line.h"
+#include "json/json_parser.h"
+#include "json/json_writer.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <utility>
+
+namespace chimewell {
+
+namespace {
+
+/// Files beyond this are not read, so none is written either: indentation could make a small file of deep
+/// nesting huge.
+constexpr std::uint64_t maxFileSize = std::uint64_t{64} << 20;
+
+}
+
+JSONHookInstaller::JSONHookInstaller(Collaborators with, Description description, Format format)
+    : HookInstaller(with, description),
+      format_(format)
+{
+}
+
+HookInstaller::Result<std::string> JSONHookInstaller::withHooks(const Content& content,
+                                                                const std::string& helper) const
+{
+    const auto settings = content ? parse(*content) : JSONValue::object({});
+    if (!settings) return std::unexpected(settings.error());
+    std::vector<WantedHook> wanted;
+    for (const Event& event : format_.events)
+        wanted.push_back({event.agentName, entry(hookCommandLine(helper, providerId(), event.rawName))});
+    const auto edited =
+        withOurHooks(completed(*settings), wanted, [this](const JSONValue& entry) { return isOurs(entry); });
+    if (!edited) return std::unexpected(unparseable());
+    return serialise(*edited);
+}
+
+HookInstaller::Result<HookInstaller::Content>
+JSONHookInstaller::withoutHooks(const std::string& content) const
+{
+    const auto settings = parse(content);
+    if (!settings) return std::unexpected(settings.error());
+    const auto edited = withoutOurHooks(
+        *settings, [this](const JSONValue& entry) { return isOurs(entry); }, format_.emptiedHooks);
+    if (!edited) return Content();
+    auto text = serialise(*edited);
+    if (!text) return std::unexpected(text.error());
+    return Content(std::move(*text));
+}
+
+HookInstaller::Result<std::vector<std::string>> JSONHookInstaller::entries(const std::string& content) const
+{
+    const auto settings = parse(content);
+    if (!settings) return std::unexpected(settings.error());
+    std::vector<std::string> list;
+    for (const FoundHook& hook :
+         findOurHooks(*settings, [this](const JSONValue& entry) { return isOurs(entry); }))
+        for (const std::string& command : commands(hook.entry))
+            list.push_back(hook.event + ": " + command);
+    return list;
+}
+
+bool JSONHookInstaller::lacksEntries(const std::vector<std::string>& present) const
+{
+    return std::ranges::any_of(format_.events, [&](const Event& event) {
+        const std::string start = std::string(event.agentName) + ": ";
+        return std::ranges::none_of(present,
+                                    [&](const std::string& entry) { return entry.starts_with(start); });
+    });
+}
+
+HookInstaller::Result<JSONValue> JSONHookInstaller::parse(const std::string& content) const
+{
+    auto parsed = parseJSON(content);
+    if (!parsed || !parsed->is(JSONValue::Kind::object)) return std::unexpected(unparseable());
+    return *parsed;
+}
+
+HookInstaller::Result<std::string> JSONHookInstaller::serialise(const JSONValue& settings) const
+{
+    if (writtenSize(settings) >= maxFileSize)
+        return std::unexpected(
+            HookInstallerError{HookInstallerError::Kind::ioError, "Could not serialize settings."});
+    return writeJSON(settings) + "\n";
+}
+
+bool JSONHookInstaller::isOurs(const JSONValue& entry) const
+{
+    return std::ranges::any_of(commands(entry), namesOurHelper);
+}
+
+}

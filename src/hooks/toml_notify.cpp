@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+#include "hooks/toml_notify.h"
+
+#include <algorithm>
+
+namespace chimewell {
+
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view blanks = " \t";
+constexpr std::string_view hexDigits = "0123456789ABCDEF";
+
+std::string_view withoutBlanks(std::string_view text)
+{
+    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+    return text;
+}
+
+/// Takes `word` off the front of `text`.
+bool take(std::string_view& text, std::string_view word)
+{
+    if (!text.starts_with(word)) return false;
+    text.remove_prefix(word.size());
+    return true;
+}
+
+/// Takes the key `notify`, bare or quoted, and the blanks behind it.
+bool takeNotifyKey(std::string_view& text)
+{
+    if (!take(text, "notify") && !take(text, "\"notify\"") && !take(text, "'notify'")) return false;
+    text = withoutBlanks(text);
+    return true;
+}
+
+/// Where the string that begins at `at` ends: behind its closing quotes, or at the line's or the text's end
+/// for one that is not closed.
+std::size_t stringEnd(std::string_view toml, std::size_t at)
+{
+    const char quote = toml[at];
+    const std::string triple(3, quote);
+    const bool spansLines = toml.substr(at).starts_with(triple);
+    const bool hasEscapes = quote == '"';
+    for (std::size_t i = at + (spansLines ? 3 : 1); i < toml.size(); ++i) {
+        if (hasEscapes && toml[i] == '\\')
+            ++i;
+        else if (!spansLines && toml[i] == '\n')
+            return i;
+        else if (!spansLines && toml[i] == quote)
+            return i + 1;
+        else if (spansLines && toml.substr(i).starts_with(triple)) {
+            // Up to two quotes may stand right before the closing three.
+            i += 3;
+            while (i < toml.size() && toml[i] == quote)
+                ++i;
+            return i;
+        }
+    }
+    return toml.size();
+}
+
+/// Where the statement that begins at `at` ends: behind the line feed that is inside no string, array or
+/// inline table.
+std::size_t statementEnd(std::string_view toml, std::size_t at)
+{
+    std::size_t open = 0;
+    while (at < toml.size()) {
+        const char c = toml[at];
+        if (c == '"' || c == '\'') {
+            at = stringEnd(toml, at);
+            continue;
+        }
+        if (c == '#') {
+            at = std::min(toml.find('\n', at), toml.size());
+            continue;
+        }
+        ++at;
+        if (c == '[' || c == '{')
+            ++open;
+        else if ((c == ']' || c == '}') && open > 0)
+            --open;
+        else if (c == '\n' && open == 0)
+            break;
+    }
+    return at;
+}
+
+/// Calls `visit(statement, begin, size)` for each statement, its leading blanks left out, until it returns
+/// true.
+template<class Visit>
+void forEachStatement(std::string_view toml, Visit visit)
+{
+    std::size_t begin = toml.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
+    while (begin < toml.size()) {
+        const std::size_t end = statementEnd(toml, begin);
+        if (visit(withoutBlanks(toml.substr(begin, end - begin)), begin, end - begin)) return;
+        begin = end;
+    }
+}
+
+}
+
+std::optional<NotifyLines> findNotify(std::string_view toml)
+{
+    std::optional<NotifyLines> found;
+    forEachStatement(toml, [&](std::string_view statement, std::size_t begin, std::size_t size) {
+        if (statement.starts_with('[')) return true;
+        if (takeNotifyKey(statement) && statement.starts_with('=')) found = NotifyLines{begin, size};
+        return found.has_value();
+    });
+    return found;
+}
+
+bool definesNotifyOtherwise(std::string_view toml)
+{
+    bool found = false;
+    bool inTable = false;
+    forEachStatement(toml, [&](std::string_view statement, std::size_t, std::size_t) {
+        if (take(statement, "[")) {
+            inTable = true;
+            take(statement, "[");
+            statement = withoutBlanks(statement);
+            found = takeNotifyKey(statement) && (statement.starts_with(']') || statement.starts_with('.'));
+        } else if (!inTable) {
+            found = takeNotifyKey(statement) && statement.starts_with('.');
+        }
+        return found;
+    });
+    return found;
+}
+
+std::string withNotifyLine(std::string_view toml, const std::optional<NotifyLines>& replaced,
+                           std::string_view line)
+{
+    const std::size_t top = toml.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
+    const NotifyLines place = replaced.value_or(NotifyLines{top, 0});
+    std::string text(toml.substr(0, place.begin));
+    text += line;
+    text += '\n';
+    text += toml.substr(place.begin + place.size);
+    if (!text.ends_with('\n')) text += '\n';
+    return text;
+}
+
+std::string withoutNotify(std::string_view toml, const NotifyLines& removed)
+{
+    std::string text(toml.substr(0, removed.begin));
+    text += toml.substr(removed.begin + removed.size);
+    return text;
+}
+
+std::string tomlString(std::string_view text)
+{
+    std::string quoted = "\"";
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if ((byte < 0x20 && c != '\t') || byte == 0x7F) {
+            quoted += "\\u00";
+            quoted += hexDigits[byte >> 4U];
+            quoted += hexDigits[byte & 0xFU];
+            continue;
+        }
+        if (c == '\\' || c == '"') quoted += '\\';
+        quoted += c;
+    }
+    return quoted + "\"";
+}
+
+}
