@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+// Whatever the agents' files hold: installing and uninstalling leaves all that is not ours as it was, in its
+// order, and a file that is refused keeps its bytes.
+#include "hooks/claude_hook_installer.h"
+#include "hooks/cursor_hook_installer.h"
+#include "support/fake_time.h"
+#include "support/memory_files.h"
+#include "json/json_parser.h"
+#include "json/json_writer.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace {
+
+using namespace chimewell;
+
+void require(bool holds)
+{
+    if (!holds) std::abort();
+}
+
+class Home final : public UserFolders {
+public:
+    std::filesystem::path home() const override { return "/home"; }
+    std::optional<std::filesystem::path> applicationSupport() const override { return std::nullopt; }
+};
+
+class Helper final : public Resources {
+public:
+    std::optional<std::filesystem::path> named(std::string_view) const override
+    {
+        return "/opt/chimewell-hook";
+    }
+};
+
+template<class Installer>
+void installAndUninstall(const std::string& before)
+{
+    test::MemoryFiles files;
+    test::FakeTime time;
+    const Home home;
+    const Helper helper;
+    Installer installer({.files = files, .clock = time, .folders = home, .resources = helper});
+    std::string& content = files.contents[installer.settingsFileURL()];
+    content = before;
+
+    if (!installer.install()) {
+        require(content == before);
+        return;
+    }
+    const std::string once = content;
+    require(installer.status().kind == HookInstallStatus::Kind::installed);
+    require(installer.install().has_value());
+    require(content == once);
+    require(installer.uninstall().has_value());
+    require(installer.status().kind == HookInstallStatus::Kind::notInstalled);
+
+    // Without anything of ours in it, the file comes back in the writer's layout, but for containers that
+    // were made.
+    if (before.find("chimewell-hook") != std::string::npos || before.find('\\') != std::string::npos) return;
+    const auto original = parseJSON(before);
+    const auto left = parseJSON(content);
+    require(original && left);
+    for (const JSONMember& member : original->members())
+        if (member.key != "hooks") {
+            bool found = false;
+            for (const JSONMember& kept : left->members())
+                found = found || kept == member;
+            require(found);
+        }
+}
+
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const std::string text(reinterpret_cast<const char*>(data), size);
+    installAndUninstall<ClaudeHookInstaller>(text);
+    installAndUninstall<CursorHookInstaller>(text);
+    return 0;
+}
