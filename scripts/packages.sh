@@ -28,12 +28,14 @@ desktop_packages=(
 # To test it: the checks, the second compiler, the programs that tests use.
 test_packages=(
     libgtest-dev libgmock-dev clang-19 clang-tidy-19 clang-format-19 ccache
+    libclang-rt-19-dev libdbus-1-dev
     appstream man-db shellcheck unicode-data
+    thunar dex dconf-service gsettings-desktop-schemas xfconf
     python3-dbus python3-dbusmock strace
 )
 
 # To measure it: the frame, the peers, the counter of instructions.
-benchmark_packages=(libbenchmark-dev nlohmann-json3-dev rapidjson-dev libdbus-1-dev valgrind)
+benchmark_packages=(libbenchmark-dev nlohmann-json3-dev rapidjson-dev valgrind)
 
 # To run real agents.
 agent_packages=(tmux)
