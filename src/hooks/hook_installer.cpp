@@ -50,10 +50,11 @@ HookInstallStatus HookInstaller::status() const
 {
     using Status = HookInstallStatus::Kind;
     if (!isAvailable()) return {.kind = Status::comingSoon, .message = {}};
-    const auto content = read();
-    if (!content) return {.kind = Status::error, .message = content.error().description()};
-    if (!*content) return {.kind = Status::notInstalled, .message = {}};
-    const auto present = entries(**content);
+    const auto file = read();
+    if (!file) return {.kind = Status::error, .message = file.error().description()};
+    const Content& content = *file;
+    if (!content) return {.kind = Status::notInstalled, .message = {}};
+    const auto present = entries(*content);
     if (!present) return {.kind = Status::error, .message = present.error().description()};
     return {.kind = present->empty() ? Status::notInstalled : Status::installed, .message = {}};
 }
@@ -86,15 +87,17 @@ HookInstaller::Result<ProviderInstallState> HookInstaller::install()
 HookInstaller::Result<ProviderInstallState> HookInstaller::uninstall()
 {
     for (int attempt = 1;; ++attempt) {
-        const auto before = read();
-        if (!before) return std::unexpected(before.error());
-        if (!*before) return state();
-        const auto after = withoutHooks(**before);
-        if (!after) return std::unexpected(after.error());
-        if (!*after) return state();
-        const auto backup = backUp(*before);
+        const auto file = read();
+        if (!file) return std::unexpected(file.error());
+        const Content& before = *file;
+        if (!before) return state();
+        const auto edited = withoutHooks(*before);
+        if (!edited) return std::unexpected(edited.error());
+        const Content& after = *edited;
+        if (!after) return state();
+        const auto backup = backUp(before);
         if (!backup) return std::unexpected(backup.error());
-        const auto written = write(*before, **after);
+        const auto written = write(before, *after);
         if (!written && written.error().changed && attempt < maxAttempts) continue;
         if (!written) return ioError("Could not write " + file_.string(), written.error().description);
         return state();
@@ -130,19 +133,22 @@ HookInstaller::Result<std::vector<HookChange>> HookInstaller::changesByInstall()
 
 HookInstaller::Result<std::vector<HookChange>> HookInstaller::changesByUninstall() const
 {
-    const auto before = read();
-    if (!before) return std::unexpected(before.error());
-    if (!*before) return std::vector<HookChange>();
-    const auto after = withoutHooks(**before);
+    const auto file = read();
+    if (!file) return std::unexpected(file.error());
+    const Content& before = *file;
+    if (!before) return std::vector<HookChange>();
+    const auto after = withoutHooks(*before);
     if (!after) return std::unexpected(after.error());
-    return changes(*before, *after ? *after : *before);
+    return changes(before, after->has_value() ? *after : before);
 }
 
 bool HookInstaller::isUpdateDue(const ProviderInstallState& record) const
 {
-    const auto content = read();
-    if (!content || !*content) return false;
-    const auto present = entries(**content);
+    const auto file = read();
+    if (!file) return false;
+    const Content& content = *file;
+    if (!content) return false;
+    const auto present = entries(*content);
     if (!present || present->empty()) return false;
     return record.hookVersion < hookVersion() || lacksEntries(*present);
 }
