@@ -13,7 +13,7 @@ namespace chimewell::test {
 /// Runs the event loop until `condition` holds. False when it still does not after `limit`, which is
 /// generous: it ends a failing test and times nothing.
 template<typename Condition>
-bool waitUntil(Condition condition, std::chrono::milliseconds limit = std::chrono::seconds(10))
+bool waitUntil(Condition condition, std::chrono::milliseconds limit = std::chrono::seconds(30))
 {
     const QDeadlineTimer deadline(limit);
     QTimer wakeUp; // for conditions that become true outside this process
