@@ -132,6 +132,17 @@ std::expected<Replacement, FileError> prepare(const std::filesystem::path& file,
     return Replacement{std::move(folder), std::move(name), std::move(*temporary)};
 }
 
+/// Whatever stands at the target is replaced.
+std::expected<void, FileError> put(const std::filesystem::path& file, std::string_view content,
+                                   const std::filesystem::path& original)
+{
+    auto replacement = prepare(file, content, original);
+    if (!replacement) return std::unexpected(replacement.error());
+    if (!replacement->temporary.rename(replacement->name)) return failure(errno);
+    replacement->settle();
+    return {};
+}
+
 }
 
 std::expected<std::string, FileError> PosixFiles::read(const std::filesystem::path& file)
@@ -144,22 +155,14 @@ std::expected<std::string, FileError> PosixFiles::read(const std::filesystem::pa
 std::expected<void, FileError> PosixFiles::replace(const std::filesystem::path& file,
                                                    std::string_view content)
 {
-    auto replacement = prepare(file, content, {});
-    if (!replacement) return std::unexpected(replacement.error());
-    if (!replacement->temporary.rename(replacement->name)) return failure(errno);
-    replacement->settle();
-    return {};
+    return put(file, content, {});
 }
 
 std::expected<void, FileError> PosixFiles::writeCopy(const std::filesystem::path& copy,
                                                      std::string_view content,
                                                      const std::filesystem::path& original)
 {
-    auto replacement = prepare(copy, content, original);
-    if (!replacement) return std::unexpected(replacement.error());
-    if (!replacement->temporary.rename(replacement->name)) return failure(errno);
-    replacement->settle();
-    return {};
+    return put(copy, content, original);
 }
 
 std::expected<void, ExchangeError> PosixFiles::exchange(const std::filesystem::path& file,
@@ -196,8 +199,9 @@ std::expected<void, ExchangeError> PosixFiles::exchange(const std::filesystem::p
     } else if (!holds(temporary.name(), *expected)) {
         // Somebody wrote in between. That goes back, unless even more was written meanwhile, which then comes
         // first.
-        if (temporary.swap(name) && !holds(temporary.name(), content))
-            static_cast<void>(temporary.swap(name));
+        const bool isBack =
+            temporary.swap(name) && (holds(temporary.name(), content) || temporary.swap(name));
+        if (!isBack) temporary.keep(); // litter, but it is the only copy of somebody's text
         return changed;
     }
     replacement->settle();

@@ -32,6 +32,8 @@ public:
     /// Trades places with `name` in one step: then this object holds what stood there, and removes it in the
     /// end. EINVAL or ENOSYS where the file system cannot.
     bool swap(const std::string& name);
+    /// Leaves the file where it is, for somebody to find.
+    void keep() { name_.clear(); }
 
 private:
     TemporaryFile(int folder, FileDescriptor file, std::string name);
