@@ -54,10 +54,26 @@ bool copyAttribute(int from, int to, const char* name)
     }
 }
 
+constexpr char accessList[] = "system.posix_acl_access";
+
+/// `names` end with a NUL each.
+bool hasName(const std::string& names, std::string_view wanted)
+{
+    for (std::size_t start = 0; start < names.size();) {
+        const std::string_view name(names.c_str() + start);
+        if (name == wanted) return true;
+        start += name.size() + 1;
+    }
+    return false;
+}
+
 bool copyExtendedAttributes(int from, int to)
 {
     const std::optional<std::string> names = attributeNames(from);
     if (!names) return false;
+    // A new file takes the folder's default list for its own; the original may have been without one.
+    if (!hasName(*names, accessList) && ::fremovexattr(to, accessList) != 0 && !isMissingSupport(errno))
+        return false;
     for (std::size_t start = 0; start < names->size();) {
         const char* name = names->c_str() + start; // each name is terminated inside the list
         const std::string_view text(name);

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <system_error>
 #include <utility>
 
@@ -19,6 +20,9 @@ namespace chimewell {
 namespace {
 
 constexpr int maximumLinks = 40; // what Linux itself follows
+
+/// How often a file is read that somebody writes into meanwhile.
+constexpr int maxReads = 5;
 
 std::unexpected<FileError> failure(int error)
 {
@@ -61,6 +65,21 @@ std::expected<std::string, FileError> readAll(const FileDescriptor& file)
     }
     content.resize(used);
     return content;
+}
+
+std::pair<std::int64_t, std::int64_t> modificationTime(const struct stat& status)
+{
+#ifdef __APPLE__
+    const struct timespec& time = status.st_mtimespec;
+#else
+    const struct timespec& time = status.st_mtim;
+#endif
+    return {time.tv_sec, time.tv_nsec};
+}
+
+bool isSameState(const struct stat& a, const struct stat& b)
+{
+    return a.st_size == b.st_size && modificationTime(a) == modificationTime(b);
 }
 
 /// The path behind the last link, whether something stands there or not.
@@ -143,13 +162,96 @@ std::expected<void, FileError> put(const std::filesystem::path& file, std::strin
     return {};
 }
 
+std::unexpected<ExchangeError> failed(const FileError& error)
+{
+    return std::unexpected(ExchangeError{.changed = false, .description = error.description});
+}
+
+std::unexpected<ExchangeError> failed(int error)
+{
+    return failed(failure(error).error());
+}
+
+std::unexpected<ExchangeError> changed()
+{
+    return std::unexpected(
+        ExchangeError{.changed = true, .description = "The file was changed by another program"});
+}
+
+/// Whether a file of exactly that content stands at `name`.
+std::expected<bool, FileError> holds(const FileDescriptor& folder, const std::string& name,
+                                     std::string_view content)
+{
+    const auto opened = openRegular(folder.get(), name);
+    const auto present = opened ? readAll(*opened) : std::unexpected(opened.error());
+    if (present) return *present == content;
+    if (present.error().missing) return false;
+    return std::unexpected(present.error());
+}
+
+std::expected<void, ExchangeError> takeFreePlace(Replacement& with)
+{
+    if (with.temporary.renameToFree(with.name)) return {};
+    return errno == EEXIST ? changed() : failed(errno);
+}
+
+/// After a swap that should not have been made: what was swapped out goes back. If that cannot be done it
+/// stays under the name of the temporary file, since it may be the only copy of what somebody wrote.
+std::expected<void, ExchangeError> swapBack(Replacement& with, std::string_view content,
+                                            const std::expected<void, ExchangeError>& otherwise)
+{
+    auto& [folder, name, temporary] = with;
+    if (temporary.swap(name)) {
+        const auto isOurs = holds(folder, temporary.name(), content);
+        if (isOurs && *isOurs) return otherwise;
+        // Even more was written in between: that comes first.
+        if (isOurs && temporary.swap(name)) return otherwise;
+    } else if (errno == ENOENT && temporary.renameToFree(name)) {
+        return otherwise; // ours was removed since
+    }
+    const std::string kept = temporary.name();
+    temporary.keep();
+    return std::unexpected(ExchangeError{
+        .changed = false, .description = "The file was changed by another program, and is kept as " + kept});
+}
+
+std::expected<void, ExchangeError> exchangeKnown(Replacement& with, std::string_view expected,
+                                                 std::string_view content)
+{
+    auto& [folder, name, temporary] = with;
+    const auto isKnown = holds(folder, name, expected);
+    if (!isKnown) return failed(isKnown.error());
+    if (!*isKnown) return changed();
+    if (temporary.swap(name)) {
+        const auto wasKnown = holds(folder, temporary.name(), expected);
+        if (!wasKnown) return swapBack(with, content, failed(wasKnown.error()));
+        return *wasKnown ? std::expected<void, ExchangeError>() : swapBack(with, content, changed());
+    }
+    if (errno == ENOENT) return changed();
+    if (errno != EINVAL && errno != ENOSYS) return failed(errno);
+    // A file system that cannot swap: what is left is the moment since the look above.
+    if (!temporary.rename(name)) return failed(errno);
+    return {};
+}
+
 }
 
 std::expected<std::string, FileError> PosixFiles::read(const std::filesystem::path& file)
 {
     const auto opened = openRegular(AT_FDCWD, file);
     if (!opened) return std::unexpected(opened.error());
-    return readAll(*opened);
+    for (int attempt = 1;; ++attempt) {
+        struct stat before = {};
+        struct stat after = {};
+        if (::fstat(opened->get(), &before) != 0) return failure(errno);
+        auto content = readAll(*opened);
+        if (!content) return content;
+        if (::fstat(opened->get(), &after) != 0) return failure(errno);
+        if (isSameState(before, after)) return content;
+        // Somebody writes into it: what we have may be half of one text and half of another.
+        if (attempt == maxReads) return failure(EBUSY);
+        if (::lseek(opened->get(), 0, SEEK_SET) != 0) return failure(errno);
+    }
 }
 
 std::expected<void, FileError> PosixFiles::replace(const std::filesystem::path& file,
@@ -169,41 +271,12 @@ std::expected<void, ExchangeError> PosixFiles::exchange(const std::filesystem::p
                                                         const std::optional<std::string>& expected,
                                                         std::string_view content)
 {
-    const auto failed = [](const std::string& description) {
-        return std::unexpected(ExchangeError{.changed = false, .description = description});
-    };
-    const std::unexpected changed(
-        ExchangeError{.changed = true, .description = "The file was changed by another program"});
-
     auto replacement = prepare(file, content, {});
-    if (!replacement) return failed(replacement.error().description);
-    auto& [folder, name, temporary] = *replacement;
-
-    if (!expected) {
-        if (!temporary.renameToFree(name))
-            return errno == EEXIST ? changed : failed(failure(errno).error().description);
-        replacement->settle();
-        return {};
-    }
-    const auto holds = [&](const std::string& entry, std::string_view wanted) {
-        const auto opened = openRegular(folder.get(), entry);
-        const auto present = opened ? readAll(*opened) : std::unexpected(opened.error());
-        return present && *present == wanted;
-    };
-    if (!holds(name, *expected)) return changed;
-    if (!temporary.swap(name)) {
-        if (errno == ENOENT) return changed;
-        if (errno != EINVAL && errno != ENOSYS) return failed(failure(errno).error().description);
-        // A file system that cannot swap: what is left is the moment since the look above.
-        if (!temporary.rename(name)) return failed(failure(errno).error().description);
-    } else if (!holds(temporary.name(), *expected)) {
-        // Somebody wrote in between. That goes back, unless even more was written meanwhile, which then comes
-        // first.
-        const bool isBack =
-            temporary.swap(name) && (holds(temporary.name(), content) || temporary.swap(name));
-        if (!isBack) temporary.keep(); // litter, but it is the only copy of somebody's text
-        return changed;
-    }
+    if (!replacement) return failed(replacement.error());
+    if (const auto exchanged =
+            expected ? exchangeKnown(*replacement, *expected, content) : takeFreePlace(*replacement);
+        !exchanged)
+        return exchanged;
     replacement->settle();
     return {};
 }

@@ -13,6 +13,27 @@
 
 namespace chimewell {
 
+namespace {
+
+#ifdef __APPLE__
+constexpr unsigned int onlyIfFree = RENAME_EXCL;
+constexpr unsigned int tradePlaces = RENAME_SWAP;
+#else
+constexpr unsigned int onlyIfFree = RENAME_NOREPLACE;
+constexpr unsigned int tradePlaces = RENAME_EXCHANGE;
+#endif
+
+bool renameWith(unsigned int flags, int folder, const std::string& from, const std::string& to)
+{
+#ifdef __APPLE__
+    return ::renameatx_np(folder, from.c_str(), folder, to.c_str(), flags) == 0;
+#else
+    return ::renameat2(folder, from.c_str(), folder, to.c_str(), flags) == 0;
+#endif
+}
+
+}
+
 TemporaryFile::TemporaryFile(int folder, FileDescriptor file, std::string name)
     : folder_(folder),
       file_(std::move(file)),
@@ -73,17 +94,20 @@ bool TemporaryFile::rename(const std::string& name)
 
 bool TemporaryFile::renameToFree(const std::string& name)
 {
-    // A second name cannot take another file's place, unlike a new one.
-    return ::linkat(folder_, name_.c_str(), folder_, name.c_str(), 0) == 0;
+    if (renameWith(onlyIfFree, folder_, name_, name)) {
+        name_.clear();
+        return true;
+    }
+    if (errno != EINVAL && errno != ENOSYS) return false;
+    // A file system that knows no such renaming: what is left is the moment between these two calls.
+    struct stat status = {};
+    if (::fstatat(folder_, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0) errno = EEXIST;
+    return errno == ENOENT && rename(name);
 }
 
 bool TemporaryFile::swap(const std::string& name)
 {
-#ifdef __APPLE__
-    return ::renameatx_np(folder_, name_.c_str(), folder_, name.c_str(), RENAME_SWAP) == 0;
-#else
-    return ::renameat2(folder_, name_.c_str(), folder_, name.c_str(), RENAME_EXCHANGE) == 0;
-#endif
+    return renameWith(tradePlaces, folder_, name_, name);
 }
 
 }
