@@ -4,7 +4,9 @@
 #include "hooks/claude_hook_installer.h"
 #include "hooks/cursor_hook_installer.h"
 #include "support/fake_time.h"
+#include "support/fixed_home.h"
 #include "support/memory_files.h"
+#include "support/one_resource.h"
 #include "json/json_parser.h"
 #include "json/json_writer.h"
 
@@ -24,27 +26,13 @@ void require(bool holds)
     if (!holds) std::abort();
 }
 
-class Home final : public UserFolders {
-public:
-    std::filesystem::path home() const override { return "/home"; }
-    std::optional<std::filesystem::path> applicationSupport() const override { return std::nullopt; }
-};
-
-class Helper final : public Resources {
-public:
-    std::optional<std::filesystem::path> named(std::string_view) const override
-    {
-        return "/opt/chimewell-hook";
-    }
-};
-
 template<class Installer>
 void installAndUninstall(const std::string& before)
 {
     test::MemoryFiles files;
     test::FakeTime time;
-    const Home home;
-    const Helper helper;
+    const test::FixedHome home;
+    const test::OneResource helper;
     Installer installer({.files = files, .clock = time, .folders = home, .resources = helper});
     std::string& content = files.contents[installer.settingsFileURL()];
     content = before;

@@ -11,7 +11,7 @@ struct HookChange {
     enum class Kind : std::uint8_t { removed, added };
 
     Kind kind = Kind::added;
-    std::string entry; ///< For people: the agent's event and our command line, or our whole line.
+    std::string entry; ///< The lines as they stand in the file, alone in their event's array.
     bool operator==(const HookChange&) const = default;
 };
 

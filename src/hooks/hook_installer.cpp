@@ -28,10 +28,14 @@ std::string backupPrefix(const std::filesystem::path& file)
     return file.filename().string() + std::string(backupInfix);
 }
 
-std::optional<std::filesystem::path> oldestBackup(AgentFiles& files, const std::filesystem::path& file)
+/// Nothing where there is none.
+std::expected<std::optional<std::filesystem::path>, FileError> oldestBackup(AgentFiles& files,
+                                                                            const std::filesystem::path& file)
 {
+    const auto names = files.list(file.parent_path());
+    if (!names && !names.error().missing) return std::unexpected(names.error());
     std::optional<std::string> oldest;
-    for (const std::string& name : files.list(file.parent_path()).value_or(std::vector<std::string>()))
+    for (const std::string& name : names.value_or(std::vector<std::string>()))
         if (name.starts_with(backupPrefix(file)) && (!oldest || name < *oldest)) oldest = name;
     if (!oldest) return std::nullopt;
     return file.parent_path() / *oldest;
@@ -106,18 +110,23 @@ HookInstaller::Result<ProviderInstallState> HookInstaller::uninstall()
 
 HookInstaller::Result<ProviderInstallState> HookInstaller::restore()
 {
-    const auto backup = oldestBackup(with_.files, file_);
+    const auto failed = [](const FileError& error) {
+        return ioError("Could not restore from backup", error.description);
+    };
+    const auto oldest = oldestBackup(with_.files, file_);
+    if (!oldest) return failed(oldest.error());
+    const std::optional<std::filesystem::path>& backup = *oldest;
     if (!backup) return std::unexpected(HookInstallerError{Kind::noBackup, {}});
     const auto content = with_.files.read(*backup);
-    if (!content) return ioError("Could not restore from backup", content.error().description);
+    if (!content) return failed(content.error());
     if (const auto replaced = with_.files.replace(file_, *content); !replaced)
-        return ioError("Could not restore from backup", replaced.error().description);
+        return failed(replaced.error());
     return state();
 }
 
 bool HookInstaller::backupExists() const
 {
-    return oldestBackup(with_.files, file_).has_value();
+    return oldestBackup(with_.files, file_).value_or(std::nullopt).has_value();
 }
 
 HookInstaller::Result<std::vector<HookChange>> HookInstaller::changesByInstall() const

@@ -51,6 +51,7 @@ public:
     bool isBeta() const { return description_.isBeta; }
     std::int64_t hookVersion() const { return description_.hookVersion; }
     const std::filesystem::path& settingsFileURL() const { return file_; }
+    std::string_view settingsFileInHome() const { return description_.settingsFile; }
 
     /// Used instead of the helper among the application's resources, while set.
     std::optional<std::filesystem::path> helperPathOverride;

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "hooks/json_hook_installer.h"
 
+#include "base/utf8.h"
 #include "hooks/command_line.h"
 #include "json/json_parser.h"
 #include "json/json_writer.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <utility>
 
@@ -16,6 +18,17 @@ namespace {
 /// Files beyond this are not read, so none is written either: indentation could make a small file of deep
 /// nesting huge.
 constexpr std::uint64_t maxFileSize = std::uint64_t{64} << 20;
+
+HookInstallerError notSerialised()
+{
+    return {HookInstallerError::Kind::ioError, "Could not serialize settings."};
+}
+
+/// An event's array as it stands in the file begins so.
+std::string startOfLines(std::string_view event)
+{
+    return quoteJSON(event) + ": ";
+}
 
 }
 
@@ -30,6 +43,7 @@ HookInstaller::Result<std::string> JSONHookInstaller::withHooks(const Content& c
 {
     const auto settings = content ? parse(*content) : JSONValue::object({});
     if (!settings) return std::unexpected(settings.error());
+    if (!isValidUtf8(helper)) return std::unexpected(notSerialised());
     std::vector<WantedHook> wanted;
     for (const Event& event : format_.events)
         wanted.push_back({event.agentName, entry(hookCommandLine(helper, providerId(), event.rawName))});
@@ -59,15 +73,14 @@ HookInstaller::Result<std::vector<std::string>> JSONHookInstaller::entries(const
     std::vector<std::string> list;
     for (const FoundHook& hook :
          findOurHooks(*settings, [this](const JSONValue& entry) { return isOurs(entry); }))
-        for (const std::string& command : commands(hook.entry))
-            list.push_back(hook.event + ": " + command);
+        list.push_back(startOfLines(hook.event) + writeJSON(JSONValue::array(std::array{hook.entry})));
     return list;
 }
 
 bool JSONHookInstaller::lacksEntries(const std::vector<std::string>& present) const
 {
     return std::ranges::any_of(format_.events, [&](const Event& event) {
-        const std::string start = std::string(event.agentName) + ": ";
+        const std::string start = startOfLines(event.agentName);
         return std::ranges::none_of(present,
                                     [&](const std::string& entry) { return entry.starts_with(start); });
     });
@@ -82,9 +95,7 @@ HookInstaller::Result<JSONValue> JSONHookInstaller::parse(const std::string& con
 
 HookInstaller::Result<std::string> JSONHookInstaller::serialise(const JSONValue& settings) const
 {
-    if (writtenSize(settings) >= maxFileSize)
-        return std::unexpected(
-            HookInstallerError{HookInstallerError::Kind::ioError, "Could not serialize settings."});
+    if (writtenSize(settings) >= maxFileSize) return std::unexpected(notSerialised());
     return writeJSON(settings) + "\n";
 }
 

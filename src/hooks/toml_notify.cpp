@@ -25,11 +25,39 @@ bool take(std::string_view& text, std::string_view word)
     return true;
 }
 
+/// The hexadecimal digits that spell `letter`, a letter below 128, in either case.
+bool spells(char high, char low, char letter)
+{
+    const auto byte = static_cast<unsigned char>(letter);
+    const auto isDigit = [](char c, unsigned int value) {
+        const char digit = hexDigits[value];
+        return c == digit || (digit > '9' && c == digit - 'A' + 'a');
+    };
+    return isDigit(high, byte >> 4U) && isDigit(low, byte & 0xFU);
+}
+
+/// Takes an escape (`\u006E`, `\U0000006E`) that spells `letter` off the front of `text`.
+bool takeEscaped(std::string_view& text, char letter)
+{
+    std::string_view rest = text;
+    if (!take(rest, "\\u00") && !take(rest, "\\U000000")) return false;
+    if (rest.size() < 2 || !spells(rest[0], rest[1], letter)) return false;
+    text = rest.substr(2);
+    return true;
+}
+
 /// Takes the key `notify`, bare or quoted, and the blanks behind it.
 bool takeNotifyKey(std::string_view& text)
 {
-    if (!take(text, "notify") && !take(text, "\"notify\"") && !take(text, "'notify'")) return false;
-    text = withoutBlanks(text);
+    constexpr std::string_view name = "notify";
+    std::string_view rest = text;
+    if (take(rest, "\"")) {
+        for (const char letter : name)
+            if (!take(rest, {&letter, 1}) && !takeEscaped(rest, letter)) return false;
+        if (!take(rest, "\"")) return false;
+    } else if (!take(rest, name) && !take(rest, "'notify'"))
+        return false;
+    text = withoutBlanks(rest);
     return true;
 }
 

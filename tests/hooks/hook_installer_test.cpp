@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "hooks/claude_hook_installer.h"
-#include "hooks/codex_hook_installer.h"
-#include "hooks/cursor_hook_installer.h"
+#include "hooks/hook_installers.h"
 
 #include "support/fake_time.h"
+#include "support/fixed_home.h"
 #include "support/memory_files.h"
+#include "support/one_resource.h"
 
 #include <gtest/gtest.h>
 
@@ -15,22 +15,6 @@
 namespace chimewell::test {
 
 using namespace std::chrono_literals;
-
-class FixedHome : public UserFolders {
-public:
-    std::filesystem::path home() const override { return "/home/me"; }
-    std::optional<std::filesystem::path> applicationSupport() const override { return std::nullopt; }
-};
-
-class OneResource : public Resources {
-public:
-    std::optional<std::filesystem::path> named(std::string_view name) const override
-    {
-        return name == "chimewell-hook" ? helper : std::nullopt;
-    }
-
-    std::optional<std::filesystem::path> helper = "/opt/chimewell-hook";
-};
 
 template<class Installer>
 class InstallerTest : public ::testing::Test {
@@ -234,10 +218,11 @@ TEST_F(ClaudeHookInstallerTest, TellsWhatWouldChange)
     const auto install = installer.changesByInstall();
     ASSERT_TRUE(install);
     ASSERT_EQ(install->size(), 6u);
-    EXPECT_EQ(install->at(0),
-              (HookChange{HookChange::Kind::removed, "Stop: /old/chimewell-hook claude done"}));
-    EXPECT_EQ(install->at(1),
-              (HookChange{HookChange::Kind::added, "Stop: \"/opt/chimewell-hook\" claude finished"}));
+    EXPECT_EQ(install->at(0), (HookChange{HookChange::Kind::removed,
+                                          "\"Stop\": [\n  {\n    \"hooks\": [\n      {\n        \"command\": "
+                                          "\"/old/chimewell-hook claude done\"\n      }\n    ]\n  }\n]"}));
+    EXPECT_EQ(install->at(1).kind, HookChange::Kind::added);
+    EXPECT_EQ(install->at(1).entry.find("\"Stop\": [\n  {\n    \"matcher\": \"\","), 0u);
 
     EXPECT_TRUE(installer.isUpdateDue({.providerId = "claude", .hookVersion = 3})); // four events are missing
     ASSERT_TRUE(installer.install());
