@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/services.h"
 
-#include "values/event_url.h"
-
 namespace chimewell {
 
 Services::Services(const Ports& ports, const std::filesystem::path& folder)
-    : random_(ports.random),
-      store(ports.files, folder),
+    : store(ports.files, folder),
       sound(ports.sounds),
       notifications(ports.notifications, ports.random),
       voice(ports.speech, ports.locale),
@@ -21,6 +18,19 @@ Services::Services(const Ports& ports, const std::filesystem::path& folder)
               .reminders = reminders,
               .clock = ports.clock}),
       focus(ports.workspace, ports.files),
+      installers({.files = ports.files,
+                  .clock = ports.clock,
+                  .folders = ports.folders,
+                  .resources = ports.resources}),
+      preview(sound, voice),
+      actions({.store = store,
+               .router = router,
+               .notifications = notifications,
+               .sound = sound,
+               .preview = preview,
+               .loginItem = ports.loginItem,
+               .random = ports.random}),
+      cards({.installers = installers, .store = store, .files = ports.files, .timers = ports.timers}),
       urls(router),
       marker(ports.files, ports.clock, folder),
       delegate({.urls = urls, .notifications = notifications, .marker = marker, .timers = ports.timers})
@@ -29,16 +39,6 @@ Services::Services(const Ports& ports, const std::filesystem::path& folder)
     notifications.onOpenSession = [this](const auto& term, const auto& cwd) {
         focus.focusSession(term, cwd);
     };
-}
-
-void Services::playSample()
-{
-    if (const auto payload = parseEventUrl(sampleEventUrl(random_.uuid()))) router.handle(*payload);
-}
-
-void Services::setMuted(bool muted)
-{
-    store.update([&](AppSettings& settings) { settings.globalMuted = muted; });
 }
 
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "alerts/alert_preview.h"
 #include "alerts/notification_service.h"
 #include "alerts/sound_player.h"
 #include "alerts/voice_announcer.h"
@@ -11,15 +12,21 @@
 #include "events/event_router.h"
 #include "events/reminder_manager.h"
 #include "events/session_focus.h"
+#include "hooks/hook_installers.h"
+#include "ports/agent_files.h"
 #include "ports/clock.h"
-#include "ports/files.h"
+#include "ports/login_item.h"
 #include "ports/notification_center.h"
 #include "ports/random.h"
+#include "ports/resources.h"
 #include "ports/speech_synthesizer.h"
 #include "ports/system_sounds.h"
 #include "ports/timers.h"
+#include "ports/user_folders.h"
 #include "ports/user_locale.h"
 #include "ports/workspace.h"
+#include "presentation/provider_cards.h"
+#include "presentation/user_actions.h"
 #include "settings/settings_store.h"
 
 #include <filesystem>
@@ -28,15 +35,18 @@ namespace chimewell {
 
 /// What a system has to bring; all of it outlives the services.
 struct Ports {
-    Files& files;
+    AgentFiles& files;
     const Clock& clock;
     Timers& timers;
     Random& random;
     const UserLocale& locale;
+    const UserFolders& folders;
+    const Resources& resources;
     SystemSounds& sounds;
     SpeechSynthesizer& speech;
     NotificationCenter& notifications;
     Workspace& workspace;
+    LoginItem& loginItem;
 };
 
 /// Every object behind the ports, made once, in the order of the start, and wired to one another.
@@ -47,14 +57,6 @@ public:
     Services(const Services&) = delete;
     Services& operator=(const Services&) = delete;
 
-    /// The user asks to hear and see an alert.
-    void playSample();
-    void setMuted(bool muted);
-
-private:
-    Random& random_;
-
-public:
     SettingsStore store;
     SoundPlayer sound;
     NotificationService notifications;
@@ -63,6 +65,10 @@ public:
     ReminderManager reminders;
     EventRouter router;
     SessionFocus focus;
+    HookInstallers installers;
+    AlertPreview preview;
+    UserActions actions;
+    ProviderCards cards;
     URLEventHandler urls;
     DormantMarker marker;
     AppDelegate delegate;

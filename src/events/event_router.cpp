@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "events/event_router.h"
 
-#include "base/white_space.h"
 #include "values/event_title.h"
 
 #include <algorithm>
@@ -42,12 +41,6 @@ std::string composedTitle(const EventPayload& payload)
 std::string composedBody(const EventPayload& payload)
 {
     return payload.message ? *payload.message : std::string(defaultBannerBody(payload.type));
-}
-
-std::string_view spokenPhrase(const EventSetting& setting)
-{
-    const std::string_view phrase = trimmed(setting.spokenPhrase);
-    return phrase.empty() ? defaultSpokenPhrase(setting.event) : phrase;
 }
 
 }
@@ -106,7 +99,7 @@ void EventRouter::alert(const EventPayload& payload, const EventSetting& setting
     const bool isReminder = occasion == Occasion::reminder;
     if (isReminder || !payload.isTest) with_.history.add(payload, isReminder);
     with_.sound.play(setting.soundId);
-    if (setting.speak) with_.voice.speak(spokenPhrase(setting), setting.voiceIdentifier);
+    if (setting.speak) with_.voice.speak(setting.phraseToSpeak(), setting.voiceIdentifier);
     if (setting.showPopup) {
         const std::string title = composedTitle(payload);
         // Refused only where banners are unavailable, and then there is nobody to tell.

@@ -17,6 +17,8 @@ public:
     virtual std::string shortTime(Date date) const = 0;
     /// `date` seen from `now` in full words, for example "2 minutes ago".
     virtual std::string relativeTime(Date date, Date now) const = 0;
+    /// The same where there is little room, for example "2 min. ago".
+    virtual std::string shortRelativeTime(Date date, Date now) const = 0;
 };
 
 }

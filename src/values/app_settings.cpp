@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "values/app_settings.h"
 
+#include "base/white_space.h"
 #include "values/provider.h"
 #include "values/sound_option.h"
 
@@ -29,6 +30,12 @@ EventSetting EventSetting::defaultSetting(CanonicalEvent event)
             .showPopup = enabledByDefault(event),
             .speak = false,
             .spokenPhrase = {}};
+}
+
+std::string_view EventSetting::phraseToSpeak() const
+{
+    const std::string_view phrase = trimmed(spokenPhrase);
+    return phrase.empty() ? defaultSpokenPhrase(event) : phrase;
 }
 
 std::vector<EventSetting> AppSettings::defaultEvents()

@@ -24,6 +24,8 @@ struct EventSetting {
     bool operator==(const EventSetting&) const = default;
 
     static EventSetting defaultSetting(CanonicalEvent event);
+    /// The user's phrase, else the event's own.
+    std::string_view phraseToSpeak() const;
 };
 
 /// What we did to one agent's configuration file.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "values/canonical_event.h"
 
+#include "base/translatable.h"
+
 #include <cstddef>
 
 namespace chimewell {
@@ -15,16 +17,21 @@ struct Texts {
 };
 
 constexpr std::array<Texts, allCanonicalEvents.size()> texts = {{
-    {"finished", "Finished", "The agent has finished", "The agent finished responding and is idle."},
-    {"waiting_input", "Waiting for input", "The agent is waiting for your input",
-     "The agent is waiting for your input or a permission decision."},
-    {"subagent_finished", "Subagent finished", "A subagent finished", "A subagent completed its task."},
-    {"error", "Error", "The agent reported an error", "The agent reported an error."},
-    {"tool_use", "Tool use", "The agent is using a tool", "The agent is about to use a tool."},
-    {"long_running_start", "Long-running task started", "A long task has started",
-     "A long-running task has begun."},
-    {"session_start", "Session started", "A new session started", "A new agent session started."},
-    {"user_acted", "User responded", "", "You responded to the agent."},
+    {"finished", translatable("Finished"), translatable("The agent has finished"),
+     translatable("The agent finished responding and is idle.")},
+    {"waiting_input", translatable("Waiting for input"), translatable("The agent is waiting for your input"),
+     translatable("The agent is waiting for your input or a permission decision.")},
+    {"subagent_finished", translatable("Subagent finished"), translatable("A subagent finished"),
+     translatable("A subagent completed its task.")},
+    {"error", translatable("Error"), translatable("The agent reported an error"),
+     translatable("The agent reported an error.")},
+    {"tool_use", translatable("Tool use"), translatable("The agent is using a tool"),
+     translatable("The agent is about to use a tool.")},
+    {"long_running_start", translatable("Long-running task started"), translatable("A long task has started"),
+     translatable("A long-running task has begun.")},
+    {"session_start", translatable("Session started"), translatable("A new session started"),
+     translatable("A new agent session started.")},
+    {"user_acted", translatable("User responded"), "", translatable("You responded to the agent.")},
 }};
 
 const Texts& textsOf(CanonicalEvent event)

@@ -76,13 +76,13 @@ TEST_F(AppDelegateTest, AClickedBannerAndASampleReachTheirServices)
     system.center.respond({"FOCUS_SESSION", {{"term", "kitty"}}});
     EXPECT_EQ(system.workspace.asked, (std::vector<std::string>{"open net.kovidgoyal.kitty"}));
 
-    services.playSample();
+    services.actions.playSample();
     ASSERT_EQ(system.center.posted.size(), 1u);
     EXPECT_EQ(system.center.posted[0].title, "Test event");
     EXPECT_TRUE(services.history.entries().empty());
 
-    services.setMuted(true);
-    services.playSample();
+    services.actions.setMuted(true);
+    services.actions.playSample();
     EXPECT_EQ(system.center.posted.size(), 1u);
 }
 

@@ -3,9 +3,12 @@
 
 #include "app/services.h"
 #include "support/fake_time.h"
+#include "support/fixed_home.h"
 #include "support/fixed_random.h"
 #include "support/memory_files.h"
+#include "support/one_resource.h"
 #include "support/plain_locale.h"
+#include "support/recording_login_item.h"
 #include "support/recording_notification_center.h"
 #include "support/recording_sounds.h"
 #include "support/recording_speech.h"
@@ -19,10 +22,13 @@ struct FakeSystem {
     MemoryFiles files;
     FixedRandom random;
     PlainLocale locale;
+    FixedHome home;
+    OneResource resources;
     RecordingSounds sounds;
     RecordingSpeech speech;
     RecordingNotificationCenter center;
     RecordingWorkspace workspace;
+    RecordingLoginItem loginItem;
 
     Ports ports()
     {
@@ -31,10 +37,13 @@ struct FakeSystem {
                 .timers = time,
                 .random = random,
                 .locale = locale,
+                .folders = home,
+                .resources = resources,
                 .sounds = sounds,
                 .speech = speech,
                 .notifications = center,
-                .workspace = workspace};
+                .workspace = workspace,
+                .loginItem = loginItem};
     }
 };
 

@@ -8,6 +8,8 @@ namespace chimewell::test {
 /// A locale whose texts show what was asked.
 class PlainLocale : public UserLocale {
 public:
+    std::string shortRelativeTime(Date date, Date now) const override { return relativeTime(date, now); }
+
     std::string languageCode() const override { return language; }
     std::string shortTime(Date) const override { return "14:05"; }
     std::string relativeTime(Date date, Date now) const override

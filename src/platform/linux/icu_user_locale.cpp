@@ -57,11 +57,25 @@ Amount largestUnit(std::chrono::seconds difference)
     return {static_cast<double>(difference.count()), UDAT_REL_UNIT_SECOND};
 }
 
+std::string inWords(Date::duration difference, const icu::RelativeDateTimeFormatter& formatter,
+                    UErrorCode error)
+{
+    const Amount amount = largestUnit(std::chrono::duration_cast<std::chrono::seconds>(difference));
+    icu::UnicodeString text;
+    if (amount.count == 0)
+        formatter.format(UDAT_DIRECTION_PLAIN, UDAT_ABSOLUTE_NOW, text, error);
+    else
+        formatter.formatNumeric(amount.count, amount.unit, text, error);
+    return U_SUCCESS(error) ? utf8(text) : std::string();
+}
+
 }
 
 struct IcuUserLocale::Formatters {
     explicit Formatters(const Names& names)
         : relative(locale(names.messages, icu::Locale::getEnglish()), error),
+          shortRelative(locale(names.messages, icu::Locale::getEnglish()), nullptr, UDAT_STYLE_SHORT,
+                        UDISPCTX_CAPITALIZATION_NONE, error),
           time(icu::DateFormat::createTimeInstance(icu::DateFormat::kShort,
                                                    locale(names.time, icu::Locale::getRoot())))
     {
@@ -70,6 +84,7 @@ struct IcuUserLocale::Formatters {
 
     UErrorCode error = U_ZERO_ERROR;
     icu::RelativeDateTimeFormatter relative;
+    icu::RelativeDateTimeFormatter shortRelative;
     std::unique_ptr<icu::DateFormat> time;
 };
 
@@ -105,14 +120,12 @@ std::string IcuUserLocale::shortTime(Date date) const
 
 std::string IcuUserLocale::relativeTime(Date date, Date now) const
 {
-    const Amount amount = largestUnit(std::chrono::duration_cast<std::chrono::seconds>(date - now));
-    UErrorCode error = formatters().error;
-    icu::UnicodeString text;
-    if (amount.count == 0)
-        formatters().relative.format(UDAT_DIRECTION_PLAIN, UDAT_ABSOLUTE_NOW, text, error);
-    else
-        formatters().relative.formatNumeric(amount.count, amount.unit, text, error);
-    return U_SUCCESS(error) ? utf8(text) : std::string();
+    return inWords(date - now, formatters().relative, formatters().error);
+}
+
+std::string IcuUserLocale::shortRelativeTime(Date date, Date now) const
+{
+    return inWords(date - now, formatters().shortRelative, formatters().error);
 }
 
 const IcuUserLocale::Formatters& IcuUserLocale::formatters() const

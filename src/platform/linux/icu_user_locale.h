@@ -27,6 +27,7 @@ public:
     /// In the time zone that the system has at the moment of the call.
     std::string shortTime(Date date) const override;
     std::string relativeTime(Date date, Date now) const override;
+    std::string shortRelativeTime(Date date, Date now) const override;
 
 private:
     struct Formatters;

@@ -23,14 +23,14 @@ TEST(IcuUserLocale, SpeaksTheUsersLanguage)
 {
     const EnvironmentVariable zone("TZ", "CET-1CEST,M3.5.0,M10.5.0/3");
     struct Case {
-        std::string locale, language, time, twoMinutesAgo, oneHourAhead;
+        std::string locale, language, time, twoMinutesAgo, oneHourAhead, shortly = "2 min. ago";
     };
     for (const Case& each : {
-             Case{"en_GB.UTF-8", "en", "14:05", "2 minutes ago", "in 1 hour"},
+             Case{"en_GB.UTF-8", "en", "14:05", "2 minutes ago", "in 1 hour", "2 min ago"},
              Case{"en_US.UTF-8", "en", "2:05\u202FPM", "2 minutes ago", "in 1 hour"},
-             Case{"de_DE.UTF-8", "de", "14:05", "vor 2 Minuten", "in 1 Stunde"},
-             Case{"fr_FR@euro", "fr", "14:05", "il y a 2 minutes", "dans 1 heure"},
-             Case{"ar_EG.UTF-8", "ar", "٢:٠٥ م", "قبل دقيقتين", "خلال ساعة واحدة"},
+             Case{"de_DE.UTF-8", "de", "14:05", "vor 2 Minuten", "in 1 Stunde", "vor 2 Min."},
+             Case{"fr_FR@euro", "fr", "14:05", "il y a 2 minutes", "dans 1 heure", "il y a 2\u00A0min"},
+             Case{"ar_EG.UTF-8", "ar", "٢:٠٥ م", "قبل دقيقتين", "خلال ساعة واحدة", "قبل دقيقتين"},
              Case{"C.UTF-8", "en", "14:05", "2 minutes ago", "in 1 hour"},
              Case{"POSIX", "en", "14:05", "2 minutes ago", "in 1 hour"},
              Case{"", "en", "14:05", "2 minutes ago", "in 1 hour"},
@@ -40,6 +40,7 @@ TEST(IcuUserLocale, SpeaksTheUsersLanguage)
         EXPECT_EQ(locale.shortTime(winter), each.time) << each.locale;
         EXPECT_EQ(locale.relativeTime(winter - 2min, winter), each.twoMinutesAgo) << each.locale;
         EXPECT_EQ(locale.relativeTime(winter + 1h, winter), each.oneHourAhead) << each.locale;
+        EXPECT_EQ(locale.shortRelativeTime(winter - 2min, winter), each.shortly) << each.locale;
     }
 }
 

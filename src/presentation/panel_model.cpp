@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#include "presentation/panel_model.h"
+
+#include "presentation/texts.h"
+
+#include <algorithm>
+
+namespace chimewell {
+
+std::string_view menuBarIcon(const AppSettings& settings)
+{
+    return !settings.globalMuted && settings.anyProviderInstalled() ? "bell.badge" : "bell";
+}
+
+PanelHeader panelHeader(const AppSettings& settings)
+{
+    const bool isListening = settings.anyProviderInstalled();
+    return {.status = isListening ? texts::listening : texts::setupNeeded, .isListening = isListening};
+}
+
+bool RecentRow::hasSession() const
+{
+    return !term.value_or("").empty() || !cwd.value_or("").empty();
+}
+
+RecentRow recentRow(const EventHistory::Entry& entry, const UserLocale& locale, Date now)
+{
+    return {.event = entry.event,
+            .title = entry.displayTitle(),
+            .message = entry.message.value_or(std::string(defaultBannerBody(entry.event))),
+            .relativeTime = locale.shortRelativeTime(entry.date, now),
+            .timeText = entry.timeText(locale, now),
+            .term = entry.term,
+            .cwd = entry.cwd};
+}
+
+std::vector<RecentRow> panelRows(const EventHistory& history, const UserLocale& locale, Date now)
+{
+    std::vector<RecentRow> rows;
+    for (const EventHistory::Entry& entry : history.entries()) {
+        if (rows.size() == panelRecentRows) break;
+        rows.push_back(recentRow(entry, locale, now));
+    }
+    return rows;
+}
+
+std::optional<Phrase> panelMore(const EventHistory& history)
+{
+    const std::size_t count = history.entries().size();
+    if (count <= panelRecentRows) return std::nullopt;
+    return Phrase(texts::moreInSettings, static_cast<std::int64_t>(count - panelRecentRows));
+}
+
+std::string_view muteIcon(bool muted)
+{
+    return muted ? "bell.slash.fill" : "bell.fill";
+}
+
+}

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "events/event_history.h"
+#include "ports/user_locale.h"
+#include "presentation/text.h"
+#include "values/app_settings.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace chimewell {
+
+/// The icon in the panel or menu bar: "bell.badge" says that alerts will come.
+std::string_view menuBarIcon(const AppSettings& settings);
+
+/// What the drop-down panel says at its top.
+struct PanelHeader {
+    Text status;
+    bool isListening; ///< A green dot; an orange one and "Finish setup" otherwise.
+};
+PanelHeader panelHeader(const AppSettings& settings);
+
+/// One alert of the past, as the panel and the settings show it.
+struct RecentRow {
+    CanonicalEvent event = CanonicalEvent::finished;
+    std::string title;
+    std::string message;      ///< What the agent said, else what the event means.
+    std::string relativeTime; ///< "4 min. ago"
+    std::string timeText;     ///< "14:29 (4 minutes ago)"
+    std::optional<std::string> term;
+    std::optional<std::string> cwd;
+    bool operator==(const RecentRow&) const = default;
+
+    /// Whether there is anything to go back to.
+    bool hasSession() const;
+};
+RecentRow recentRow(const EventHistory::Entry& entry, const UserLocale& locale, Date now);
+
+/// The panel shows so many; the rest is in the settings.
+inline constexpr std::size_t panelRecentRows = 6;
+
+std::vector<RecentRow> panelRows(const EventHistory& history, const UserLocale& locale, Date now);
+/// Says how many alerts the panel leaves out; nothing if none.
+std::optional<Phrase> panelMore(const EventHistory& history);
+
+/// The icon beside "Mute all".
+std::string_view muteIcon(bool muted);
+
+}

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "presentation/text.h"
+#include "values/auth_status.h"
+
+namespace chimewell {
+
+/// What we say about the permission to show banners.
+Text permissionText(AuthStatus status);
+
+}

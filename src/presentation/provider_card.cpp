@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: MIT
+#include "presentation/provider_card.h"
+
+#include "presentation/texts.h"
+#include "values/provider.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace chimewell {
+
+namespace {
+
+using Status = HookInstallStatus::Kind;
+
+Text infoAfter(PendingAction action)
+{
+    switch (action) {
+    case PendingAction::install:
+    case PendingAction::update:
+        return texts::installedInfo;
+    case PendingAction::uninstall:
+        return texts::uninstalledInfo;
+    case PendingAction::restore:
+        break;
+    }
+    return texts::restoredInfo;
+}
+
+}
+
+ProviderCard::ProviderCard(Collaborators with) : with_(with)
+{
+    refresh();
+}
+
+std::string ProviderCard::shownFile() const
+{
+    return "~/" + std::string(with_.installer.settingsFileInHome());
+}
+
+void ProviderCard::refresh()
+{
+    status_ = with_.installer.status();
+    isUpdateDue_ = isInstalled() && with_.installer.isUpdateDue(record());
+    backupExists_ = with_.installer.backupExists();
+    subscribers_.notify();
+}
+
+Subscription ProviderCard::onChange(std::function<void()> callback)
+{
+    return subscribers_.add(std::move(callback));
+}
+
+StatusPill ProviderCard::pill() const
+{
+    using Kind = StatusPill::Kind;
+    switch (status_.kind) {
+    case Status::installed:
+        if (isUpdateDue_) return {Kind::setupNeeded, texts::updateAvailable};
+        return {Kind::installed, texts::installed};
+    case Status::error:
+        return {Kind::setupNeeded, texts::error};
+    case Status::notInstalled:
+        return {Kind::notInstalled, texts::notInstalled};
+    case Status::comingSoon:
+        break;
+    }
+    return {Kind::neutral, texts::comingSoon};
+}
+
+bool ProviderCard::canInstall() const
+{
+    return status_.kind == Status::notInstalled || status_.kind == Status::error;
+}
+
+std::optional<Text> ProviderCard::agentNote() const
+{
+    if (providerId() == codexProvider) return texts::codexNote;
+    if (providerId() == cursorProvider) return texts::cursorNote;
+    return std::nullopt;
+}
+
+std::optional<ProviderCard::Note> ProviderCard::notice() const
+{
+    if (nothingToReveal_)
+        return Note{"folder",
+                    Tone::secondary,
+                    {texts::nothingToReveal, {file().string(), std::string(displayName())}}};
+    if (isUpdateDue_) return Note{"arrow.triangle.2.circlepath", Tone::orange, texts::updateNotice};
+    if (record().installed && status_.kind == Status::notInstalled)
+        return Note{"exclamationmark.triangle", Tone::orange, texts::hooksMissing};
+    return std::nullopt;
+}
+
+std::optional<std::string> ProviderCard::errorMessage() const
+{
+    if (failure_) return failure_;
+    return status_.kind == Status::error ? std::optional(status_.message) : std::nullopt;
+}
+
+Confirmation ProviderCard::confirmation(PendingAction action) const
+{
+    const std::string path = file().string();
+    const auto with = [](Confirmation question, Text title,
+                         HookInstaller::Result<std::vector<HookChange>> changes) {
+        if (changes) {
+            question.changesTitle = title;
+            question.changes = std::move(*changes);
+        }
+        return question;
+    };
+    switch (action) {
+    case PendingAction::install:
+        return with({.action = action,
+                     .title = {texts::installTitle, {std::string(displayName())}},
+                     .message = {texts::installMessage, {path}},
+                     .confirm = texts::install},
+                    texts::entriesToBeAdded, with_.installer.changesByInstall());
+    case PendingAction::update:
+        return with({.action = action,
+                     .title = texts::updateTitle,
+                     .message = {texts::updateMessage, {path}},
+                     .confirm = texts::update},
+                    texts::entriesToBeChanged, with_.installer.changesByInstall());
+    case PendingAction::uninstall:
+        return with({.action = action,
+                     .title = texts::uninstallTitle,
+                     .message = {texts::uninstallMessage, {path}},
+                     .confirm = texts::uninstall,
+                     .isDestructive = true},
+                    texts::entriesToBeRemoved, with_.installer.changesByUninstall());
+    case PendingAction::restore:
+        break;
+    }
+    return {.action = action,
+            .title = texts::restoreTitle,
+            .message = {texts::restoreMessage, {path}},
+            .confirm = texts::restore,
+            .isDestructive = true,
+            .losesChanges = true};
+}
+
+void ProviderCard::perform(PendingAction action)
+{
+    if (isSettling()) return;
+    clearMessages();
+    const auto done = run(action);
+    if (done) {
+        infoMessage_ = infoAfter(action);
+        with_.store.updateProvider(providerId(), [&](ProviderInstallState& state) { state = *done; });
+    } else {
+        failure_ = done.error().description();
+    }
+    settling_ = with_.timers.once(settlingTime, [this] {
+        settling_.reset();
+        subscribers_.notify();
+    });
+    refresh();
+}
+
+std::optional<std::filesystem::path> ProviderCard::fileToReveal()
+{
+    nothingToReveal_ = !with_.files.kind(file());
+    subscribers_.notify();
+    if (nothingToReveal_) return std::nullopt;
+    return file();
+}
+
+void ProviderCard::clearMessages()
+{
+    infoMessage_.reset();
+    failure_.reset();
+    nothingToReveal_ = false;
+}
+
+HookInstaller::Result<ProviderInstallState> ProviderCard::run(PendingAction action)
+{
+    switch (action) {
+    case PendingAction::install:
+    case PendingAction::update:
+        return with_.installer.install();
+    case PendingAction::uninstall:
+        return with_.installer.uninstall();
+    case PendingAction::restore:
+        break;
+    }
+    return with_.installer.restore();
+}
+
+ProviderInstallState ProviderCard::record() const
+{
+    const auto& records = with_.store.settings().providers;
+    const auto found = std::ranges::find(records, providerId(), &ProviderInstallState::providerId);
+    return found == records.end() ? ProviderInstallState{.providerId = std::string(providerId())} : *found;
+}
+
+}

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "presentation/text.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace chimewell {
+
+enum class OnboardingStep : std::uint8_t { welcome, howItWorks, notifications, installHooks, sounds };
+
+inline constexpr std::array allOnboardingSteps = {
+    OnboardingStep::welcome,      OnboardingStep::howItWorks, OnboardingStep::notifications,
+    OnboardingStep::installHooks, OnboardingStep::sounds,
+};
+
+/// What stands at the top of a step.
+struct StepHeading {
+    std::string_view icon;
+    Text title;
+    Text subtitle;
+};
+StepHeading heading(OnboardingStep step);
+
+/// Nothing before the first step, nothing after the last.
+std::optional<OnboardingStep> stepBefore(OnboardingStep step);
+std::optional<OnboardingStep> stepAfter(OnboardingStep step);
+
+}

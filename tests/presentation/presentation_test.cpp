@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+#include "presentation/event_looks.h"
+#include "presentation/panel_model.h"
+#include "presentation/reminder_choices.h"
+#include "presentation/texts.h"
+#include "presentation/walkthrough_steps.h"
+#include "values/sound_option.h"
+
+#include "support/fake_system.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace chimewell::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+AppSettings settingsWith(bool muted, const std::string& installed)
+{
+    AppSettings settings;
+    settings.globalMuted = muted;
+    settings.normalize();
+    for (ProviderInstallState& provider : settings.providers)
+        provider.installed = provider.providerId == installed;
+    if (installed == "other") settings.providers.push_back({.providerId = "other", .installed = true});
+    return settings;
+}
+
+TEST(PanelModel, IconAndHeaderTellWhetherAlertsWillCome)
+{
+    struct Case {
+        bool muted;
+        std::string installed;
+        std::string_view icon;
+        std::string status;
+    };
+    for (const Case& c :
+         {Case{false, "", "bell", "Setup needed"}, Case{false, "cursor", "bell.badge", "Listening"},
+          Case{true, "cursor", "bell", "Listening"}, Case{false, "other", "bell", "Setup needed"}}) {
+        const AppSettings settings = settingsWith(c.muted, c.installed);
+        EXPECT_EQ(menuBarIcon(settings), c.icon) << c.installed;
+        EXPECT_EQ(english(panelHeader(settings).status), c.status);
+        EXPECT_EQ(panelHeader(settings).isListening, c.status == "Listening");
+    }
+    EXPECT_EQ(muteIcon(true), "bell.slash.fill");
+    EXPECT_EQ(muteIcon(false), "bell.fill");
+}
+
+TEST(PanelModel, ShowsSixAlertsAndCountsTheOthers)
+{
+    FakeSystem system;
+    EventHistory history(system.time, system.random);
+    for (int count = 1; count <= 8; ++count) {
+        history.add(
+            {.type = CanonicalEvent::finished, .provider = "claude", .cwd = "/srv/" + std::to_string(count)},
+            false);
+        const auto rows = panelRows(history, system.locale, system.time.now());
+        EXPECT_EQ(rows.size(), static_cast<std::size_t>(std::min(count, 6)));
+        EXPECT_EQ(rows.front().title, "Finished — " + std::to_string(count));
+        EXPECT_EQ(panelMore(history).has_value(), count > 6);
+    }
+    EXPECT_EQ(english(*panelMore(history)), "2 more in Settings ▸ Recent");
+}
+
+TEST(PanelModel, ARowOffersItsSessionWhenThereIsOne)
+{
+    FakeSystem system;
+    EventHistory history(system.time, system.random);
+    history.add({.type = CanonicalEvent::error, .provider = "claude"}, false);
+    history.add({.type = CanonicalEvent::error, .provider = "claude", .message = "It broke", .term = "kitty"},
+                true);
+    system.time.advance(60s);
+    const auto rows = panelRows(history, system.locale, system.time.now());
+    EXPECT_TRUE(rows[0].hasSession());
+    EXPECT_EQ(rows[0].message, "It broke");
+    EXPECT_FALSE(rows[1].hasSession());
+    EXPECT_EQ(rows[1].message, "The agent reported an error."); // never blank
+    EXPECT_EQ(rows[1].relativeTime, "60 seconds ago");
+    EXPECT_EQ(rows[1].timeText, "14:05 (60 seconds ago)");
+    RecentRow row = rows[0];
+    row.term = row.cwd = "";
+    EXPECT_FALSE(row.hasSession());
+}
+
+TEST(EventLooks, PreviewNeedsSomethingToHear)
+{
+    EventSetting setting = EventSetting::defaultSetting(CanonicalEvent::finished);
+    EXPECT_TRUE(canPreview(setting));
+    setting.soundId = silentSoundId;
+    EXPECT_FALSE(canPreview(setting));
+    setting.speak = true;
+    EXPECT_TRUE(canPreview(setting));
+}
+
+TEST(ReminderChoices, OtherIntervalsAreWholeMinutes)
+{
+    EXPECT_EQ(reminderPreset(180), 3U);
+    EXPECT_EQ(reminderPreset(90), std::nullopt);
+    struct Case {
+        std::int64_t seconds, minutes;
+    };
+    for (const auto& [seconds, minutes] :
+         {Case{90, 1}, Case{1, 1}, Case{-5, 1}, Case{150, 2}, Case{3600, 60}})
+        EXPECT_EQ(shownMinutes(seconds), minutes) << seconds;
+    EXPECT_EQ(storedSeconds(7), 420);
+    EXPECT_EQ(storedSeconds(0), 60);
+    EXPECT_EQ(storedSeconds(1000), 3600);
+}
+
+TEST(Phrases, AreFilledOnce)
+{
+    EXPECT_EQ(english({texts::everyMinutes, 1}), "Every 1 minute");
+    EXPECT_EQ(english({texts::everyMinutes, 7}), "Every 7 minutes");
+    EXPECT_EQ(
+        english({texts::nothingToReveal, {"/home/%2/%n", "Cursor"}}, Wording::linuxDesktop),
+        "Nothing to show yet — /home/%2/%n doesn’t exist. It’s created when you Install (Cursor may not be "
+        "set up on this computer).");
+}
+
+TEST(WalkthroughSteps, LeadFromTheFirstToTheLast)
+{
+    std::vector<OnboardingStep> seen = {OnboardingStep::welcome};
+    while (const auto next = stepAfter(seen.back())) {
+        EXPECT_EQ(stepBefore(*next), seen.back());
+        seen.push_back(*next);
+    }
+    EXPECT_EQ(seen.back(), OnboardingStep::sounds);
+    EXPECT_EQ(seen.size(), 5U);
+    EXPECT_EQ(stepBefore(OnboardingStep::welcome), std::nullopt);
+}
+
+TEST(UserActionsTest, LaunchAtLoginKeepsTheWishAndTellsWhatFailed)
+{
+    FakeSystem system;
+    Services services(system.ports(), "/support/Chimewell");
+    EXPECT_EQ(services.actions.setLaunchAtLogin(true), std::nullopt);
+    EXPECT_TRUE(system.loginItem.enabled);
+    system.loginItem.refuses = true;
+    EXPECT_EQ(services.actions.setLaunchAtLogin(false),
+              "Launch at login could not be changed: Operation not permitted");
+    EXPECT_FALSE(services.store.settings().launchAtLogin);
+    EXPECT_TRUE(system.loginItem.enabled);
+}
+
+}
+}

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ports/login_item.h"
+
+namespace chimewell::test {
+
+/// A login item that is what it was told to be, unless it refuses.
+class RecordingLoginItem : public LoginItem {
+public:
+    bool isEnabled() const override { return enabled; }
+    std::expected<void, std::string> registerItem() override { return set(true); }
+    std::expected<void, std::string> unregisterItem() override { return set(false); }
+
+    bool enabled = false;
+    bool refuses = false;
+
+private:
+    std::expected<void, std::string> set(bool wanted)
+    {
+        if (refuses) return std::unexpected("Operation not permitted");
+        enabled = wanted;
+        return {};
+    }
+};
+
+}
