@@ -7,11 +7,12 @@
 build_packages=(
     g++ cmake ninja-build pkg-config
     qt6-base-dev qt6-svg-dev libpulse-dev libicu-dev libxcb1-dev libutf8proc-dev
+    qt6-tools-dev qt6-l10n-tools
 )
 
 # To run it as an installed program, with every kind of alert.
 run_packages=(
-    libqt6svg6 libpulse-mainloop-glib0
+    libqt6svg6 libpulse-mainloop-glib0 qt6-translations-l10n
     speech-dispatcher speech-dispatcher-espeak-ng espeak-ng
     desktop-file-utils libglib2.0-bin libgtk-3-bin hicolor-icon-theme
 )
@@ -32,6 +33,8 @@ test_packages=(
     appstream man-db shellcheck unicode-data
     thunar dex dconf-service gsettings-desktop-schemas xfconf
     python3-dbus python3-dbusmock strace
+    e2fsprogs mount
+    golang-github-burntsushi-toml-dev
 )
 
 # To measure it: the frame, the peers, the counter of instructions.

@@ -1,40 +1,61 @@
 // SPDX-License-Identifier: MIT
 #include "ui/tray_icon.h"
 
+#include "presentation/panel_model.h"
+#include "presentation/texts.h"
+
+#include <QCursor>
 #include <QIcon>
 #include <QString>
 
+#include <utility>
+
 namespace chimewell {
 
-TrayIcon::TrayIcon(SettingsStore& store, Actions actions)
-    : store_(store),
-      muteAll_(menu_.addAction(QStringLiteral("Mute all")))
+TrayIcon::TrayIcon(const InterfaceServices& services, Actions actions)
+    : services_(services),
+      actions_(std::move(actions))
 {
-    muteAll_->setCheckable(true);
-    QObject::connect(muteAll_, &QAction::triggered, &menu_, [this](bool muted) {
-        store_.update([&](AppSettings& settings) { settings.globalMuted = muted; });
-    });
-    menu_.addAction(QStringLiteral("Play a sample alert"), &menu_, std::move(actions.playSample));
+    const Words& words = services_.words;
+    menu_.addAction(words(texts::openPanel), this, [this] { actions_.openPanel(place()); });
     menu_.addSeparator();
-    menu_.addAction(QStringLiteral("Quit"), &menu_, std::move(actions.quit))
-        ->setToolTip(QStringLiteral("Quit — Chimewell stays closed until you open it again"));
+    muteAll_ = menu_.addAction(words(texts::muteAll));
+    muteAll_->setCheckable(true);
+    connect(muteAll_, &QAction::triggered, this, [this](bool muted) { services_.actions.setMuted(muted); });
+    menu_.addAction(words(texts::playSample), this, [this] { services_.actions.playSample(); });
+    menu_.addAction(words(texts::openSettings), this, [this] { actions_.openSettings(); });
+    menu_.addSeparator();
+    menu_.addAction(words(texts::quit), this, [this] { services_.quit(); })
+        ->setToolTip(words(texts::quitTooltip));
     menu_.setToolTipsVisible(true);
 
+    connect(&icon_, &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
+        if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::MiddleClick)
+            actions_.openPanel(place());
+    });
     icon_.setContextMenu(&menu_);
-    icon_.setToolTip(QStringLiteral("Chimewell"));
-    subscription_ = store_.onChange([this] { show(); });
+    subscription_ = services_.store.onChange([this] { show(); });
     show();
     icon_.show();
 }
 
+QRect TrayIcon::place() const
+{
+    // Hosts that draw the icon themselves do not tell where it is; the pointer that clicked it is there.
+    const QRect known = icon_.geometry();
+    return known.isEmpty() ? QRect(QCursor::pos(), QSize(1, 1)) : known;
+}
+
 void TrayIcon::show()
 {
-    const AppSettings& settings = store_.settings();
+    const AppSettings& settings = services_.store.settings();
     muteAll_->setChecked(settings.globalMuted);
-    const bool armed = !settings.globalMuted && settings.anyProviderInstalled();
-    // By name, so that the panel draws it in its own colours.
+    const bool armed = menuBarIcon(settings) == "bell.badge";
+    // By name, so that the desktop draws it in its own colours.
     icon_.setIcon(QIcon::fromTheme(armed ? QStringLiteral("chimewell-armed-symbolic")
                                          : QStringLiteral("chimewell-symbolic")));
+    icon_.setToolTip(services_.words(texts::panelName) + QStringLiteral(" — ") +
+                     services_.words(panelHeader(settings).status));
 }
 
 }

@@ -57,6 +57,10 @@ def write_settings(events=(), **settings):
     (folder() / "settings.json").write_text(json.dumps(settings))
 
 
+def stored():
+    return json.loads((folder() / "settings.json").read_text())
+
+
 def install(build):
     """Installs what is built in `build` for the user of the virtual desktop, and tells its bus."""
     installed = Installation(pathlib.Path(os.environ["HOME"], ".local"))
@@ -73,6 +77,10 @@ class Installation:
         self.program = self.prefix / "bin/chimewell"
         self.helper = self.prefix / "libexec/chimewell/chimewell-hook"
         self.sounds = self.prefix / "share/chimewell/sounds"
+
+    def start(self):
+        """By hand, without the bus."""
+        return subprocess.Popen([self.program], stdin=subprocess.DEVNULL)
 
     def hook(self, *arguments, payload="", **environment):
         """Runs the helper as an agent does: environment and folder of its own, the payload on its input."""

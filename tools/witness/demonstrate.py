@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
-"""demonstrate.py BUILD SCREENSHOT, inside the virtual desktop: installs what is built in BUILD, starts it,
-sends one event through its helper, and prints what the notification server got, which sound was heard and what
-was spoken."""
+"""demonstrate.py BUILD SCREENSHOT, inside the virtual desktop: installs what is built in BUILD, starts it for the first
+time, skips its walkthrough, sends one event through its helper, and prints what the notification server got, which
+sound was heard and what was spoken. Beside SCREENSHOT go one of the walkthrough and one of the panel."""
 import os
 import pathlib
 import subprocess
@@ -11,22 +11,33 @@ import uuid
 import chimewell
 import speech
 from banners import BannerWatch
+from interface import has_window, press_keys, window
 from sounds import Recording
+from tray import StatusNotifierIcon
 from waiting import TookTooLong, until
 
 
 def main():
-    build, screenshot = sys.argv[1:]
+    build, screenshot = sys.argv[1], pathlib.Path(sys.argv[2])
     installed = chimewell.install(build)
     project = pathlib.Path(os.environ["HOME"], "projects/paint-shop")
     project.mkdir(parents=True)
     speech.keep_log()
-    chimewell.write_settings([{"event": "waiting_input", "speak": True}])
     watch = BannerWatch()
 
-    print("Starting by D-Bus activation:", installed.program)
+    print("Starting for the first time:", installed.program)
     chimewell.activate()
-    until(tray_items, "its icon in the tray")
+    icon = StatusNotifierIcon()
+    process = chimewell.process_of(chimewell.NAME)
+    walkthrough = window(process, "Welcome")
+    walkthrough.until_shows("Welcome to Chimewell")
+    photograph(screenshot.with_stem("walkthrough"))
+    walkthrough.find("Skip setup", "push button").press()
+    until(lambda: not has_window(process, "Welcome"), "the end of the walkthrough")
+    chimewell.act("settings")
+    settings = window(process, "Chimewell Settings")
+    settings.find("Speak for Waiting for input", "check box").press()
+    press_keys("ctrl+w")
 
     with Recording() as recording:
         print("Event: Claude Code waits for a permission, through", installed.helper)
@@ -38,7 +49,9 @@ def main():
             until(lambda: speech.spoken() > 0, "the end of the spoken phrase", 20)
         except TookTooLong as fault:
             print(fault, file=sys.stderr)
-        subprocess.run(["import", "-window", "root", screenshot], check=True)
+        icon.click()
+        window(process, "Chimewell").until_shows("Waiting for input — paint-shop")
+        photograph(screenshot)
         until(recording.is_silent, "silence")
         heard = recording.heard(installed.sounds)
 
@@ -53,17 +66,14 @@ def main():
     print(f"              and {other:.1f} s that are none of the sounds")
     for phrase in speech.phrases()[:speech.spoken()]:
         print(f'Spoken:       "{phrase}" (the speech service reports its end)')
-    print(f"Screenshot:   {screenshot}")
+    print(f"Screenshots:  {screenshot} and {screenshot.with_stem('walkthrough')}")
     complete = speech.spoken() and other > 0.5 and any(sound.name for sound in heard)
     chimewell.end()
     return 0 if complete else 1
 
 
-def tray_items():
-    return chimewell.call("org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher",
-                          "org.freedesktop.DBus.Properties", "Get",
-                          chimewell.GLib.Variant("(ss)", ("org.kde.StatusNotifierWatcher",
-                                                          "RegisteredStatusNotifierItems")))[0]
+def photograph(file):
+    subprocess.run(["import", "-window", "root", file], check=True)
 
 
 if __name__ == "__main__":

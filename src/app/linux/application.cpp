@@ -20,31 +20,52 @@ std::optional<std::string> xDisplay()
 }
 
 Application::Application(const QDBusConnection& bus, FreedesktopApplication& seat,
-                         const std::filesystem::path& sounds)
+                         const Installation& installation)
     : locale_(IcuUserLocale::Names::fromEnvironment()),
+      resources_({installation.programs}),
       center_(bus, timers_, tokens_),
-      sounds_(sounds),
+      sounds_(installation.sounds),
       speech_(SsipSpeechSynthesizer::Service::ofSession()),
       workspace_(
           {.folders = folders_, .files = files_, .tokens = tokens_, .bus = bus, .xDisplay = xDisplay()}),
+      loginItem_(folders_, files_, {installation.program.string()}),
       services_({.files = files_,
                  .clock = clock_,
                  .timers = timers_,
                  .random = random_,
                  .locale = locale_,
+                 .folders = folders_,
+                 .resources = resources_,
                  .sounds = sounds_,
                  .speech = speech_,
                  .notifications = center_,
-                 .workspace = workspace_},
+                 .workspace = workspace_,
+                 .loginItem = loginItem_},
                 applicationFolder(folders_)),
       signals_([this] { endWithSession(); }),
-      trayHost_(bus, [this] {
-          icon_.emplace(services_.store, TrayIcon::Actions{.playSample = [this] { services_.playSample(); },
-                                                           .quit = [this] { quitByUser(); }});
-      })
+      interface_({.store = services_.store,
+                  .history = services_.history,
+                  .notifications = services_.notifications,
+                  .actions = services_.actions,
+                  .cards = services_.cards,
+                  .focus = services_.focus,
+                  .voice = services_.voice,
+                  .speech = speech_,
+                  .workspace = workspace_,
+                  .locale = locale_,
+                  .clock = clock_,
+                  .words = Words(Wording::linuxDesktop),
+                  .version = CHIMEWELL_VERSION,
+                  .addresses = {.website = CHIMEWELL_WEBSITE,
+                                .support = CHIMEWELL_SUPPORT_PAGE,
+                                .privacyPolicy = CHIMEWELL_PRIVACY_PAGE,
+                                .terms = CHIMEWELL_TERMS_PAGE},
+                  .quit = [this] { quitByUser(); }}),
+      trayHost_(bus, [this] { interface_.showIcon(); }),
+      appearance_(bus, [this](std::optional<bool> isDark) { interface_.setDark(isDark); })
 {
     seat.setHandlers({.open = [this](const auto& url) { services_.urls.handleURLEvent(url); },
-                      .activate = [] {}, // nothing to show yet
+                      .activate = [this] { interface_.activate(); },
                       .action = [this](const std::string& action) { act(action); }});
 
     QDBusConnection(bus).connect({}, QStringLiteral("/org/freedesktop/DBus/Local"),
@@ -59,13 +80,16 @@ Application::Application(const QDBusConnection& bus, FreedesktopApplication& sea
             [this] { services_.delegate.applicationWillTerminate(quitReason_); });
 
     services_.delegate.applicationDidFinishLaunching();
+    interface_.start();
 }
 
 void Application::act(const std::string& action)
 {
-    if (action == "sample") services_.playSample();
-    if (action == "mute") services_.setMuted(true);
-    if (action == "unmute") services_.setMuted(false);
+    if (action == "settings") interface_.openSettings();
+    if (action == "walkthrough") interface_.openWalkthrough();
+    if (action == "sample") services_.actions.playSample();
+    if (action == "mute") services_.actions.setMuted(true);
+    if (action == "unmute") services_.actions.setMuted(false);
     if (action == "quit") quitByUser();
 }
 

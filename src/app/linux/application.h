@@ -4,8 +4,10 @@
 #include "app/app_delegate.h"
 #include "app/services.h"
 #include "platform/linux/activation_tokens.h"
+#include "platform/linux/autostart_login_item.h"
 #include "platform/linux/boot_timers.h"
 #include "platform/linux/dbus_notification_center.h"
+#include "platform/linux/desktop_appearance.h"
 #include "platform/linux/freedesktop_application.h"
 #include "platform/linux/icu_user_locale.h"
 #include "platform/linux/linux_workspace.h"
@@ -13,11 +15,12 @@
 #include "platform/linux/ssip_speech_synthesizer.h"
 #include "platform/linux/termination_signals.h"
 #include "platform/linux/tray_host.h"
+#include "platform/posix/installed_resources.h"
 #include "platform/posix/posix_clock.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/random_device.h"
 #include "platform/posix/xdg_user_folders.h"
-#include "ui/tray_icon.h"
+#include "ui/user_interface.h"
 
 #include <QDBusConnection>
 #include <QObject>
@@ -32,10 +35,15 @@ namespace chimewell {
 class Application final : public QObject {
     Q_OBJECT
 public:
-    /// `seat` is claimed; `sounds` is the folder of our alert sounds. The Qt application exists and its
-    /// event loop does not run yet.
-    Application(const QDBusConnection& bus, FreedesktopApplication& seat,
-                const std::filesystem::path& sounds);
+    /// Where our parts are installed.
+    struct Installation {
+        std::filesystem::path program; ///< What starts the application.
+        std::filesystem::path sounds;
+        std::filesystem::path programs; ///< Those that only other programs start.
+    };
+
+    /// `seat` is claimed. The Qt application exists and its event loop does not run yet.
+    Application(const QDBusConnection& bus, FreedesktopApplication& seat, const Installation& installation);
 
 private Q_SLOTS:
     void endWithSession();
@@ -51,11 +59,13 @@ private:
     BootTimers timers_;
     RandomDevice random_;
     IcuUserLocale locale_;
+    InstalledResources resources_;
     ActivationTokens tokens_;
     DbusNotificationCenter center_;
     PulseSystemSounds sounds_;
     SsipSpeechSynthesizer speech_;
     LinuxWorkspace workspace_;
+    AutostartLoginItem loginItem_;
 
     Services services_;
 
@@ -63,8 +73,9 @@ private:
     /// Every end that nobody asked for is the session's: log-out, a signal, the bus that went away.
     QuitReason quitReason_ = QuitReason::sessionEnd;
 
-    std::optional<TrayIcon> icon_; ///< Once there is a host to show it.
+    UserInterface interface_;
     TrayHost trayHost_;
+    DesktopAppearance appearance_;
 };
 
 }

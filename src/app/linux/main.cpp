@@ -2,14 +2,18 @@
 #include "app/linux/application.h"
 #include "platform/linux/freedesktop_application.h"
 #include "platform/linux/running_instance.h"
+#include "ui/translation.h"
 
 #include <QApplication>
 #include <QCoreApplication>
 #include <QDBusConnection>
+#include <QIcon>
+#include <QLocale>
 #include <QStringList>
 
 #include <csignal>
 #include <cstdio>
+#include <filesystem>
 
 namespace {
 
@@ -37,9 +41,11 @@ int run(int& argc, char** argv)
 {
     survive(SIGPIPE);
     survive(SIGXFSZ);
-    const QApplication qt(argc, argv);
+    QApplication qt(argc, argv);
+    installTranslation(qt, QLocale::system().uiLanguages());
     QCoreApplication::setApplicationName(QStringLiteral("chimewell"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Chimewell"));
+    QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("app.chimewell.Chimewell")));
     QGuiApplication::setDesktopFileName(QStringLiteral("app.chimewell.Chimewell"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
 
@@ -50,9 +56,11 @@ int run(int& argc, char** argv)
         std::fputs("chimewell: no session bus, or nobody answers on it\n", stderr);
         return 1;
     }
-    const QString sounds =
-        QCoreApplication::applicationDirPath() + QStringLiteral("/" CHIMEWELL_SOUNDS_FOLDER);
-    const Application application(bus, seat, sounds.toStdString());
+    const std::filesystem::path here = QCoreApplication::applicationDirPath().toStdString();
+    const Application application(bus, seat,
+                                  {.program = QCoreApplication::applicationFilePath().toStdString(),
+                                   .sounds = here / CHIMEWELL_SOUNDS_FOLDER,
+                                   .programs = here / CHIMEWELL_PROGRAMS_FOLDER});
     return QApplication::exec();
 }
 

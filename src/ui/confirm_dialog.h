@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "presentation/provider_card.h"
+#include "ui/words.h"
+
+#include <QDialog>
+
+class QVBoxLayout;
+
+namespace chimewell {
+
+/// Asks before an agent's file is changed, and shows which entries would change. To be shown with open(); it
+/// is window-modal, and deleted once it was answered. Only `accepted` means yes.
+class ConfirmDialog final : public QDialog {
+    Q_OBJECT
+public:
+    ConfirmDialog(const Confirmation& question, const Words& words, QWidget* parent);
+
+protected:
+    bool event(QEvent* event) override;
+
+private:
+    void addChanges(const Confirmation& question, const Words& words, QVBoxLayout& layout);
+    void addButtons(const Confirmation& question, const Words& words, QVBoxLayout& layout);
+    /// As high as its content.
+    void fit();
+};
+
+}

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#include "ui/controls/fold.h"
+
+#include <QEvent>
+#include <QStyle>
+
+#include <cmath>
+
+namespace chimewell {
+
+namespace {
+
+constexpr int slideMilliseconds = 150;
+
+}
+
+Fold::Fold(QWidget* content, QWidget* parent) : QWidget(parent), content_(content)
+{
+    content_->setParent(this);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    hide();
+    slide_.setDuration(slideMilliseconds);
+    connect(&slide_, &QVariantAnimation::valueChanged, this,
+            [this](const QVariant& share) { moveTo(share.toReal()); });
+}
+
+void Fold::setOpen(bool isOpen)
+{
+    if (isOpen == isOpen_) return;
+    isOpen_ = isOpen;
+    const bool isSeen = parentWidget() && parentWidget()->isVisible();
+    const bool moves = isSeen && style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this);
+    slide_.stop();
+    if (!moves) return moveTo(isOpen ? 1 : 0);
+    slide_.setStartValue(share_);
+    slide_.setEndValue(isOpen ? 1.0 : 0.0);
+    slide_.start();
+}
+
+void Fold::moveTo(qreal share)
+{
+    share_ = share;
+    setVisible(isOpen_ || share_ > 0);
+    updateGeometry();
+}
+
+int Fold::contentHeight(int width) const
+{
+    return content_->hasHeightForWidth() ? content_->heightForWidth(width) : content_->sizeHint().height();
+}
+
+int Fold::heightForWidth(int width) const
+{
+    return static_cast<int>(std::lround(share_ * contentHeight(width)));
+}
+
+QSize Fold::sizeHint() const
+{
+    const QSize size = content_->sizeHint();
+    return {size.width(), static_cast<int>(std::lround(share_ * size.height()))};
+}
+
+QSize Fold::minimumSizeHint() const
+{
+    return {content_->minimumSizeHint().width(), 0};
+}
+
+bool Fold::event(QEvent* event)
+{
+    if (event->type() == QEvent::LayoutRequest) { // the content wants another size
+        place();
+        updateGeometry();
+    }
+    return QWidget::event(event);
+}
+
+void Fold::resizeEvent(QResizeEvent*)
+{
+    place();
+}
+
+void Fold::place()
+{
+    // The content comes from under what is above it.
+    const int full = contentHeight(width());
+    content_->setGeometry(0, height() - full, width(), full);
+}
+
+}

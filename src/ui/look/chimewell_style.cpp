@@ -1,0 +1,380 @@
+// SPDX-License-Identifier: MIT
+#include "ui/look/chimewell_style.h"
+
+#include "ui/look/colours.h"
+#include "ui/look/metrics.h"
+#include "ui/look/paint.h"
+#include "ui/look/symbol.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPushButton>
+#include <QStyleFactory>
+#include <QStyleOption>
+
+#include <algorithm>
+
+namespace chimewell {
+
+namespace {
+
+constexpr char dueProperty[] = "isDue";
+constexpr char graveProperty[] = "isGrave";
+constexpr int fieldPadding = 8;
+constexpr int buttonPadding = 12;
+constexpr int scrollBarWidth = 10;
+constexpr int besideIcon = 6;
+constexpr int besideCheckBox = 6, besideCheckBoxWithIcon = 10;
+
+double fillOf(const QStyleOption& option)
+{
+    if (!(option.state & QStyle::State_Enabled)) return Colours::disabledFill;
+    if (option.state & (QStyle::State_Sunken | QStyle::State_On)) return Colours::buttonPressed;
+    return option.state & QStyle::State_MouseOver ? Colours::buttonHover : Colours::buttonRest;
+}
+
+bool isDue(const QWidget* widget)
+{
+    return widget && widget->property(dueProperty).toBool();
+}
+
+QColor dueFill(const QStyleOption& option)
+{
+    const Colours& c = colours();
+    const QColor veil = c.onAccent == Qt::white ? Qt::black : Qt::white;
+    if (option.state & QStyle::State_Sunken) return Colours::mixed(veil, c.accent, 0.16);
+    return option.state & QStyle::State_MouseOver ? Colours::mixed(veil, c.accent, 0.08) : c.accent;
+}
+
+void paintButton(QPainter& painter, const QStyleOption& option, const QWidget* widget)
+{
+    const bool enabled = option.state & QStyle::State_Enabled;
+    const int radius = scaled(metrics::controlRadius);
+    const auto* button = qobject_cast<const QPushButton*>(widget);
+    const QRectF area = option.rect;
+    if (isDue(widget) && enabled)
+        fillRounded(painter, area, radius, dueFill(option));
+    else if (button && button->isFlat()) {
+        const bool sunken = option.state & QStyle::State_Sunken;
+        if (enabled && (sunken || option.state & QStyle::State_MouseOver))
+            fillRounded(painter, area, radius, colours().wash(sunken ? Colours::pressed : Colours::hover));
+    } else
+        fillRounded(painter, area, radius, colours().wash(fillOf(option)));
+    if (ChimewellStyle::showsFocus(widget)) paintFocusRing(painter, area, radius);
+}
+
+/// Both as one thing, on that side of the area or in its middle.
+void paintIconAndText(const QStyle& style, QPainter& painter, const QStyleOptionButton& option,
+                      Qt::Alignment side, QPalette::ColorRole role)
+{
+    const bool enabled = option.state & QStyle::State_Enabled;
+    const QSize icon = option.iconSize;
+    const int start = icon.width() + scaled(besideIcon);
+    const QSize both(start + option.fontMetrics.size(Qt::TextShowMnemonic, option.text).width(),
+                     option.rect.height());
+    const QRect line = QStyle::alignedRect(option.direction, side | Qt::AlignVCenter, both, option.rect);
+    const QRect picture(line.left(), line.top() + (line.height() - icon.height()) / 2, icon.width(),
+                        icon.height());
+    option.icon.paint(&painter, QStyle::visualRect(option.direction, line, picture), Qt::AlignCenter,
+                      enabled ? QIcon::Normal : QIcon::Disabled);
+    const Qt::Alignment leading = QStyle::visualAlignment(option.direction, Qt::AlignLeft);
+    style.drawItemText(&painter, QStyle::visualRect(option.direction, line, line.adjusted(start, 0, 0, 0)),
+                       static_cast<int>(leading | Qt::AlignVCenter) | Qt::TextShowMnemonic, option.palette,
+                       enabled, option.text, role);
+}
+
+bool hasIconAndText(const QStyleOptionButton& option)
+{
+    return !option.icon.isNull() && !option.text.isEmpty();
+}
+
+int besideIndicator(const QStyleOptionButton& option)
+{
+    return scaled(hasIconAndText(option) ? besideCheckBoxWithIcon : besideCheckBox);
+}
+
+void paintCheckBox(QPainter& painter, const QStyleOption& option)
+{
+    const Colours& c = colours();
+    const double opacity = option.state & QStyle::State_Enabled ? 1 : Colours::disabled;
+    const QRectF box = option.rect;
+    const int radius = scaled(metrics::checkRadius);
+    painter.setOpacity(opacity);
+    if (option.state & QStyle::State_On) {
+        fillRounded(painter, box, radius, c.accent);
+        paintSymbol(painter, "checkmark", box, scaled(12), c.onAccent);
+    } else {
+        fillRounded(painter, box, radius, c.card);
+        strokeRounded(painter, box, radius, c.outline, 1.25);
+    }
+    painter.setOpacity(1);
+}
+
+void paintPicker(QPainter& painter, const QStyleOptionComboBox& option, const QWidget* widget)
+{
+    const bool enabled = option.state & QStyle::State_Enabled;
+    QStyleOption state = option;
+    state.state &= ~QStyle::State_On;
+    const QRectF area = option.rect;
+    fillRounded(painter, area, scaled(metrics::controlRadius), colours().wash(fillOf(state)));
+    const bool leftwards = option.direction == Qt::RightToLeft;
+    const int side = scaled(22);
+    const QRectF arrows(leftwards ? area.left() + scaled(4) : area.right() - side - scaled(2), area.top(),
+                        side, area.height());
+    QColor colour = colours().secondary;
+    if (!enabled) colour = Colours::faint(colour, Colours::disabled);
+    const int size = scaled(11);
+    paintSymbol(painter, "chevron.up", arrows.translated(0, -scaled(3.5)), size, colour);
+    paintSymbol(painter, "chevron.down", arrows.translated(0, scaled(3.5)), size, colour);
+    if (ChimewellStyle::showsFocus(widget)) paintFocusRing(painter, area, scaled(metrics::controlRadius));
+}
+
+void paintScrollBar(QPainter& painter, const QStyleOptionSlider& option, const QRect& slider)
+{
+    if (option.minimum == option.maximum) return;
+    QRectF handle = slider;
+    handle =
+        option.orientation == Qt::Vertical ? handle.adjusted(2, 1, -2, -1) : handle.adjusted(1, 2, -1, -2);
+    const bool active = option.state & (QStyle::State_MouseOver | QStyle::State_Sunken);
+    fillRounded(painter, handle, std::min(handle.width(), handle.height()) / 2,
+                Colours::faint(colours().text, active ? 0.45 : 0.3));
+}
+
+}
+
+ChimewellStyle::ChimewellStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+
+void ChimewellStyle::setDue(QWidget* button, bool isDue)
+{
+    button->setProperty(dueProperty, isDue);
+    button->update();
+}
+
+void ChimewellStyle::setGrave(QWidget* button)
+{
+    button->setProperty(graveProperty, true);
+    button->update();
+}
+
+bool ChimewellStyle::showsFocus(const QWidget* widget)
+{
+    return widget && widget->hasFocus() && widget->window()->testAttribute(Qt::WA_KeyboardFocusChange);
+}
+
+void ChimewellStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                                   const QWidget* widget) const
+{
+    painter->save();
+    switch (element) {
+    case PE_PanelButtonCommand:
+        paintButton(*painter, *option, widget);
+        break;
+    case PE_FrameDefaultButton:
+    case PE_FrameFocusRect: // drawn with the control
+        break;
+    case PE_IndicatorCheckBox:
+        paintCheckBox(*painter, *option);
+        break;
+    case PE_PanelLineEdit: {
+        const QRectF area = option->rect;
+        const int radius = scaled(metrics::controlRadius);
+        fillRounded(*painter, area, radius, colours().card);
+        if (option->state & State_HasFocus)
+            paintFocusRing(*painter, area, radius);
+        else
+            strokeRounded(*painter, area, radius, colours().outline);
+        break;
+    }
+    default:
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+    painter->restore();
+}
+
+void ChimewellStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                                 const QWidget* widget) const
+{
+    if (element == CE_PushButtonLabel) {
+        if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
+            QStyleOptionButton changed = *button;
+            const bool enabled = option->state & State_Enabled;
+            QColor colour = isDue(widget) && enabled ? colours().onAccent : colours().text;
+            if (button->features & QStyleOptionButton::Flat && enabled)
+                colour = widget->palette().color(QPalette::ButtonText);
+            if (widget && widget->property(graveProperty).toBool()) colour = colours().red;
+            if (!enabled) colour = Colours::faint(colour, Colours::disabled);
+            changed.palette.setColor(QPalette::ButtonText, colour);
+            changed.state &= ~State_On; // whose text Fusion would move
+            if (hasIconAndText(changed))
+                paintIconAndText(*this, *painter, changed, Qt::AlignHCenter, QPalette::ButtonText);
+            else
+                QProxyStyle::drawControl(element, &changed, painter, widget);
+            return;
+        }
+    }
+    if (element == CE_PushButtonBevel) {
+        // Fusion leaves the ground out where a button is flat, and with it the wash and the ring.
+        drawPrimitive(PE_PanelButtonCommand, option, painter, widget);
+        return;
+    }
+    if (element == CE_CheckBoxLabel) {
+        const auto* box = qstyleoption_cast<const QStyleOptionButton*>(option);
+        if (box && hasIconAndText(*box))
+            return paintIconAndText(*this, *painter, *box, Qt::AlignLeft, QPalette::WindowText);
+    }
+    if (const auto* box = qstyleoption_cast<const QStyleOptionButton*>(option);
+        box && element == CE_CheckBox) {
+        // Fusion would put the words where it has them itself.
+        QStyleOptionButton part = *box;
+        part.rect = subElementRect(SE_CheckBoxIndicator, box, widget);
+        drawPrimitive(PE_IndicatorCheckBox, &part, painter, widget);
+        part.rect = subElementRect(SE_CheckBoxContents, box, widget);
+        drawControl(CE_CheckBoxLabel, &part, painter, widget);
+        if (showsFocus(widget)) {
+            painter->save();
+            paintFocusRing(*painter, QRectF(option->rect), scaled(metrics::checkRadius));
+            painter->restore();
+        }
+        return;
+    }
+    QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+void ChimewellStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                        QPainter* painter, const QWidget* widget) const
+{
+    painter->save();
+    if (const auto* picker = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+        picker && control == CC_ComboBox)
+        paintPicker(*painter, *picker, widget);
+    else if (const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
+             slider && control == CC_ScrollBar)
+        paintScrollBar(*painter, *slider, subControlRect(CC_ScrollBar, slider, SC_ScrollBarSlider, widget));
+    else
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+    painter->restore();
+}
+
+QSize ChimewellStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                       const QWidget* widget) const
+{
+    const auto height = [&](int text) { return std::max(scaled(metrics::controlHeight), text + scaled(8)); };
+    const int line = option ? option->fontMetrics.height() : 0;
+    switch (type) {
+    case CT_PushButton: {
+        const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
+        const bool flat = button && button->features & QStyleOptionButton::Flat;
+        const int words = size.width() + (button && hasIconAndText(*button) ? scaled(besideIcon) - 4 : 0);
+        return {words + 2 * scaled(flat ? fieldPadding : buttonPadding), height(line)};
+    }
+    case CT_ComboBox: {
+        const QSize plain = QProxyStyle::sizeFromContents(type, option, size, widget);
+        return {plain.width() + scaled(14), height(line)};
+    }
+    case CT_LineEdit:
+        return {size.width(), height(line)};
+    case CT_CheckBox: {
+        const auto* box = qstyleoption_cast<const QStyleOptionButton*>(option);
+        int width = scaled(metrics::checkBox);
+        if (box && hasIconAndText(*box)) width += box->iconSize.width() + scaled(besideIcon);
+        if (box && !box->text.isEmpty())
+            width +=
+                besideIndicator(*box) + option->fontMetrics.size(Qt::TextShowMnemonic, box->text).width();
+        return {width + scaled(4), std::max(scaled(24), line + scaled(4))};
+    }
+    default:
+        return QProxyStyle::sizeFromContents(type, option, size, widget);
+    }
+}
+
+QRect ChimewellStyle::subElementRect(SubElement element, const QStyleOption* option,
+                                     const QWidget* widget) const
+{
+    if (element == SE_CheckBoxIndicator || element == SE_CheckBoxContents) {
+        const int side = scaled(metrics::checkBox);
+        const QRect all = option->rect.adjusted(scaled(2), 0, -scaled(2), 0);
+        QRect part(all.left(), all.top() + (all.height() - side) / 2, side, side);
+        const auto* box = qstyleoption_cast<const QStyleOptionButton*>(option);
+        if (element == SE_CheckBoxContents && box) part = all.adjusted(side + besideIndicator(*box), 0, 0, 0);
+        return visualRect(option->direction, option->rect, part);
+    }
+    return QProxyStyle::subElementRect(element, option, widget);
+}
+
+QRect ChimewellStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                     SubControl part, const QWidget* widget) const
+{
+    if (control == CC_ComboBox && part == SC_ComboBoxEditField)
+        return visualRect(option->direction, option->rect,
+                          option->rect.adjusted(scaled(fieldPadding), 0, -scaled(26), 0));
+    if (control == CC_ScrollBar && (part == SC_ScrollBarAddLine || part == SC_ScrollBarSubLine)) return {};
+    if (control == CC_ScrollBar && (part == SC_ScrollBarGroove)) return option->rect;
+    if (control == CC_ScrollBar) {
+        const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+        if (!bar) return QProxyStyle::subControlRect(control, option, part, widget);
+        const bool vertical = bar->orientation == Qt::Vertical;
+        const int length = vertical ? bar->rect.height() : bar->rect.width();
+        const int range = bar->maximum - bar->minimum + bar->pageStep;
+        const int handle = std::clamp(range > 0 ? length * bar->pageStep / range : length,
+                                      std::min(scaled(28), length), length);
+        const int at = sliderPositionFromValue(bar->minimum, bar->maximum, bar->sliderPosition,
+                                               length - handle, bar->upsideDown);
+        const auto along = [&](int from, int size) {
+            return vertical ? QRect(bar->rect.left(), bar->rect.top() + from, bar->rect.width(), size)
+                            : QRect(bar->rect.left() + from, bar->rect.top(), size, bar->rect.height());
+        };
+        if (part == SC_ScrollBarSlider) return along(at, handle);
+        if (part == SC_ScrollBarSubPage) return along(0, at);
+        if (part == SC_ScrollBarAddPage) return along(at + handle, length - at - handle);
+    }
+    return QProxyStyle::subControlRect(control, option, part, widget);
+}
+
+int ChimewellStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const
+{
+    switch (metric) {
+    case PM_ButtonShiftHorizontal:
+    case PM_ButtonShiftVertical:
+    case PM_ScrollView_ScrollBarOverlap:
+    case PM_ScrollView_ScrollBarSpacing:
+        return 0;
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+        return scaled(metrics::checkBox);
+    case PM_CheckBoxLabelSpacing:
+        return scaled(6);
+    case PM_ScrollBarExtent:
+        return scaled(scrollBarWidth);
+    case PM_ButtonIconSize:
+    case PM_SmallIconSize:
+        return scaled(metrics::rowIcon);
+    default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+int ChimewellStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                              QStyleHintReturn* data) const
+{
+    if (hint == SH_ComboBox_Popup || hint == SH_EtchDisabledText) return 0;
+    return QProxyStyle::styleHint(hint, option, widget, data);
+}
+
+void ChimewellStyle::polish(QWidget* widget)
+{
+    if (qobject_cast<QAbstractButton*>(widget) || qobject_cast<QComboBox*>(widget))
+        widget->setAttribute(Qt::WA_Hover);
+    QProxyStyle::polish(widget);
+}
+
+void ChimewellStyle::polish(QPalette& palette)
+{
+    QProxyStyle::polish(palette);
+    // Half-transparent by default, which nobody can read.
+    palette.setColor(QPalette::PlaceholderText, Colours::from(palette).secondary);
+}
+
+}

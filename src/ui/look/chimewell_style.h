@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QProxyStyle>
+
+namespace chimewell {
+
+/// Draws the ordinary controls of our windows over Fusion, in the desktop's colours.
+class ChimewellStyle final : public QProxyStyle {
+    Q_OBJECT
+public:
+    ChimewellStyle();
+
+    /// Marks the one button of a window that is due: it is filled with the accent.
+    static void setDue(QWidget* button, bool isDue);
+    /// Marks a button whose deed cannot be undone: its words are red.
+    static void setGrave(QWidget* button);
+    /// A focus ring is drawn only for somebody who moves by keyboard.
+    static bool showsFocus(const QWidget* widget);
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                            const QWidget* widget) const override;
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                           const QWidget* widget) const override;
+    QRect subElementRect(SubElement element, const QStyleOption* option,
+                         const QWidget* widget) const override;
+    QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                         const QWidget* widget) const override;
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override;
+    void polish(QWidget* widget) override;
+    void polish(QPalette& palette) override;
+    using QProxyStyle::polish;
+};
+
+}

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/subscription.h"
+#include "ui/interface_services.h"
+
+#include <QTimer>
+#include <QWidget>
+
+#include <vector>
+
+class QPushButton;
+
+namespace chimewell {
+
+class Card;
+class IconButton;
+class LinkButton;
+class Note;
+class QuickRow;
+class RecentPanelRow;
+class StatusDot;
+class TextLabel;
+
+/// What the panel holds, in a pop-up or in a window. Reads everything live.
+class PanelContent final : public QWidget {
+    Q_OBJECT
+public:
+    PanelContent(const InterfaceServices& services, const Windows& windows, QWidget* parent = nullptr);
+
+Q_SIGNALS:
+    /// The user chose what happens elsewhere.
+    void done();
+    void heightChanged();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    QWidget* makeHeader();
+    QWidget* makeRecent();
+    QWidget* makeQuickControls();
+    QWidget* makeActions();
+    void showSettings();
+    void showHistory();
+
+    const InterfaceServices services_;
+    const Windows windows_;
+
+    StatusDot* dot_ = nullptr;
+    TextLabel* status_ = nullptr;
+    QPushButton* finishSetup_ = nullptr;
+    Note* warning_ = nullptr;
+    Card* warningCard_ = nullptr;
+    LinkButton* clear_ = nullptr;
+    std::vector<RecentPanelRow*> rows_;
+    TextLabel* empty_ = nullptr;
+    TextLabel* more_ = nullptr;
+    QuickRow* mute_ = nullptr;
+    struct Quick {
+        CanonicalEvent event;
+        QuickRow* row;
+        IconButton* preview;
+    };
+    std::vector<Quick> quick_;
+
+    QTimer clock_; ///< Keeps the times right while somebody looks at them.
+    Subscription storeChange_;
+    Subscription historyChange_;
+};
+
+}

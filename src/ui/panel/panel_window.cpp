@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+#include "ui/panel/panel_window.h"
+
+#include "presentation/texts.h"
+#include "ui/look/colours.h"
+#include "ui/look/metrics.h"
+#include "ui/look/paint.h"
+#include "ui/panel/panel_content.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace chimewell {
+
+namespace {
+
+constexpr double panelWidth = 380;
+constexpr double largestHeight = 720;
+constexpr int screenMargin = 8;
+
+Qt::WindowFlags flagsOf(PanelWindow::Form form)
+{
+    if (form == PanelWindow::Form::window) return Qt::Window;
+    // Not Qt::Popup: assistive technology does not get to see windows of that kind.
+    return Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::NoDropShadowWindowHint;
+}
+
+}
+
+PanelWindow::PanelWindow(const InterfaceServices& services, const Windows& windows, Form form)
+    : QWidget(nullptr, flagsOf(form)),
+      services_(services),
+      form_(form),
+      content_(new PanelContent(services, windows))
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowTitle(services.words(texts::panelName));
+    setAccessibleName(services.words(texts::panelName));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(1, 1, 1, 1);
+    layout->addWidget(content_);
+    setFixedWidth(scaled(panelWidth));
+
+    connect(content_, &PanelContent::done, this, [this] {
+        if (form_ == Form::popUp) close();
+    });
+    // Once the layout knows of the change.
+    connect(content_, &PanelContent::heightChanged, this, [this] { fit(); }, Qt::QueuedConnection);
+}
+
+void PanelWindow::showBeside(const QRect& anchor)
+{
+    anchor_ = anchor;
+    fit();
+    show();
+    raise();
+    activateWindow();
+    // The keyboard starts at the first control, and shows where it is only once it is used.
+    focusNextChild();
+    setAttribute(Qt::WA_KeyboardFocusChange, false);
+}
+
+void PanelWindow::fit()
+{
+    const QScreen* screen = QGuiApplication::screenAt(anchor_.center());
+    if (!screen) screen = QGuiApplication::primaryScreen();
+    const QRect free =
+        screen->availableGeometry().adjusted(screenMargin, screenMargin, -screenMargin, -screenMargin);
+    layout()->activate();
+    const int height = std::min({content_->sizeHint().height() + 2, scaled(largestHeight), free.height()});
+    resize(width(), height);
+    if (form_ == Form::window) return;
+    const int left = std::clamp(anchor_.center().x() - width() / 2, free.left(),
+                                std::max(free.left(), free.right() + 1 - width()));
+    // Below an icon at the top of the screen, above one at its bottom.
+    const bool isBelow = anchor_.center().y() < screen->geometry().center().y();
+    const int wanted =
+        isBelow ? anchor_.bottom() + 1 + screenMargin / 2 : anchor_.top() - height - screenMargin / 2;
+    move(left, std::clamp(wanted, free.top(), std::max(free.top(), free.bottom() + 1 - height)));
+}
+
+void PanelWindow::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), colours().window);
+    // Round corners would need a compositor behind them.
+    if (form_ == Form::window) return;
+    strokeRounded(painter, rect(), 0, colours().wash(0.2));
+    // Now that it is on the screen it can hear of clicks elsewhere, which close it.
+    if (!isGrabbing_) isGrabbing_ = windowHandle()->setMouseGrabEnabled(true);
+}
+
+void PanelWindow::mousePressEvent(QMouseEvent* event)
+{
+    if (form_ == Form::popUp && !rect().contains(event->pos())) close();
+}
+
+void PanelWindow::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    // The user went elsewhere by keyboard.
+    if (event->type() == QEvent::ActivationChange && form_ == Form::popUp && isVisible() &&
+        !isActiveWindow() && !QApplication::activePopupWidget())
+        close();
+}
+
+void PanelWindow::keyPressEvent(QKeyEvent* event)
+{
+    const bool closes = event->key() == Qt::Key_Escape || event->matches(QKeySequence::Close);
+    if (closes)
+        close();
+    else if (event->matches(QKeySequence::Quit))
+        services_.quit();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+}

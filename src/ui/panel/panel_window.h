@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/interface_services.h"
+
+#include <QRect>
+#include <QWidget>
+
+#include <cstdint>
+
+namespace chimewell {
+
+class PanelContent;
+
+/// The panel: a pop-up beside the icon, or an ordinary window where there is no icon to stand beside. Deletes
+/// itself when it is closed.
+class PanelWindow final : public QWidget {
+    Q_OBJECT
+public:
+    enum class Form : std::uint8_t { popUp, window };
+
+    PanelWindow(const InterfaceServices& services, const Windows& windows, Form form);
+
+    /// Beside `anchor`, in global coordinates, inside the free part of its screen.
+    void showBeside(const QRect& anchor);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void fit();
+
+    const InterfaceServices services_;
+    Form form_;
+    PanelContent* content_;
+    QRect anchor_;
+    bool isGrabbing_ = false; ///< The pointer, as far as it is ours to have.
+};
+
+}

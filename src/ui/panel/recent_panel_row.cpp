@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#include "ui/panel/recent_panel_row.h"
+
+#include "presentation/texts.h"
+#include "ui/controls/elided_label.h"
+#include "ui/controls/icon_button.h"
+#include "ui/controls/symbol_label.h"
+#include "ui/look/chimewell_style.h"
+#include "ui/look/colours.h"
+#include "ui/look/paint.h"
+
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QPainter>
+
+#include <utility>
+
+namespace chimewell {
+
+RecentPanelRow::RecentPanelRow(const Words& words, std::function<void(const RecentRow&)> openSession,
+                               QWidget* parent)
+    : QWidget(parent),
+      words_(words),
+      openSession_(std::move(openSession)),
+      icon_(new SymbolLabel("bell", metrics::rowIcon, Tone::secondary)),
+      title_(new ElidedLabel(TextStyle::body)),
+      time_(new TextLabel(TextStyle::caption, Ink::secondary)),
+      message_(new ElidedLabel(TextStyle::caption, Ink::secondary)),
+      open_(new IconButton("arrow.up.forward.app", words(texts::openSessionTooltip)))
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_Hover);
+    setMinimumHeight(scaled(46));
+
+    QSizePolicy keepsRoom = open_->sizePolicy();
+    keepsRoom.setRetainSizeWhenHidden(true); // so that the times stand below one another
+    open_->setSizePolicy(keepsRoom);
+
+    auto* layout = new QGridLayout(this);
+    layout->setContentsMargins(scaled(12), scaled(5), scaled(8), scaled(5));
+    layout->setHorizontalSpacing(scaled(8));
+    layout->setVerticalSpacing(scaled(1));
+    layout->addWidget(icon_, 0, 0);
+    layout->addWidget(title_, 0, 1);
+    layout->addWidget(time_, 0, 2);
+    layout->addWidget(message_, 1, 1, 1, 2);
+    layout->addWidget(open_, 0, 3, 2, 1);
+    layout->setColumnStretch(1, 1);
+
+    connect(open_, &QAbstractButton::clicked, this, [this] { openSession_(row_); });
+}
+
+void RecentPanelRow::show(const RecentRow& row)
+{
+    row_ = row;
+    icon_->setSymbol(iconName(row.event), iconTone(row.event));
+    title_->setFullText(qString(row.title));
+    time_->setText(qString(row.relativeTime));
+    time_->setToolTip(qString(row.timeText));
+    message_->setFullText(qString(row.message));
+    open_->setAccessibleName(words_({texts::openSessionOf, {row.title}}));
+    open_->setVisible(row.hasSession());
+    setAccessibleName(qString(row.title + ". " + row.message + ". " + row.timeText));
+}
+
+void RecentPanelRow::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    // Inside the card's round corners.
+    const QRectF area = QRectF(rect()).adjusted(3, 3, -3, -3);
+    const int radius = scaled(metrics::controlRadius);
+    if (underMouse()) fillRounded(painter, area, radius, colours().wash(Colours::hover));
+    if (ChimewellStyle::showsFocus(this)) paintFocusRing(painter, area, radius);
+}
+
+void RecentPanelRow::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (row_.hasSession()) openSession_(row_);
+        return;
+    case Qt::Key_Down:
+        focusNextChild();
+        return;
+    case Qt::Key_Up:
+        focusPreviousChild();
+        return;
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
+}

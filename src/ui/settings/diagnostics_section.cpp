@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#include "ui/settings/diagnostics_section.h"
+
+#include "presentation/texts.h"
+#include "ui/controls/card.h"
+#include "ui/controls/flow_layout.h"
+#include "ui/controls/note.h"
+#include "ui/settings/edges.h"
+#include "ui/settings/row_layout.h"
+
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace chimewell {
+
+namespace {
+
+QPushButton* makeButton(const QString& text)
+{
+    auto* button = new QPushButton(text);
+    button->setAutoDefault(false);
+    return button;
+}
+
+}
+
+DiagnosticsSection::DiagnosticsSection(const InterfaceServices& services, QWidget* parent)
+    : QWidget(parent),
+      services_(services),
+      explanation_(makeExplanation())
+{
+    auto* card = new Card;
+    card->addRow(makeTests(), cardEdge);
+    card->addRow(explanation_, cardEdge);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(card);
+    statusChange_ = services_.notifications.onChange([this] { showStatus(); });
+    showStatus();
+}
+
+QWidget* DiagnosticsSection::makeTests()
+{
+    auto* caption = new TextLabel(TextStyle::subheadline, Ink::secondary);
+    caption->setText(services_.words(texts::diagnosticsCaption));
+    caption->setWrapping(true);
+    auto* banner = makeButton(services_.words(texts::testBanner));
+    connect(banner, &QPushButton::clicked, this, [this] {
+        services_.actions.testBanner();
+        didRunBannerTest_ = true;
+        services_.notifications.refreshStatus();
+        showStatus();
+    });
+    auto* sample = makeButton(services_.words(texts::playSample));
+    sample->setToolTip(services_.words(texts::sampleTooltip));
+    sample->setAccessibleDescription(services_.words(texts::sampleTooltip));
+    connect(sample, &QPushButton::clicked, this, [this] { services_.actions.playSample(); });
+
+    auto* row = new QWidget;
+    auto* layout = new QVBoxLayout(row);
+    layout->setContentsMargins(inRow(cardEdge), scaled(12), inRow(cardEdge), scaled(14));
+    layout->setSpacing(scaled(8));
+    layout->addWidget(caption);
+    auto* buttons = new FlowLayout(scaled(8));
+    buttons->addWidget(banner);
+    buttons->addWidget(sample);
+    layout->addLayout(buttons);
+    return row;
+}
+
+QWidget* DiagnosticsSection::makeExplanation()
+{
+    auto* note = new Note(TextStyle::subheadline);
+    note->setNote("bell.slash", Tone::orange, services_.words(texts::bannersOff));
+    auto* open = makeButton(services_.words(texts::openSystemSettings));
+    connect(open, &QPushButton::clicked, this, [this] { services_.notifications.openSystemSettings(); });
+    auto* row = new QWidget;
+    auto* layout = new QVBoxLayout(row);
+    layout->setContentsMargins(inRow(cardEdge), scaled(10) + 1, inRow(cardEdge), scaled(10));
+    layout->addLayout(new RowLayout(note, open));
+    return row;
+}
+
+void DiagnosticsSection::showStatus()
+{
+    explanation_->setVisible(didRunBannerTest_ && services_.notifications.status() == AuthStatus::denied);
+}
+
+}

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/subscription.h"
+#include "ui/interface_services.h"
+
+#include <QWidget>
+
+namespace chimewell {
+
+/// Lets the user try whether banners come, and says what to do when they do not.
+class DiagnosticsSection final : public QWidget {
+    Q_OBJECT
+public:
+    explicit DiagnosticsSection(const InterfaceServices& services, QWidget* parent = nullptr);
+
+private:
+    QWidget* makeTests();
+    QWidget* makeExplanation();
+    void showStatus();
+
+    const InterfaceServices& services_;
+    QWidget* explanation_;
+    bool didRunBannerTest_ = false;
+    Subscription statusChange_;
+};
+
+}

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#include "ui/settings/events_pane.h"
+
+#include "presentation/event_looks.h"
+#include "presentation/texts.h"
+#include "ui/controls/card.h"
+#include "ui/settings/edges.h"
+#include "ui/settings/event_row.h"
+#include "ui/settings/reminders_section.h"
+#include "ui/settings/voice_list.h"
+
+namespace chimewell {
+
+EventsPane::EventsPane(const InterfaceServices& services, QWidget* parent) : PaneColumn(parent)
+{
+    addIntro(services.words(texts::eventsIntro));
+    auto* voices = new VoiceList(services, this);
+    Card* card = addCard();
+    for (const CanonicalEvent event : configurableEvents)
+        card->addRow(new EventRow(services, event, *voices), afterSymbol);
+    addHeading(services.words(texts::reminders));
+    addSection(new RemindersSection(services));
+    finish();
+}
+
+}

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#include "ui/settings/general_pane.h"
+
+#include "presentation/permission.h"
+#include "presentation/texts.h"
+#include "ui/controls/card.h"
+#include "ui/controls/link_button.h"
+#include "ui/controls/switch_button.h"
+#include "ui/controls/text_label.h"
+#include "ui/look/symbol_icon.h"
+#include "ui/settings/activatable_row.h"
+#include "ui/settings/diagnostics_section.h"
+#include "ui/settings/edges.h"
+#include "ui/settings/row_layout.h"
+#include "ui/settings/setting_row.h"
+#include "ui/settings/switch_row.h"
+
+#include <QDesktopServices>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QUrl>
+
+namespace chimewell {
+
+namespace {
+
+constexpr double betweenLinks = 4;
+
+void open(const std::string& address)
+{
+    QDesktopServices::openUrl(QUrl(qString(address)));
+}
+
+/// Something with a control at its end, alone in its card.
+QWidget* makeWideRow(QWidget* text, QWidget* control, double endMargin)
+{
+    auto* row = new QWidget;
+    auto* layout = new QVBoxLayout(row);
+    layout->setContentsMargins(directed(inRow(cardEdge), scaled(12), inRow(endMargin), scaled(12)));
+    layout->addLayout(new RowLayout(text, control));
+    return row;
+}
+
+}
+
+GeneralPane::GeneralPane(const InterfaceServices& services, const Windows& windows, QWidget* parent)
+    : PaneColumn(parent),
+      services_(services)
+{
+    addNotifications();
+    addHeading(services_.words(texts::diagnostics));
+    addSection(new DiagnosticsSection(services_));
+    addSetup(windows);
+    addSupport();
+    addAbout();
+    finish();
+
+    storeChange_ = services_.store.onChange([this] { showSettings(); });
+    statusChange_ = services_.notifications.onChange([this] { showPermission(); });
+    showSettings();
+    showPermission();
+}
+
+void GeneralPane::addNotifications()
+{
+    const Words& words = services_.words;
+    mute_ = new SwitchRow(words(texts::muteAllNotifications));
+    connect(mute_->control(), &QAbstractButton::toggled, this,
+            [this](bool isMuted) { services_.actions.setMuted(isMuted); });
+    launch_ = new SwitchRow(words(texts::launchAtLogin));
+    connect(launch_->control(), &QAbstractButton::toggled, this,
+            [this](bool isWanted) { launch_->showError(services_.actions.setLaunchAtLogin(isWanted)); });
+    permission_ = new TextLabel(TextStyle::body, Ink::secondary);
+    addHeading(words(texts::notifications));
+    Card* card = addCard();
+    card->addRow(mute_, cardEdge);
+    card->addRow(launch_, cardEdge);
+    card->addRow(new SettingRow(words(texts::permission), permission_), cardEdge);
+}
+
+void GeneralPane::addSetup(const Windows& windows)
+{
+    auto* walkthrough = new ActivatableRow(services_.words(texts::showWalkthrough));
+    walkthrough->setToolTip(services_.words(texts::showWalkthroughTooltip));
+    walkthrough->setAccessibleDescription(services_.words(texts::showWalkthroughTooltip));
+    connect(walkthrough, &QAbstractButton::clicked, this, windows.openWalkthrough);
+    addHeading(services_.words(texts::setup));
+    addCard()->addRow(walkthrough);
+}
+
+void GeneralPane::addSupport()
+{
+    auto* text = new TextLabel(TextStyle::body);
+    text->setText(services_.words(texts::supportText));
+    text->setWrapping(true);
+    auto* support = new QPushButton(symbolIcon("cup.and.saucer.fill"), services_.words(texts::supportButton));
+    support->setAutoDefault(false);
+    connect(support, &QPushButton::clicked, this, [this] { open(services_.addresses.support); });
+    addHeading(services_.words(texts::support));
+    addCard()->addRow(makeWideRow(text, support, cardEdge));
+}
+
+void GeneralPane::addAbout()
+{
+    auto* name = new TextLabel(TextStyle::bodyMedium);
+    name->setText(services_.words(texts::chimewell));
+    auto* version = new TextLabel(TextStyle::subheadline, Ink::secondary);
+    version->setText(services_.words({texts::version, {services_.version}}));
+    version->setSelectable(true);
+    auto* product = new QWidget;
+    auto* lines = new QVBoxLayout(product);
+    lines->setContentsMargins(0, 0, 0, 0);
+    lines->setSpacing(0);
+    lines->addWidget(name);
+    lines->addWidget(version);
+    addHeading(services_.words(texts::about));
+    addCard()->addRow(makeWideRow(product, makeLinks(), cardEdge - flatPadding));
+}
+
+QWidget* GeneralPane::makeLinks()
+{
+    auto* links = new QWidget;
+    auto* line = new QHBoxLayout(links);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setSpacing(scaled(betweenLinks));
+    const auto add = [&](Text text, const std::string& address) {
+        auto* link = new LinkButton(services_.words(text));
+        connect(link, &QPushButton::clicked, this, [&address] { open(address); });
+        line->addWidget(link);
+    };
+    add(texts::website, services_.addresses.website);
+    add(texts::privacyPolicy, services_.addresses.privacyPolicy);
+    add(texts::terms, services_.addresses.terms);
+    return links;
+}
+
+void GeneralPane::showSettings()
+{
+    const AppSettings& settings = services_.store.settings();
+    mute_->control()->show(settings.globalMuted);
+    launch_->control()->show(settings.launchAtLogin);
+}
+
+void GeneralPane::showPermission()
+{
+    permission_->setText(services_.words(permissionText(services_.notifications.status())));
+}
+
+}

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/subscription.h"
+#include "presentation/settings_panes.h"
+#include "ui/interface_services.h"
+
+#include <QWidget>
+
+#include <array>
+
+class QStackedWidget;
+
+namespace chimewell {
+
+class Note;
+class Sidebar;
+
+/// Everything that can be set up. Deleted when it is closed.
+class SettingsWindow final : public QWidget {
+    Q_OBJECT
+public:
+    SettingsWindow(const InterfaceServices& services, const Windows& windows, QWidget* parent = nullptr);
+
+    ~SettingsWindow() override;
+
+    using QWidget::show;
+    void show(Pane pane);
+
+protected:
+    bool event(QEvent* event) override;
+
+private:
+    void addShortcuts();
+    QWidget* makeErrorNote();
+    QWidget* makePane(Pane pane);
+    void showError();
+
+    const InterfaceServices services_;
+    const Windows windows_;
+    Sidebar* sidebar_;
+    Note* errorNote_;
+    QWidget* error_;
+    QStackedWidget* stack_;
+    std::array<QWidget*, allPanes.size()> panes_ = {}; ///< Made when they are first shown.
+    Subscription storeChange_;
+};
+
+}

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "ui/user_interface.h"
+
+#include "ui/look/chimewell_style.h"
+#include "ui/look/colours.h"
+#include "ui/settings/settings_window.h"
+#include "ui/walkthrough/walkthrough_window.h"
+
+#include <QApplication>
+
+namespace chimewell {
+
+namespace {
+
+void bringForward(QWidget& window)
+{
+    window.show();
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.raise();
+    window.activateWindow();
+}
+
+}
+
+UserInterface::UserInterface(const InterfaceServices& services) : services_(services) {}
+
+UserInterface::~UserInterface()
+{
+    delete panel_;
+    delete settings_;
+    delete walkthrough_;
+}
+
+void UserInterface::showIcon()
+{
+    icon_.emplace(services_, TrayIcon::Actions{.openPanel = [this](const QRect& icon) { openPanel(icon); },
+                                               .openSettings = [this] { openSettings(); }});
+}
+
+void UserInterface::start()
+{
+    if (!services_.store.settings().hasCompletedOnboarding) openWalkthrough();
+}
+
+void UserInterface::activate()
+{
+    if (!services_.store.settings().hasCompletedOnboarding)
+        openWalkthrough();
+    else if (icon_)
+        openSettings();
+    else
+        openPanel({});
+}
+
+void UserInterface::openPanel(const QRect& icon)
+{
+    prepareLook();
+    if (panel_) {
+        // A second click on the icon closes it.
+        if (icon.isEmpty())
+            bringForward(*panel_);
+        else
+            panel_->close();
+        return;
+    }
+    const auto form = icon.isEmpty() ? PanelWindow::Form::window : PanelWindow::Form::popUp;
+    panel_ = new PanelWindow(services_, windows(), form);
+    panel_->showBeside(icon);
+}
+
+void UserInterface::openSettings()
+{
+    prepareLook();
+    if (!settings_) settings_ = new SettingsWindow(services_, windows());
+    bringForward(*settings_);
+}
+
+void UserInterface::openWalkthrough()
+{
+    prepareLook();
+    if (!walkthrough_) walkthrough_ = new WalkthroughWindow(services_);
+    bringForward(*walkthrough_);
+}
+
+Windows UserInterface::windows()
+{
+    return {.openSettings = [this] { openSettings(); }, .openWalkthrough = [this] { openWalkthrough(); }};
+}
+
+void UserInterface::setDark(std::optional<bool> isDark)
+{
+    isDark_ = isDark;
+    if (isPaletteOurs_) applyPalette();
+}
+
+void UserInterface::prepareLook()
+{
+    if (isLookReady_) return;
+    isLookReady_ = true;
+    // A palette that is just the style's own comes from no desktop.
+    isPaletteOurs_ = QApplication::palette() == QApplication::style()->standardPalette();
+    QApplication::setStyle(new ChimewellStyle); // the application owns it
+    if (isPaletteOurs_) applyPalette();
+}
+
+void UserInterface::applyPalette()
+{
+    QApplication::setPalette(referencePalette(isDark_.value_or(false)));
+}
+
+}

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/interface_services.h"
+#include "ui/panel/panel_window.h"
+#include "ui/tray_icon.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QRect>
+
+#include <optional>
+
+namespace chimewell {
+
+class SettingsWindow;
+class WalkthroughWindow;
+
+/// The icon and the windows. A window is made when it is opened and given back when it is closed, so that an
+/// application that only listens stays small.
+class UserInterface final : public QObject {
+    Q_OBJECT
+public:
+    explicit UserInterface(const InterfaceServices& services);
+    ~UserInterface() override;
+
+    /// Once there is something that shows icons.
+    void showIcon();
+    /// The first run begins with the walkthrough, which then never opens by itself again.
+    void start();
+    /// The user started the application, which runs already.
+    void activate();
+    void openPanel(const QRect& icon);
+    void openSettings();
+    void openWalkthrough();
+
+    /// What the desktop says of light and dark; nothing where it says nothing. Counts only where the desktop
+    /// has no palette of its own.
+    void setDark(std::optional<bool> isDark);
+
+private:
+    Windows windows();
+    void prepareLook();
+    void applyPalette();
+
+    const InterfaceServices services_;
+    std::optional<TrayIcon> icon_;
+    QPointer<PanelWindow> panel_;
+    QPointer<SettingsWindow> settings_;
+    QPointer<WalkthroughWindow> walkthrough_;
+    std::optional<bool> isDark_;
+    bool isLookReady_ = false;
+    bool isPaletteOurs_ = false;
+};
+
+}

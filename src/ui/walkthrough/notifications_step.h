@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "alerts/notification_service.h"
+#include "base/subscription.h"
+#include "ui/words.h"
+
+#include <QWidget>
+
+class QPushButton;
+
+namespace chimewell {
+
+class Card;
+class TextLabel;
+
+/// Whether banners may be shown, and what can be done about it.
+class NotificationsStep final : public QWidget {
+    Q_OBJECT
+public:
+    NotificationsStep(NotificationService& notifications, const Words& words, QWidget* parent = nullptr);
+
+private:
+    QWidget* makeStatusRow();
+    QWidget* makeDeniedRow();
+    void showStatus();
+
+    NotificationService& notifications_;
+    Words words_;
+    TextLabel* status_ = nullptr;
+    QPushButton* allow_ = nullptr;
+    QWidget* denied_ = nullptr;
+    Subscription subscription_;
+};
+
+}

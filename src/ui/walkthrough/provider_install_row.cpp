@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include "ui/walkthrough/provider_install_row.h"
+
+#include "presentation/texts.h"
+#include "ui/confirm_dialog.h"
+#include "ui/controls/capsule_label.h"
+#include "ui/controls/note.h"
+#include "ui/controls/text_label.h"
+#include "ui/look/metrics.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+
+#include <algorithm>
+
+namespace chimewell {
+
+namespace {
+
+constexpr double smallestButton = 84;
+
+}
+
+ProviderInstallRow::ProviderInstallRow(ProviderCard& card, const Words& words, QWidget* parent)
+    : QWidget(parent),
+      card_(card),
+      words_(words),
+      install_(new QPushButton),
+      error_(new Note(TextStyle::subheadline))
+{
+    auto* name = new TextLabel(TextStyle::bodyMedium);
+    name->setText(qString(card_.displayName()));
+    auto* line = new QHBoxLayout;
+    line->setSpacing(scaled(8));
+    line->addWidget(name);
+    if (card_.isBeta()) line->addWidget(new BetaBadge(words_(texts::beta), words_(texts::betaTooltip)));
+    line->addStretch(1);
+    line->addWidget(install_);
+    // As wide with either word, so that nothing moves once it is installed.
+    for (const Text& text : {texts::install, texts::installed}) {
+        install_->setText(words_(text));
+        install_->setMinimumWidth(
+            std::max({scaled(smallestButton), install_->minimumWidth(), install_->sizeHint().width()}));
+    }
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(scaled(15), scaled(11), scaled(15), scaled(11));
+    layout->setSpacing(scaled(6));
+    layout->addLayout(line);
+    layout->addWidget(error_);
+
+    connect(install_, &QPushButton::clicked, this, [this] { ask(); });
+    subscription_ = card_.onChange([this] { showCard(); });
+    showCard();
+}
+
+void ProviderInstallRow::showCard()
+{
+    const std::string name(card_.displayName());
+    install_->setText(words_(card_.isInstalled() ? texts::installed : texts::install));
+    install_->setAccessibleName(
+        words_({card_.isInstalled() ? texts::installedOf : texts::installOf, {name}}));
+    install_->setEnabled(card_.canInstall());
+    install_->setVisible(card_.isAvailable());
+
+    const QString error = qString(card_.errorMessage().value_or(""));
+    error_->setNote("exclamationmark.triangle", Tone::red, error);
+    error_->setVisible(!error.isEmpty());
+    install_->setAccessibleDescription(error); // heard when the keyboard comes back from the question
+}
+
+void ProviderInstallRow::ask()
+{
+    if (card_.isSettling()) return;
+    auto* question = new ConfirmDialog(card_.confirmation(PendingAction::install), words_, window());
+    connect(question, &QDialog::accepted, this, [this] { card_.perform(PendingAction::install); });
+    question->open();
+}
+
+}

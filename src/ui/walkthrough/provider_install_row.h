@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/subscription.h"
+#include "presentation/provider_card.h"
+#include "ui/words.h"
+
+#include <QWidget>
+
+class QPushButton;
+
+namespace chimewell {
+
+class Note;
+
+/// One agent, and the button that connects it. What went wrong is said below.
+class ProviderInstallRow final : public QWidget {
+    Q_OBJECT
+public:
+    ProviderInstallRow(ProviderCard& card, const Words& words, QWidget* parent = nullptr);
+
+private:
+    void showCard();
+    void ask();
+
+    ProviderCard& card_;
+    Words words_;
+    QPushButton* install_;
+    Note* error_;
+    Subscription subscription_;
+};
+
+}

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#include "ui/look/colours.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+namespace chimewell::test {
+namespace {
+
+constexpr double text = 4.5;
+constexpr double mark = 3.0;
+
+QPalette palette(QRgb window, QRgb base, QRgb words, QRgb highlight, QRgb link)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Window, QColor::fromRgb(window));
+    palette.setColor(QPalette::Base, QColor::fromRgb(base));
+    palette.setColor(QPalette::WindowText, QColor::fromRgb(words));
+    palette.setColor(QPalette::Highlight, QColor::fromRgb(highlight));
+    palette.setColor(QPalette::Link, QColor::fromRgb(link));
+    return palette;
+}
+
+/// What desktops hand out, from bright to awkward.
+struct Desktop {
+    std::string name;
+    QPalette palette;
+};
+const Desktop desktops[] = {
+    {"ours, light", referencePalette(false)},
+    {"ours, dark", referencePalette(true)},
+    {"neutral light", palette(0xEFEFEF, 0xFFFFFF, 0x000000, 0x308CC6, 0x0000FF)},
+    {"blue-grey light", palette(0xEFF0F1, 0xFFFFFF, 0x232629, 0x3DAEE9, 0x2980B9)},
+    {"blue-grey dark", palette(0x2A2E32, 0x1B1E20, 0xFCFCFC, 0x3DAEE9, 0x1D99F3)},
+    {"warm light", palette(0xF6F5F4, 0xFFFFFF, 0x2E3436, 0x3584E4, 0x1B6ACB)},
+    {"grey dark", palette(0x353535, 0x2D2D2D, 0xEEEEEC, 0x15539E, 0x3584E4)},
+    {"white, high contrast", palette(0xFFFFFF, 0xFFFFFF, 0x000000, 0x37006E, 0x00009F)},
+    {"black, high contrast", palette(0x000000, 0x000000, 0xFFFFFF, 0x1AEBFF, 0xFFFF00)},
+    {"yellow accent", palette(0xF4F4F6, 0xFFFFFF, 0x1C1C1F, 0xF6D32D, 0x1A5DC2)},
+};
+
+TEST(Colours, ReadOnEveryGroundOfEveryDesktop)
+{
+    for (const Desktop& desktop : desktops) {
+        const Colours c = Colours::from(desktop.palette);
+        const auto reads = [&](const char* what, const QColor& colour, const QColor& ground, double least) {
+            EXPECT_GE(Colours::contrast(colour, ground), least)
+                << desktop.name << ": " << what << " " << colour.name().toStdString() << " on "
+                << ground.name().toStdString();
+        };
+        for (const QColor& ground : {c.window, c.sidebar, c.card}) {
+            const auto washed = [&](double veil) { return Colours::mixed(c.text, ground, veil); };
+            for (const double veil : {0.0, Colours::hover, Colours::pressed, Colours::selected,
+                                      Colours::buttonRest, Colours::buttonHover, Colours::buttonPressed})
+                reads("text", c.text, washed(veil), text);
+            for (const double veil : {0.0, Colours::hover}) {
+                reads("secondary", c.secondary, washed(veil), text);
+                reads("link", c.accentText, washed(veil), text);
+            }
+            for (const QColor& colour : {c.green, c.orange, c.red})
+                reads("meaning", colour, ground, text);
+            for (const QColor& colour : {c.green, c.orange, c.secondary})
+                reads("capsule", colour, Colours::mixed(colour, ground, Colours::capsule), text);
+            for (const QColor& colour : {c.greenMark, c.orangeMark, c.redMark, c.outline, c.accent})
+                reads("mark", colour, ground, mark);
+        }
+        reads("the due button", c.onAccent, c.accent, text);
+        reads("the knob", c.knobOff(), c.outline, mark);
+    }
+}
+
+TEST(Colours, DarkIsWhatThePaletteSays)
+{
+    for (const Desktop& desktop : desktops)
+        EXPECT_EQ(Colours::from(desktop.palette).isDark,
+                  desktop.name.find("dark") != std::string::npos || desktop.name.starts_with("black"))
+            << desktop.name;
+}
+
+}
+}

@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+// screenshots FOLDER light|dark: a picture of every window, pane and step. The scale is Qt's
+// (QT_SCALE_FACTOR), the language LANGUAGE's.
+#include "support/interface_on_fakes.h"
+#include "ui/confirm_dialog.h"
+#include "ui/look/chimewell_style.h"
+#include "ui/look/colours.h"
+#include "ui/panel/panel_window.h"
+#include "ui/settings/settings_window.h"
+#include "ui/translation.h"
+#include "ui/walkthrough/walkthrough_window.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QLocale>
+#include <QPixmap>
+
+#include <chrono>
+#include <memory>
+
+namespace {
+
+using namespace chimewell;
+using namespace chimewell::test;
+using namespace std::chrono_literals;
+
+/// The relative times of a user of English.
+class EnglishTimes final : public PlainLocale {
+public:
+    std::string relativeTime(Date date, Date now) const override { return text(date, now, " minutes ago"); }
+    std::string shortRelativeTime(Date date, Date now) const override { return text(date, now, " min. ago"); }
+
+private:
+    static std::string text(Date date, Date now, const char* unit)
+    {
+        return std::to_string(std::chrono::floor<std::chrono::minutes>(now - date).count()) + unit;
+    }
+};
+
+void addAlerts(InterfaceOnFakes& fakes)
+{
+    const auto add = [&](CanonicalEvent event, const char* cwd, std::chrono::minutes then,
+                         const char* message = "", bool isReminder = false) {
+        EventPayload payload{.type = event, .provider = "claude"};
+        if (*cwd) payload.cwd = cwd;
+        if (*message) payload.message = message;
+        fakes.services.history.add(payload, isReminder);
+        fakes.system.time.advance(then);
+    };
+    add(CanonicalEvent::finished, "/srv/notes-api", 18min);
+    add(CanonicalEvent::subagentFinished, "", 7min);
+    add(CanonicalEvent::error, "/srv/notes-api", 17min);
+    add(CanonicalEvent::finished, "/srv/compiler-lab", 11min);
+    add(CanonicalEvent::waitingInput, "/srv/web-shop", 3min, "", true);
+    add(CanonicalEvent::finished, "/srv/notes-api", 3min);
+    add(CanonicalEvent::waitingInput, "/srv/web-shop", 1min, "Claude needs your permission to use Bash");
+}
+
+class Camera {
+public:
+    explicit Camera(QString folder) : folder_(std::move(folder)) {}
+
+    void take(QWidget& window, const QString& name) const
+    {
+        window.show();
+        for (int i = 0; i < 5; ++i)
+            QApplication::processEvents();
+        window.grab().save(folder_ + QLatin1Char('/') + name + QStringLiteral(".png"));
+    }
+
+private:
+    QString folder_;
+};
+
+void takeAll(const Camera& camera)
+{
+    const EnglishTimes times;
+    const Windows windows{.openSettings = [] {}, .openWalkthrough = [] {}};
+    InterfaceOnFakes fakes;
+    const InterfaceServices on = fakes.interface();
+    const InterfaceServices interface{on.store, on.history, on.notifications, on.actions,   on.cards,
+                                      on.focus, on.voice,   on.speech,        on.workspace, times,
+                                      on.clock, on.words,   on.version,       on.addresses, on.quit};
+    const auto panel = [&](const QString& name) {
+        const auto window = std::make_unique<PanelWindow>(interface, windows, PanelWindow::Form::popUp);
+        window->showBeside(QRect(600, 0, 20, 20));
+        camera.take(*window, name);
+    };
+    panel(QStringLiteral("panel-setup"));
+    for (const OnboardingStep step : allOnboardingSteps) {
+        const auto window = std::make_unique<WalkthroughWindow>(interface);
+        window->show(step);
+        camera.take(*window, QStringLiteral("walkthrough-%1").arg(static_cast<int>(step) + 1));
+    }
+    {
+        const auto window = std::make_unique<SettingsWindow>(interface, windows);
+        window->show(Pane::recent);
+        camera.take(*window, QStringLiteral("settings-recent-empty"));
+    }
+
+    addAlerts(fakes);
+    fakes.system.files.contents["/home/me/.cursor/hooks.json"] = "{";
+    fakes.services.cards.all()[0]->perform(PendingAction::install);
+    fakes.services.store.updateProvider("claude", [](ProviderInstallState& state) { state.hookVersion = 2; });
+    fakes.services.cards.all()[1]->perform(PendingAction::install);
+    fakes.system.time.advance(ProviderCard::settlingTime);
+    fakes.services.cards.refresh();
+    panel(QStringLiteral("panel-listening"));
+    fakes.services.actions.setMuted(true);
+    panel(QStringLiteral("panel-muted"));
+    fakes.services.actions.setMuted(false);
+
+    fakes.services.store.updateEvent(CanonicalEvent::waitingInput,
+                                     [](EventSetting& setting) { setting.speak = true; });
+    fakes.services.store.update([](AppSettings& settings) { settings.reminderIntervalSeconds = 420; });
+    for (const Pane pane : allPanes) {
+        const auto window = std::make_unique<SettingsWindow>(interface, windows);
+        window->show(pane);
+        camera.take(*window, QStringLiteral("settings-") + qString(rawName(pane)));
+    }
+    const auto dialog =
+        std::make_unique<ConfirmDialog>(fakes.services.cards.all()[2]->confirmation(PendingAction::install),
+                                        Words(Wording::linuxDesktop), nullptr);
+    camera.take(*dialog, QStringLiteral("question-install"));
+    const auto restore =
+        std::make_unique<ConfirmDialog>(fakes.services.cards.all()[0]->confirmation(PendingAction::restore),
+                                        Words(Wording::linuxDesktop), nullptr);
+    camera.take(*restore, QStringLiteral("question-restore"));
+}
+
+}
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    installTranslation(application, QLocale::system().uiLanguages());
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() != 3) return 64;
+    QDir().mkpath(arguments[1]);
+    QApplication::setStyle(new ChimewellStyle);
+    QApplication::setPalette(referencePalette(arguments[2] == QStringLiteral("dark")));
+    QFont font = QApplication::font();
+    font.setPixelSize(13);
+    QApplication::setFont(font);
+    takeAll(Camera(arguments[1]));
+    return 0;
+}

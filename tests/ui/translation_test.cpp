@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include "presentation/texts.h"
+#include "ui/translation.h"
+#include "ui/words.h"
+#include "values/canonical_event.h"
+#include "values/sound_option.h"
+
+#include <QCoreApplication>
+#include <QTranslator>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace chimewell::test {
+namespace {
+
+class TranslationTest : public ::testing::Test {
+protected:
+    ~TranslationTest() override { qDeleteAll(qApp->findChildren<QTranslator*>()); }
+
+    static std::string said(const Phrase& phrase, Wording wording = Wording::linuxDesktop)
+    {
+        return Words(wording)(phrase).toStdString();
+    }
+};
+
+TEST_F(TranslationTest, SpeaksGermanToGermans)
+{
+    installTranslation(*qApp, {QStringLiteral("is-IS"), QStringLiteral("de-AT"), QStringLiteral("en-US")});
+    EXPECT_EQ(said(texts::general), "Allgemein");
+    EXPECT_EQ(said(texts::reveal), "In Dateiverwaltung anzeigen");
+    EXPECT_EQ(said(texts::reveal, Wording::macOS), "Im Finder zeigen");
+    EXPECT_EQ(said({texts::everyMinutes, 1}), "Abstand: 1 Minute");
+    EXPECT_EQ(said({texts::everyMinutes, 7}), "Abstand: 7 Minuten");
+    EXPECT_EQ(said({texts::moreInSettings, 3}), "3 weitere in Einstellungen ▸ Verlauf");
+    EXPECT_EQ(said({texts::installTitle, {"%n Codex"}}), "Hooks für %n Codex installieren?");
+    for (const CanonicalEvent event : allCanonicalEvents)
+        for (const std::string_view text :
+             {displayName(event), defaultBannerBody(event), defaultSpokenPhrase(event)})
+            EXPECT_TRUE(text.empty() || Words::ofCore(text).toStdString() != text) << text;
+    EXPECT_EQ(Words::ofCore(SoundOption::all().front().displayName).toStdString(), "Kein Ton");
+}
+
+TEST_F(TranslationTest, SpeaksEnglishToThoseWhoPreferItOrKnowNoLanguageOfOurs)
+{
+    for (const QStringList& languages :
+         {QStringList{QStringLiteral("en-US"), QStringLiteral("de-DE")}, QStringList{QStringLiteral("is-IS")},
+          QStringList{QStringLiteral("C")}}) {
+        installTranslation(*qApp, languages);
+        EXPECT_EQ(said(texts::general), "General");
+        EXPECT_EQ(said({texts::everyMinutes, 1}), "Every 1 minute");
+        EXPECT_EQ(said({texts::moreInSettings, 3}), "3 more in Settings ▸ Recent");
+    }
+}
+
+}
+}

@@ -1,0 +1,63 @@
+# SPDX-License-Identifier: MIT
+"""The application's icon in the tray, of either kind, as the user clicks it."""
+import re
+import subprocess
+
+from gi.repository import GLib
+
+import chimewell
+from waiting import until
+
+WATCHER = "org.kde.StatusNotifierWatcher"
+ITEM = "org.kde.StatusNotifierItem"
+
+
+class StatusNotifierIcon:
+    """An icon that its host draws and asks for by D-Bus."""
+
+    def __init__(self):
+        items = until(self._items, "its icon in the tray")
+        self._name, _, path = items[0].partition("/")
+        self._path = "/" + path
+
+    @staticmethod
+    def _items():
+        return chimewell.call(WATCHER, "/StatusNotifierWatcher", "org.freedesktop.DBus.Properties", "Get",
+                              GLib.Variant("(ss)", (WATCHER, "RegisteredStatusNotifierItems")))[0]
+
+    def click(self):
+        chimewell.call(self._name, self._path, ITEM, "Activate", GLib.Variant("(ii)", (0, 0)))
+
+    def icon_name(self):
+        return chimewell.call(self._name, self._path, "org.freedesktop.DBus.Properties", "Get",
+                              GLib.Variant("(ss)", (ITEM, "IconName")))[0]
+
+    def menu(self):
+        """Labels and numbers of the menu's entries."""
+        path = chimewell.call(self._name, self._path, "org.freedesktop.DBus.Properties", "Get",
+                              GLib.Variant("(ss)", (ITEM, "Menu")))[0]
+        layout = chimewell.call(self._name, path, "com.canonical.dbusmenu", "GetLayout",
+                                GLib.Variant("(iias)", (0, -1, [])))[1]
+        return {entry[1]["label"].replace("_", ""): (path, entry[0])
+                for entry in layout[2] if "label" in entry[1]}
+
+    def choose(self, label):
+        path, number = self.menu()[label]
+        chimewell.call(self._name, path, "com.canonical.dbusmenu", "Event",
+                       GLib.Variant("(isvu)", (number, "clicked", GLib.Variant("i", 0), 0)))
+
+
+class EmbeddedIcon:
+    """A small window of ours inside the host's."""
+
+    def click(self, button=1):
+        window = until(self._window, "its icon in the tray")
+        subprocess.run(["xdotool", "mousemove", "--window", window, "5", "5", "click", str(button)], check=True)
+
+    @staticmethod
+    def _window():
+        tree = subprocess.run(["xwininfo", "-root", "-tree"], capture_output=True, text=True, check=True).stdout
+        # Small, and inside another window: not one of those that are ordinary windows.
+        found = re.findall(r"^\s+(0x[0-9a-f]+) .*\(\"chimewell\".*?\)\s+(\d+)x(\d+)\+", tree, re.M)
+        return next((window for window, width, height in found if int(width) < 64 and int(height) < 64 and
+                     int(width) > 8), None)
