@@ -38,7 +38,7 @@ private:
     Instant instant_{1h};
 };
 
-class NoFiles final : public Files {
+class NoFiles final : public AgentFiles {
 public:
     std::expected<std::string, FileError> read(const std::filesystem::path&) override
     {
@@ -51,6 +51,31 @@ public:
     std::expected<void, FileError> createFolders(const std::filesystem::path&) override { return {}; }
     std::expected<void, FileError> remove(const std::filesystem::path&) override { return {}; }
     std::optional<FileKind> kind(const std::filesystem::path&) override { return std::nullopt; }
+    std::expected<void, ExchangeError> exchange(const std::filesystem::path&,
+                                                const std::optional<std::string>&, std::string_view) override
+    {
+        return {};
+    }
+    std::expected<void, FileError> writeCopy(const std::filesystem::path&, std::string_view,
+                                             const std::filesystem::path&) override
+    {
+        return {};
+    }
+    std::expected<std::vector<std::string>, FileError> list(const std::filesystem::path&) override
+    {
+        return {};
+    }
+};
+
+class NoHome final : public UserFolders {
+public:
+    std::filesystem::path home() const override { return "/nowhere"; }
+    std::optional<std::filesystem::path> applicationSupport() const override { return std::nullopt; }
+};
+
+class NoResources final : public Resources {
+public:
+    std::optional<std::filesystem::path> named(std::string_view) const override { return std::nullopt; }
 };
 
 class NoTimers final : public Timers {
@@ -110,6 +135,7 @@ public:
     std::string languageCode() const override { return "en"; }
     std::string shortTime(Date) const override { return {}; }
     std::string relativeTime(Date, Date) const override { return {}; }
+    std::string shortRelativeTime(Date, Date) const override { return {}; }
 };
 
 class NoWorkspace final : public Workspace {
@@ -119,6 +145,13 @@ public:
     bool activateRunning(const TerminalApplication&) override { return false; }
     bool openFolder(const std::filesystem::path&) override { return false; }
     void reveal(const std::filesystem::path&) override {}
+};
+
+class NoLoginItem final : public LoginItem {
+public:
+    bool isEnabled() const override { return false; }
+    std::expected<void, std::string> registerItem() override { return {}; }
+    std::expected<void, std::string> unregisterItem() override { return {}; }
 };
 
 /// The core behind the event road on a system that does nothing.
@@ -131,16 +164,22 @@ struct Road {
     MuteSpeech speech;
     NoBanners center;
     English locale;
+    NoHome folders;
+    NoResources resources;
     NoWorkspace workspace;
+    NoLoginItem loginItem;
     Services services{{.files = files,
                        .clock = clock,
                        .timers = timers,
                        .random = random,
                        .locale = locale,
+                       .folders = folders,
+                       .resources = resources,
                        .sounds = sounds,
                        .speech = speech,
                        .notifications = center,
-                       .workspace = workspace},
+                       .workspace = workspace,
+                       .loginItem = loginItem},
                       "/nowhere"};
     EventRouter& router = services.router;
 };
