@@ -111,10 +111,6 @@
         <translation>Leeren</translation>
     </message>
     <message>
-        <source>Close</source>
-        <translation>Schließen</translation>
-    </message>
-    <message>
         <source>Install</source>
         <translation>Installieren</translation>
     </message>
@@ -211,14 +207,6 @@
         <translation>%1 in der Dateiverwaltung anzeigen</translation>
     </message>
     <message>
-        <source>More</source>
-        <translation>Mehr</translation>
-    </message>
-    <message>
-        <source>Less</source>
-        <translation>Weniger</translation>
-    </message>
-    <message>
         <source>Step %1 of %2</source>
         <translation>Schritt %1 von %2</translation>
     </message>
@@ -279,10 +267,6 @@
         <translation>Fehler</translation>
     </message>
     <message>
-        <source>Tool use</source>
-        <translation>Werkzeugaufruf</translation>
-    </message>
-    <message>
         <source>BETA</source>
         <translation>BETA</translation>
     </message>
@@ -333,10 +317,6 @@
     <message>
         <source>Announce this event with a spoken voice (off by default). Turn it on to choose the phrase and voice.</source>
         <translation>Dieses Ereignis mit einer Stimme ansagen (standardmäßig aus). Nach dem Einschalten lassen sich Text und Stimme wählen.</translation>
-    </message>
-    <message>
-        <source>Phrase</source>
-        <translation>Ansagetext</translation>
     </message>
     <message>
         <source>Spoken aloud when this event fires. Leave the text blank for the default; use Preview to hear the voice. Add more voices in System Settings ▸ Accessibility ▸ Spoken Content.</source>

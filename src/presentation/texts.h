@@ -10,7 +10,6 @@ namespace chimewell::texts {
 // Everywhere
 inline constexpr auto cancel = Text("Cancel");
 inline constexpr auto clear = Text("Clear");
-inline constexpr auto close = Text("Close");
 inline constexpr auto install = Text("Install");
 inline constexpr auto installed = Text("Installed");
 inline constexpr auto noRecentActivity = Text("No recent activity yet");
@@ -35,8 +34,6 @@ inline constexpr auto updateOf = Text("Update %1 hooks");
 inline constexpr auto uninstallOf = Text("Uninstall %1");
 inline constexpr auto restoreOf = Text("Restore the original settings of %1");
 inline constexpr auto revealOf = Text("Reveal %1 in Finder").onLinux("Show %1 in the file manager");
-inline constexpr auto more = Text("More");
-inline constexpr auto less = Text("Less");
 inline constexpr auto stepOf = Text("Step %1 of %2");
 
 // Icon and panel
@@ -53,8 +50,6 @@ inline constexpr auto openPanel = Text("Open Chimewell");
 inline constexpr auto quit = Text("Quit");
 inline constexpr auto quitTooltip = Text("Quit — Chimewell stays closed until you open it again");
 inline constexpr auto openSessionTooltip = Text("Open the agent's session");
-inline constexpr auto shortError = Text("Error");
-inline constexpr auto shortToolUse = Text("Tool use");
 
 // BETA
 inline constexpr auto beta = Text("BETA");
@@ -75,7 +70,6 @@ inline constexpr auto showBanner = Text("Show banner");
 inline constexpr auto speak = Text("Speak");
 inline constexpr auto speakTooltip = Text(
     "Announce this event with a spoken voice (off by default). Turn it on to choose the phrase and voice.");
-inline constexpr auto phrase = Text("Phrase");
 inline constexpr auto phraseHelp =
     Text("Spoken aloud when this event fires. Leave the text blank for the default; use Preview to hear the "
          "voice. Add "

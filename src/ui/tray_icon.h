@@ -30,7 +30,7 @@ private:
     void show();
     QRect place() const;
 
-    const InterfaceServices services_;
+    const InterfaceServices& services_;
     const Actions actions_;
     QMenu menu_;
     QAction* muteAll_ = nullptr;

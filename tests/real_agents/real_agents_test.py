@@ -47,6 +47,8 @@ def trust(folder):
 class RealAgents(unittest.TestCase):
     def setUp(self):
         chimewell.write_settings(reminderIntervalSeconds=1, reminderMaxCount=1000)
+        # The server numbers the banners that it shows, those of the test before too.
+        subprocess.run(["dunstctl", "close-all"], check=True)
         self.watch = BannerWatch()
         self.addCleanup(self.watch.close)
         self.addCleanup(chimewell.end)

@@ -12,24 +12,21 @@ struct InterfaceOnFakes {
     Services services{system.ports(), "/support/Chimewell"};
     int quits = 0;
 
-    InterfaceServices interface()
-    {
-        return {.store = services.store,
-                .history = services.history,
-                .notifications = services.notifications,
-                .actions = services.actions,
-                .cards = services.cards,
-                .focus = services.focus,
-                .voice = services.voice,
-                .speech = system.speech,
-                .workspace = system.workspace,
-                .locale = system.locale,
-                .clock = system.time,
-                .words = Words(Wording::linuxDesktop),
-                .version = "1.0.0",
-                .addresses = {},
-                .quit = [this] { ++quits; }};
-    }
+    InterfaceServices interface{.store = services.store,
+                                .history = services.history,
+                                .notifications = services.notifications,
+                                .actions = services.actions,
+                                .cards = services.cards,
+                                .focus = services.focus,
+                                .voice = services.voice,
+                                .speech = system.speech,
+                                .workspace = system.workspace,
+                                .locale = system.locale,
+                                .clock = system.time,
+                                .words = Words(Wording::linuxDesktop),
+                                .version = "1.0.0",
+                                .addresses = {},
+                                .quit = [this] { ++quits; }};
 };
 
 }

@@ -88,7 +88,7 @@ protected:
     void forEach(const std::function<void(const std::string& name, QWidget&)>& visit)
     {
         const Windows windows{.openSettings = [] {}, .openWalkthrough = [] {}};
-        const InterfaceServices interface = fakes.interface();
+        const InterfaceServices& interface = fakes.interface;
         const auto look = [&](const std::string& name, QWidget& window) {
             window.show();
             for (int i = 0; i < 5; ++i)

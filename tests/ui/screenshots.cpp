@@ -77,7 +77,7 @@ void takeAll(const Camera& camera)
     const EnglishTimes times;
     const Windows windows{.openSettings = [] {}, .openWalkthrough = [] {}};
     InterfaceOnFakes fakes;
-    const InterfaceServices on = fakes.interface();
+    const InterfaceServices& on = fakes.interface;
     const InterfaceServices interface{on.store, on.history, on.notifications, on.actions,   on.cards,
                                       on.focus, on.voice,   on.speech,        on.workspace, times,
                                       on.clock, on.words,   on.version,       on.addresses, on.quit};

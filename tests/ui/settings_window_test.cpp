@@ -29,7 +29,7 @@ protected:
     void open(Pane pane)
     {
         const Windows windows{.openSettings = [] {}, .openWalkthrough = [this] { ++walkthroughs; }};
-        window = new SettingsWindow(fakes.interface(), windows);
+        window = new SettingsWindow(fakes.interface, windows);
         window->show(pane);
         window->show();
         window->activateWindow();

@@ -32,7 +32,7 @@ protected:
 
     void open()
     {
-        window = new WalkthroughWindow(fakes.interface());
+        window = new WalkthroughWindow(fakes.interface);
         QObject::connect(window, &WalkthroughWindow::ended, window, [this] { ++ends; });
         window->show();
         window->activateWindow();

@@ -13,7 +13,7 @@ from waiting import until  # noqa: E402
 Atspi.set_timeout(5000, 5000)
 State = Atspi.StateType
 
-WINDOWS = ("frame", "dialog", "alert", "filler", "window")
+WINDOWS = ("frame", "dialog", "alert", "window")
 BUTTONS = ("push button", "check box", "toggle button", "radio button")
 
 
@@ -153,26 +153,23 @@ def application(process):
     return until(look, f"process {process} on the accessibility bus")
 
 
+def _look_for_window(root, name):
+    root.node.clear_cache()
+    for i in range(root.node.get_child_count()):
+        child = root.node.get_child_at_index(i)  # nothing, if the window went meanwhile
+        if child and name == child.get_name() and Element(child).is_showing:
+            return Element(child)
+    return None
+
+
 def window(process, name, seconds=10):
     """The window of that title."""
     root = application(process)
-
-    def look():
-        root.node.clear_cache()
-        for i in range(root.node.get_child_count()):
-            child = root.node.get_child_at_index(i)
-            if child and name == child.get_name() and Element(child).is_showing:
-                return Element(child)
-        return None
-    return until(look, f"the window {name!r}", seconds)
+    return until(lambda: _look_for_window(root, name), f"the window {name!r}", seconds)
 
 
 def has_window(process, name):
-    root = application(process)
-    root.node.clear_cache()
-    return any(name == root.node.get_child_at_index(i).get_name() and
-               Element(root.node.get_child_at_index(i)).is_showing
-               for i in range(root.node.get_child_count()) if root.node.get_child_at_index(i))
+    return _look_for_window(application(process), name) is not None
 
 
 def press_keys(*keys):

@@ -43,7 +43,7 @@ QSize FlowLayout::sizeHint() const
         size = {size.width() + (size.isEmpty() ? 0 : spacing()) + hint.width(),
                 std::max(size.height(), hint.height())};
     }
-    return size;
+    return size.grownBy(contentsMargins());
 }
 
 QSize FlowLayout::minimumSize() const
@@ -51,7 +51,7 @@ QSize FlowLayout::minimumSize() const
     QSize size;
     for (const auto& item : items_)
         if (!item->isEmpty()) size = size.expandedTo(item->minimumSize());
-    return size;
+    return size.grownBy(contentsMargins());
 }
 
 void FlowLayout::setGeometry(const QRect& area)
@@ -60,8 +60,9 @@ void FlowLayout::setGeometry(const QRect& area)
     arrange(area, true);
 }
 
-int FlowLayout::arrange(const QRect& area, bool places) const
+int FlowLayout::arrange(const QRect& outer, bool places) const
 {
+    const QRect area = outer.marginsRemoved(contentsMargins());
     const Qt::LayoutDirection direction =
         parentWidget() ? parentWidget()->layoutDirection() : Qt::LeftToRight;
     std::vector<QLayoutItem*> shown;
@@ -92,7 +93,7 @@ int FlowLayout::arrange(const QRect& area, bool places) const
         first = end;
         top += height + (first < shown.size() ? spacing() : 0);
     }
-    return top - area.top();
+    return top - area.top() + outer.height() - area.height();
 }
 
 }

@@ -32,7 +32,7 @@ public:
 
 private:
     /// Returns the height that it takes.
-    int arrange(const QRect& area, bool places) const;
+    int arrange(const QRect& outer, bool places) const;
 
     std::vector<std::unique_ptr<QLayoutItem>> items_;
     Last last_;

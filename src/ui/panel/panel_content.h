@@ -45,7 +45,7 @@ private:
     void showSettings();
     void showHistory();
 
-    const InterfaceServices services_;
+    const InterfaceServices& services_;
     const Windows windows_;
 
     StatusDot* dot_ = nullptr;

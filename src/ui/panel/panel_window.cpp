@@ -2,6 +2,7 @@
 #include "ui/panel/panel_window.h"
 
 #include "presentation/texts.h"
+#include "ui/controls/accessible_role.h"
 #include "ui/look/colours.h"
 #include "ui/look/metrics.h"
 #include "ui/look/paint.h"
@@ -42,6 +43,7 @@ PanelWindow::PanelWindow(const InterfaceServices& services, const Windows& windo
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(services.words(texts::panelName));
+    setAccessibleRole(this, QAccessible::Window);
     setAccessibleName(services.words(texts::panelName));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(1, 1, 1, 1);

@@ -33,7 +33,7 @@ protected:
 private:
     void fit();
 
-    const InterfaceServices services_;
+    const InterfaceServices& services_;
     Form form_;
     PanelContent* content_;
     QRect anchor_;

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ui/settings/activatable_row.h"
 
+#include "ui/controls/edges.h"
 #include "ui/look/chimewell_style.h"
 #include "ui/look/colours.h"
 #include "ui/look/paint.h"
 #include "ui/look/symbol.h"
-#include "ui/settings/edges.h"
 
 #include <QPainter>
 #include <QStyle>

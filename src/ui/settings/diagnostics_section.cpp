@@ -3,9 +3,9 @@
 
 #include "presentation/texts.h"
 #include "ui/controls/card.h"
+#include "ui/controls/edges.h"
 #include "ui/controls/flow_layout.h"
 #include "ui/controls/note.h"
-#include "ui/settings/edges.h"
 #include "ui/settings/row_layout.h"
 
 #include <QPushButton>

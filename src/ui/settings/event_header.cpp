@@ -3,10 +3,10 @@
 
 #include "presentation/event_looks.h"
 #include "presentation/texts.h"
+#include "ui/controls/edges.h"
 #include "ui/controls/icon_button.h"
 #include "ui/controls/switch_button.h"
 #include "ui/controls/text_label.h"
-#include "ui/settings/edges.h"
 
 #include <QHBoxLayout>
 #include <QMouseEvent>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/settings/event_row.h"
 
+#include "ui/controls/edges.h"
 #include "ui/controls/fold.h"
 #include "ui/settings/alert_strip.h"
-#include "ui/settings/edges.h"
 #include "ui/settings/event_header.h"
 #include "ui/settings/spoken_options.h"
 

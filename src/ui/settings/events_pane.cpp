@@ -4,7 +4,7 @@
 #include "presentation/event_looks.h"
 #include "presentation/texts.h"
 #include "ui/controls/card.h"
-#include "ui/settings/edges.h"
+#include "ui/controls/edges.h"
 #include "ui/settings/event_row.h"
 #include "ui/settings/reminders_section.h"
 #include "ui/settings/voice_list.h"

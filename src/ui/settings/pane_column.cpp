@@ -2,8 +2,8 @@
 #include "ui/settings/pane_column.h"
 
 #include "ui/controls/card.h"
+#include "ui/controls/edges.h"
 #include "ui/controls/text_label.h"
-#include "ui/settings/edges.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>

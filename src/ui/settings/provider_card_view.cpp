@@ -6,12 +6,12 @@
 #include "ui/controls/accessible_role.h"
 #include "ui/controls/capsule_label.h"
 #include "ui/controls/card.h"
+#include "ui/controls/edges.h"
 #include "ui/controls/flow_layout.h"
 #include "ui/controls/link_button.h"
 #include "ui/controls/note.h"
 #include "ui/controls/text_label.h"
 #include "ui/look/chimewell_style.h"
-#include "ui/settings/edges.h"
 
 #include <QAccessible>
 #include <QHBoxLayout>

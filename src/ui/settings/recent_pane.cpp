@@ -4,10 +4,10 @@
 #include "presentation/panel_model.h"
 #include "presentation/texts.h"
 #include "ui/controls/card.h"
+#include "ui/controls/edges.h"
 #include "ui/controls/link_button.h"
 #include "ui/controls/symbol_label.h"
 #include "ui/controls/text_label.h"
-#include "ui/settings/edges.h"
 #include "ui/settings/recent_row_view.h"
 
 #include <QKeyEvent>

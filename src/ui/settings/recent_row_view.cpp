@@ -3,12 +3,12 @@
 
 #include "presentation/texts.h"
 #include "ui/controls/accessible_role.h"
+#include "ui/controls/edges.h"
 #include "ui/controls/symbol_label.h"
 #include "ui/controls/text_label.h"
 #include "ui/look/chimewell_style.h"
 #include "ui/look/paint.h"
 #include "ui/look/symbol_icon.h"
-#include "ui/settings/edges.h"
 #include "ui/settings/row_layout.h"
 
 #include <QHBoxLayout>

@@ -4,11 +4,11 @@
 #include "presentation/reminder_choices.h"
 #include "presentation/texts.h"
 #include "ui/controls/card.h"
+#include "ui/controls/edges.h"
 #include "ui/controls/picker.h"
 #include "ui/controls/stepper.h"
 #include "ui/controls/switch_button.h"
 #include "ui/controls/text_label.h"
-#include "ui/settings/edges.h"
 #include "ui/settings/setting_row.h"
 #include "ui/settings/switch_row.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/settings/setting_row.h"
 
+#include "ui/controls/edges.h"
 #include "ui/controls/text_label.h"
-#include "ui/settings/edges.h"
 #include "ui/settings/row_layout.h"
 
 #include <QVBoxLayout>

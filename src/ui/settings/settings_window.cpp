@@ -2,9 +2,10 @@
 #include "ui/settings/settings_window.h"
 
 #include "presentation/texts.h"
+#include "ui/controls/accessible_role.h"
 #include "ui/controls/card.h"
+#include "ui/controls/edges.h"
 #include "ui/controls/note.h"
-#include "ui/settings/edges.h"
 #include "ui/settings/events_pane.h"
 #include "ui/settings/general_pane.h"
 #include "ui/settings/providers_pane.h"
@@ -51,6 +52,7 @@ SettingsWindow::SettingsWindow(const InterfaceServices& services, const Windows&
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(services_.words(texts::settingsTitle));
+    setAccessibleRole(this, QAccessible::Window);
     const QSize room = screen()->availableSize() - QSize(aroundWindow, aroundWindow);
     setMinimumSize(QSize(scaled(leastWidth), scaled(leastHeight)).boundedTo(room));
     resize(QSize(scaled(wantedWidth), scaled(wantedHeight)).boundedTo(room));

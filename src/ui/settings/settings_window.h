@@ -36,7 +36,7 @@ private:
     QWidget* makePane(Pane pane);
     void showError();
 
-    const InterfaceServices services_;
+    const InterfaceServices& services_;
     const Windows windows_;
     Sidebar* sidebar_;
     Note* errorNote_;

@@ -3,11 +3,11 @@
 
 #include "presentation/texts.h"
 #include "presentation/voice_choices.h"
+#include "ui/controls/edges.h"
 #include "ui/controls/field.h"
 #include "ui/controls/picker.h"
 #include "ui/controls/symbol_label.h"
 #include "ui/controls/text_label.h"
-#include "ui/settings/edges.h"
 #include "ui/settings/row_layout.h"
 #include "ui/settings/voice_list.h"
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/settings/switch_row.h"
 
+#include "ui/controls/edges.h"
 #include "ui/controls/note.h"
 #include "ui/controls/switch_button.h"
 #include "ui/controls/text_label.h"
-#include "ui/settings/edges.h"
 #include "ui/settings/row_layout.h"
 #include "ui/words.h"
 

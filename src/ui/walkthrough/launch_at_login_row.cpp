@@ -2,6 +2,7 @@
 #include "ui/walkthrough/launch_at_login_row.h"
 
 #include "presentation/texts.h"
+#include "ui/controls/edges.h"
 #include "ui/controls/note.h"
 #include "ui/controls/switch_button.h"
 
@@ -25,7 +26,7 @@ LaunchAtLoginRow::LaunchAtLoginRow(const InterfaceServices& services, QWidget* p
     switch_->setAccessibleDescription(services_.words(texts::startAtLoginCaption));
 
     auto* grid = new QGridLayout(this);
-    grid->setContentsMargins(scaled(15), scaled(10), scaled(12), scaled(10)); // the switch has room around it
+    grid->setContentsMargins(directed(scaled(15), scaled(10), scaled(15) - ringRoom, scaled(10)));
     grid->setHorizontalSpacing(scaled(8));
     grid->setVerticalSpacing(scaled(2));
     grid->addWidget(new SymbolLabel("power", metrics::rowIcon, Tone::secondary), 0, 0);

@@ -2,6 +2,7 @@
 #include "ui/walkthrough/step_dots.h"
 
 #include "presentation/texts.h"
+#include "ui/controls/accessible_role.h"
 #include "ui/look/colours.h"
 #include "ui/look/metrics.h"
 #include "ui/look/paint.h"
@@ -22,6 +23,7 @@ constexpr auto count = static_cast<int>(allOnboardingSteps.size());
 StepDots::StepDots(const Words& words, QWidget* parent) : QWidget(parent), words_(words)
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setAccessibleRole(this, QAccessible::StaticText);
     show(current_);
 }
 

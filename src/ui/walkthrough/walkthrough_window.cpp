@@ -2,6 +2,7 @@
 #include "ui/walkthrough/walkthrough_window.h"
 
 #include "presentation/texts.h"
+#include "ui/controls/accessible_role.h"
 #include "ui/controls/fitting_scroll_area.h"
 #include "ui/look/chimewell_style.h"
 #include "ui/look/metrics.h"
@@ -39,7 +40,7 @@ WalkthroughWindow::WalkthroughWindow(const InterfaceServices& services, QWidget*
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(services_.words(texts::walkthroughTitle));
-    setAccessibleName(windowTitle());
+    setAccessibleRole(this, QAccessible::Window);
     services_.cards.clearMessages(); // from another time
     for (const OnboardingStep step : allOnboardingSteps)
         addStep(step);

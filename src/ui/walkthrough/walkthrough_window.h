@@ -43,7 +43,7 @@ private:
     void fit();
     void refresh();
 
-    const InterfaceServices services_;
+    const InterfaceServices& services_;
     OnboardingStep step_ = OnboardingStep::welcome;
     QStackedWidget* stack_;
     std::vector<StepPage*> pages_; ///< In the order of the steps.
