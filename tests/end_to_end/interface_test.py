@@ -21,6 +21,11 @@ CLAUDE, CODEX, CURSOR = (HOME / name for name in (".claude/settings.json", ".cod
 INSTALLED, TRAY = None, ""
 
 
+NAMES = {"finished": "Finished", "waiting_input": "Waiting for input", "subagent_finished": "Subagent finished",
+         "error": "Error", "tool_use": "Tool use", "long_running_start": "Long-running task started",
+         "session_start": "Session started"}
+
+
 def settings():
     """What is stored; a file that we wrote ourselves holds little until the application writes the first change."""
     stored = json.loads((chimewell.folder() / "settings.json").read_text())
@@ -72,7 +77,6 @@ class InterfaceTest(unittest.TestCase):
         self.until_gone(title)
 
 
-@unittest.skipUnless(len(sys.argv) > 2 and sys.argv[2] == "sni", "one tray is enough for what is in windows")
 class Windows(InterfaceTest):
     def test_a_new_user_is_led_to_a_connected_agent(self):
         CLAUDE.parent.mkdir()
@@ -102,7 +106,8 @@ class Windows(InterfaceTest):
         steps.find("Done", "push button").press()
         self.until_gone("Welcome")
         self.assertTrue(settings()["hasCompletedOnboarding"])
-        self.assertEqual(StatusNotifierIcon().icon_name(), "chimewell-armed-symbolic")
+        if TRAY == "sni":
+            self.assertEqual(StatusNotifierIcon().icon_name(), "chimewell-armed-symbolic")
         INSTALLED.claude("finished", "first", "/srv/first")
         self.watch.until_shown("Finished — first")
 
@@ -126,10 +131,30 @@ class Windows(InterfaceTest):
         press_keys("Tab")
         until(lambda: event("waiting_input")["spokenPhrase"] == "Look here", "the phrase")
 
+    def test_every_control_of_the_events_stores_one_thing(self):
+        self.start(hasCompletedOnboarding=True)
+        for action in ("mute", "unmute"):
+            chimewell.act(action)
+        until(lambda: len(settings()["events"]) == 8 and not settings()["globalMuted"], "a file with everything")
+        pane = self.open_settings("Events")
+        for name in NAMES.values():
+            if not pane.find(f"Enable {name}", "check box").is_checked:
+                pane.find(f"Enable {name}", "check box").press()
+        until(lambda: all(event(key)["enabled"] for key in NAMES), "every event switched on")
+        for key, name in NAMES.items():
+            for label, field in (("Show banner for", "showPopup"), ("Speak for", "speak"), ("Enable", "enabled")):
+                before = settings()
+                pane.find(f"{label} {name}", "check box").press()
+                stored = next(one for one in before["events"] if one["event"] == key)
+                stored[field] = not stored[field]
+                until(lambda: settings() == before, f"nothing changed but {field} of {key}")  # pylint: disable=W0640
+
     def test_reminders_keep_an_interval_that_is_only_looked_at(self):
-        self.start(hasCompletedOnboarding=True, reminderIntervalSeconds=90)
+        self.start(hasCompletedOnboarding=True, reminderIntervalSeconds=90, reminderMaxCount=7)
         pane = self.open_settings("Events")
         pane.until_shows("Every 1 minute")
+        pane.find("Up to 7 reminders", "spin button").step(1)
+        until(lambda: settings()["reminderMaxCount"] == 8, "one more reminder")
         pane.find("Keep reminding me while the agent waits", "check box").press()
         until(lambda: not settings()["remindersEnabled"], "no reminders")
         self.assertEqual(settings()["reminderIntervalSeconds"], 90)

@@ -129,6 +129,9 @@ class Element:
     def write(self, text):
         self.node.get_editable_text_iface().set_text_contents(text)
 
+    def step(self, by):
+        self.node.get_value_iface().set_current_value(self.value + by)
+
     def choose(self, entry):
         """An entry of a picker."""
         self._act("ShowMenu")
