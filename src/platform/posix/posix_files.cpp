@@ -2,6 +2,7 @@
 #include "platform/posix/posix_files.h"
 
 #include "platform/posix/file_attributes.h"
+#include "platform/posix/file_calls.h"
 #include "platform/posix/file_descriptor.h"
 #include "platform/posix/temporary_file.h"
 
@@ -11,7 +12,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdint>
 #include <system_error>
 #include <utility>
 
@@ -67,19 +67,11 @@ std::expected<std::string, FileError> readAll(const FileDescriptor& file)
     return content;
 }
 
-std::pair<std::int64_t, std::int64_t> modificationTime(const struct stat& status)
-{
-#ifdef __APPLE__
-    const struct timespec& time = status.st_mtimespec;
-#else
-    const struct timespec& time = status.st_mtim;
-#endif
-    return {time.tv_sec, time.tv_nsec};
-}
-
 bool isSameState(const struct stat& a, const struct stat& b)
 {
-    return a.st_size == b.st_size && modificationTime(a) == modificationTime(b);
+    const timespec& timeOfA = modificationTime(a);
+    const timespec& timeOfB = modificationTime(b);
+    return a.st_size == b.st_size && timeOfA.tv_sec == timeOfB.tv_sec && timeOfA.tv_nsec == timeOfB.tv_nsec;
 }
 
 /// The path behind the last link, whether something stands there or not.
@@ -121,7 +113,7 @@ struct Replacement {
     TemporaryFile temporary;
 
     /// Brings the new name to the disk. The file is already the new one, so no failure is left to report.
-    void settle() const { ::fsync(folder.get()); }
+    void settle() const { flush(folder.get()); }
 };
 
 /// The attributes are those of `original` if that is given, else of what stands at the target.
@@ -228,7 +220,7 @@ std::expected<void, ExchangeError> exchangeKnown(Replacement& with, std::string_
         return *wasKnown ? std::expected<void, ExchangeError>() : swapBack(with, content, changed());
     }
     if (errno == ENOENT) return changed();
-    if (errno != EINVAL && errno != ENOSYS) return failed(errno);
+    if (errno != ENOTSUP) return failed(errno);
     // A file system that cannot swap: what is left is the moment since the look above.
     if (!temporary.rename(name)) return failed(errno);
     return {};

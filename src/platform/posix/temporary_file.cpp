@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/posix/temporary_file.h"
 
+#include "platform/posix/file_calls.h"
 #include "platform/posix/random_device.h"
 
 #include <fcntl.h>
@@ -12,27 +13,6 @@
 #include <utility>
 
 namespace chimewell {
-
-namespace {
-
-#ifdef __APPLE__
-constexpr unsigned int onlyIfFree = RENAME_EXCL;
-constexpr unsigned int tradePlaces = RENAME_SWAP;
-#else
-constexpr unsigned int onlyIfFree = RENAME_NOREPLACE;
-constexpr unsigned int tradePlaces = RENAME_EXCHANGE;
-#endif
-
-bool renameWith(unsigned int flags, int folder, const std::string& from, const std::string& to)
-{
-#ifdef __APPLE__
-    return ::renameatx_np(folder, from.c_str(), folder, to.c_str(), flags) == 0;
-#else
-    return ::renameat2(folder, from.c_str(), folder, to.c_str(), flags) == 0;
-#endif
-}
-
-}
 
 TemporaryFile::TemporaryFile(int folder, FileDescriptor file, std::string name)
     : folder_(folder),
@@ -80,9 +60,7 @@ bool TemporaryFile::write(std::string_view content)
 
 bool TemporaryFile::finish()
 {
-    while (::fsync(file_.get()) != 0)
-        if (errno != EINTR) return false;
-    return file_.close();
+    return flush(file_.get()) && file_.close();
 }
 
 bool TemporaryFile::rename(const std::string& name)
@@ -94,11 +72,11 @@ bool TemporaryFile::rename(const std::string& name)
 
 bool TemporaryFile::renameToFree(const std::string& name)
 {
-    if (renameWith(onlyIfFree, folder_, name_, name)) {
+    if (chimewell::renameToFree(folder_, name_.c_str(), name.c_str())) {
         name_.clear();
         return true;
     }
-    if (errno != EINVAL && errno != ENOSYS) return false;
+    if (errno != ENOTSUP) return false;
     // A file system that knows no such renaming: what is left is the moment between these two calls.
     struct stat status = {};
     if (::fstatat(folder_, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0) errno = EEXIST;
@@ -107,7 +85,7 @@ bool TemporaryFile::renameToFree(const std::string& name)
 
 bool TemporaryFile::swap(const std::string& name)
 {
-    return renameWith(tradePlaces, folder_, name_, name);
+    return exchangeNames(folder_, name_.c_str(), name.c_str());
 }
 
 }

@@ -30,7 +30,7 @@ public:
     /// Takes the place of `name` only if nothing stands there; EEXIST otherwise.
     bool renameToFree(const std::string& name);
     /// Trades places with `name` in one step: then this object holds what stood there, and removes it in the
-    /// end. EINVAL or ENOSYS where the file system cannot.
+    /// end. ENOTSUP where the file system cannot.
     bool swap(const std::string& name);
     /// Leaves the file where it is, for somebody to find.
     void keep() { name_.clear(); }
