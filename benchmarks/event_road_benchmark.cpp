@@ -154,6 +154,11 @@ public:
     std::expected<void, std::string> unregisterItem() override { return {}; }
 };
 
+struct InMenuBar : ApplicationActivation {
+    void setPolicy(ActivationPolicy) override {}
+    void activate() override {}
+};
+
 /// The core behind the event road on a system that does nothing.
 struct Road {
     SteppingClock clock;
@@ -168,6 +173,7 @@ struct Road {
     NoResources resources;
     NoWorkspace workspace;
     NoLoginItem loginItem;
+    InMenuBar activation;
     Services services{{.files = files,
                        .clock = clock,
                        .timers = timers,
@@ -179,7 +185,8 @@ struct Road {
                        .speech = speech,
                        .notifications = center,
                        .workspace = workspace,
-                       .loginItem = loginItem},
+                       .loginItem = loginItem,
+                       .activation = activation},
                       "/nowhere"};
     EventRouter& router = services.router;
 };

@@ -5,6 +5,7 @@ namespace chimewell {
 
 void AppDelegate::applicationDidFinishLaunching()
 {
+    with_.activation.setPolicy(ActivationPolicy::accessory);
     launchCheck_ = with_.timers.once(launchCheckDelay, [this] {
         if (!with_.urls.didHandleLaunchEvent()) with_.marker.clear();
         launchCheck_.reset();

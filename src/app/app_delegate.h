@@ -4,6 +4,7 @@
 #include "alerts/notification_service.h"
 #include "app/dormant_marker.h"
 #include "app/url_event_handler.h"
+#include "ports/application_activation.h"
 #include "ports/timers.h"
 
 #include <chrono>
@@ -19,6 +20,7 @@ enum class QuitReason : std::uint8_t { user, sessionEnd };
 class AppDelegate {
 public:
     struct Collaborators {
+        ApplicationActivation& activation;
         const URLEventHandler& urls;
         NotificationService& notifications;
         DormantMarker& marker;

@@ -29,11 +29,16 @@ Services::Services(const Ports& ports, const std::filesystem::path& folder)
                .sound = sound,
                .preview = preview,
                .loginItem = ports.loginItem,
-               .random = ports.random}),
+               .random = ports.random,
+               .activation = ports.activation}),
       cards({.installers = installers, .store = store, .files = ports.files, .timers = ports.timers}),
       urls(router),
       marker(ports.files, ports.clock, folder),
-      delegate({.urls = urls, .notifications = notifications, .marker = marker, .timers = ports.timers})
+      delegate({.activation = ports.activation,
+                .urls = urls,
+                .notifications = notifications,
+                .marker = marker,
+                .timers = ports.timers})
 {
     reminders.onFire = [this](const EventPayload& payload) { router.fireReminder(payload); };
     notifications.onOpenSession = [this](const auto& term, const auto& cwd) {

@@ -14,6 +14,7 @@
 #include "events/session_focus.h"
 #include "hooks/hook_installers.h"
 #include "ports/agent_files.h"
+#include "ports/application_activation.h"
 #include "ports/clock.h"
 #include "ports/login_item.h"
 #include "ports/notification_center.h"
@@ -47,6 +48,7 @@ struct Ports {
     NotificationCenter& notifications;
     Workspace& workspace;
     LoginItem& loginItem;
+    ApplicationActivation& activation;
 };
 
 /// Every object behind the ports, made once, in the order of the start, and wired to one another.

@@ -34,9 +34,21 @@ std::optional<std::string> UserActions::setLaunchAtLogin(bool wanted)
     return chimewell::setLaunchAtLogin(with_.loginItem, wanted);
 }
 
+void UserActions::beginOnboarding()
+{
+    with_.activation.setPolicy(ActivationPolicy::regular);
+    with_.activation.activate();
+}
+
 void UserActions::completeOnboarding()
 {
     with_.store.update([](AppSettings& settings) { settings.hasCompletedOnboarding = true; });
+    with_.activation.setPolicy(ActivationPolicy::accessory);
+}
+
+void UserActions::comeForward()
+{
+    with_.activation.activate();
 }
 
 }

@@ -5,6 +5,7 @@
 #include "alerts/notification_service.h"
 #include "alerts/sound_player.h"
 #include "events/event_router.h"
+#include "ports/application_activation.h"
 #include "ports/login_item.h"
 #include "ports/random.h"
 #include "settings/settings_store.h"
@@ -26,6 +27,7 @@ public:
         AlertPreview& preview;
         LoginItem& loginItem;
         Random& random;
+        ApplicationActivation& activation;
     };
     explicit UserActions(Collaborators with) : with_(with) {}
 
@@ -37,7 +39,12 @@ public:
     void setMuted(bool muted);
     /// Stores the wish and tells the system; the message says why that failed. The wish stays stored.
     std::optional<std::string> setLaunchAtLogin(bool wanted);
+    /// The walkthrough shows: for so long the application is one among the others, with a window in front.
+    void beginOnboarding();
+    /// However it ended.
     void completeOnboarding();
+    /// A window of ours is to be in front.
+    void comeForward();
 
 private:
     Collaborators with_;

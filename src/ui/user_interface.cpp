@@ -10,18 +10,6 @@
 
 namespace chimewell {
 
-namespace {
-
-void bringForward(QWidget& window)
-{
-    window.show();
-    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
-    window.raise();
-    window.activateWindow();
-}
-
-}
-
 UserInterface::UserInterface(const InterfaceServices& services) : services_(services) {}
 
 UserInterface::~UserInterface()
@@ -66,6 +54,16 @@ void UserInterface::openPanel(const QRect& icon)
     const auto form = icon.isEmpty() ? PanelWindow::Form::window : PanelWindow::Form::popUp;
     panel_ = new PanelWindow(services_, windows(), form);
     panel_->showBeside(icon);
+    services_.actions.comeForward();
+}
+
+void UserInterface::bringForward(QWidget& window)
+{
+    window.show();
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    services_.actions.comeForward();
+    window.raise();
+    window.activateWindow();
 }
 
 void UserInterface::openSettings()

@@ -26,6 +26,13 @@ protected:
     AppDelegate& delegate = services.delegate;
 };
 
+TEST_F(AppDelegateTest, LivesInTheMenuBarOnly)
+{
+    delegate.applicationDidFinishLaunching();
+    EXPECT_EQ(system.activation.policies, std::vector{ActivationPolicy::accessory});
+    EXPECT_EQ(system.activation.activations, 0); // whoever types goes on typing
+}
+
 TEST_F(AppDelegateTest, StartedByHandClearsTheMarkerOnce)
 {
     files.contents[markerFile] = "before";
@@ -42,7 +49,8 @@ TEST_F(AppDelegateTest, StartedByAnyUrlKeepsTheMarker)
     for (const auto& url : {std::optional<std::string>("chimewell://event?type=finished&provider=claude"),
                             std::optional<std::string>("nonsense"), std::optional<std::string>()}) {
         URLEventHandler fresh{services.router};
-        AppDelegate started{{.urls = fresh,
+        AppDelegate started{{.activation = system.activation,
+                             .urls = fresh,
                              .notifications = services.notifications,
                              .marker = services.marker,
                              .timers = time}};

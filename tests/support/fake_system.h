@@ -8,6 +8,7 @@
 #include "support/memory_files.h"
 #include "support/one_resource.h"
 #include "support/plain_locale.h"
+#include "support/recording_activation.h"
 #include "support/recording_login_item.h"
 #include "support/recording_notification_center.h"
 #include "support/recording_sounds.h"
@@ -29,6 +30,7 @@ struct FakeSystem {
     RecordingNotificationCenter center;
     RecordingWorkspace workspace;
     RecordingLoginItem loginItem;
+    RecordingActivation activation;
 
     Ports ports()
     {
@@ -43,7 +45,8 @@ struct FakeSystem {
                 .speech = speech,
                 .notifications = center,
                 .workspace = workspace,
-                .loginItem = loginItem};
+                .loginItem = loginItem,
+                .activation = activation};
     }
 };
 

@@ -105,8 +105,14 @@ TEST_F(WalkthroughWindowTest, EndsForGoodHoweverItIsLeft)
     for (const auto& leave : ways) {
         store.update([](AppSettings& settings) { settings.hasCompletedOnboarding = false; });
         if (!window) open();
+        window->hide();
+        window->show();
+        std::vector<ActivationPolicy>& policies = fakes.system.activation.policies;
+        EXPECT_EQ(policies, std::vector{ActivationPolicy::regular}); // once, however often it shows
         leave();
         settle();
+        EXPECT_EQ(policies.back(), ActivationPolicy::accessory);
+        policies.clear();
         EXPECT_TRUE(store.settings().hasCompletedOnboarding);
         EXPECT_EQ(ends, ++expected);
         EXPECT_FALSE(window);

@@ -11,6 +11,7 @@
 #include "platform/linux/freedesktop_application.h"
 #include "platform/linux/icu_user_locale.h"
 #include "platform/linux/linux_workspace.h"
+#include "platform/linux/no_activation.h"
 #include "platform/linux/pulse_system_sounds.h"
 #include "platform/linux/ssip_speech_synthesizer.h"
 #include "platform/linux/termination_signals.h"
@@ -66,6 +67,7 @@ private:
     SsipSpeechSynthesizer speech_;
     LinuxWorkspace workspace_;
     AutostartLoginItem loginItem_;
+    NoActivation activation_;
 
     Services services_;
 

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 namespace chimewell {
 
@@ -18,17 +19,48 @@ constexpr std::array<std::string_view, 5> pointingAlongTheLine = {
     "arrow.right", "arrow.up.forward.app", "arrow.uturn.backward", "chevron.left", "chevron.right",
 };
 
+SymbolSource& symbolSource()
+{
+    static SymbolSource source;
+    return source;
+}
+
 constexpr int large = 40; // from here on the lines of a symbol would look coarse
 
-QByteArray drawing(const QString& name, int devicePixels)
+QByteArray ourDrawing(const QString& name, int devicePixels, int size)
 {
     const QString folder = QStringLiteral(":/symbols/");
     // A few have a drawing of their own for exactly 16 pixels, where a stem in the middle would blur.
     QFile file(folder + QStringLiteral("16/") + name + QStringLiteral(".svg"));
     if (devicePixels != 16 || !file.exists()) file.setFileName(folder + name + QStringLiteral(".svg"));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    QByteArray svg = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    if (size >= large) svg.replace("stroke-width=\"1.75\"", "stroke-width=\"1.4\"");
+    return svg;
 }
 
+void draw(QPixmap& pixmap, QByteArray svg, const QColor& colour)
+{
+    svg.replace("currentColor", colour.name(QColor::HexRgb).toLatin1());
+    QSvgRenderer renderer(svg);
+    QPainter painter(&pixmap);
+    // Strokes overlap in some drawings: the whole is faded, not its parts.
+    painter.setOpacity(colour.alphaF());
+    renderer.render(&painter);
+}
+
+void fill(QPixmap& pixmap, const QImage& mask, const QColor& colour)
+{
+    QPainter painter(&pixmap);
+    painter.drawImage(0, 0, mask);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(pixmap.rect(), colour);
+}
+
+}
+
+void setSymbolSource(SymbolSource source)
+{
+    symbolSource() = std::move(source);
 }
 
 QPixmap symbol(std::string_view name, int size, const QColor& colour, qreal devicePixelRatio)
@@ -40,20 +72,13 @@ QPixmap symbol(std::string_view name, int size, const QColor& colour, qreal devi
     QPixmap pixmap;
     if (QPixmapCache::find(key, &pixmap)) return pixmap;
 
-    QColor opaque = colour;
-    opaque.setAlpha(255);
-    QByteArray svg = drawing(file, pixels);
-    svg.replace("currentColor", opaque.name(QColor::HexRgb).toLatin1());
-    if (size >= large) svg.replace("stroke-width=\"1.75\"", "stroke-width=\"1.4\"");
-    QSvgRenderer renderer(svg);
     pixmap = QPixmap(pixels, pixels);
     pixmap.fill(Qt::transparent);
-    {
-        QPainter painter(&pixmap);
-        // Strokes overlap in some drawings: the whole is faded, not its parts.
-        painter.setOpacity(colour.alphaF());
-        renderer.render(&painter);
-    }
+    const QImage mask = symbolSource() ? symbolSource()(name, pixels) : QImage();
+    if (!mask.isNull())
+        fill(pixmap, mask, colour);
+    else
+        draw(pixmap, ourDrawing(file, pixels, size), colour);
     pixmap.setDevicePixelRatio(devicePixelRatio);
     QPixmapCache::insert(key, pixmap);
     return pixmap;

@@ -2,17 +2,25 @@
 #pragma once
 
 #include <QColor>
+#include <QImage>
 #include <QPixmap>
 #include <QRectF>
 #include <QString>
 
+#include <functional>
 #include <string_view>
 
 class QPainter;
 
 namespace chimewell {
 
-/// Our drawing of the symbol of that name, `size` logical pixels wide and high, in one colour. Cached.
+/// A square of so many pixels in `QImage::Format_Alpha8`; null for a name that it does not know.
+using SymbolSource = std::function<QImage(std::string_view name, int pixels)>;
+/// From now on `source` draws the symbols, and we only those that it does not know. To be set before any is
+/// drawn.
+void setSymbolSource(SymbolSource source);
+
+/// The drawing of the symbol of that name, `size` logical pixels wide and high, in one colour. Cached.
 QPixmap symbol(std::string_view name, int size, const QColor& colour, qreal devicePixelRatio);
 
 /// Paints it into the middle of `area`; mirrored where it points along the line of text and that runs

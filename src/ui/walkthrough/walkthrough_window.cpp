@@ -108,6 +108,10 @@ void WalkthroughWindow::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     if (event->spontaneous()) return; // it was minimised
+    if (!didEnterRegular_) {
+        didEnterRegular_ = true;
+        services_.actions.beginOnboarding();
+    }
     fit();
     refresh();
 }

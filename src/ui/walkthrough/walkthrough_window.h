@@ -45,6 +45,7 @@ private:
 
     const InterfaceServices& services_;
     OnboardingStep step_ = OnboardingStep::welcome;
+    bool didEnterRegular_ = false;
     QStackedWidget* stack_;
     std::vector<StepPage*> pages_; ///< In the order of the steps.
     WalkthroughBar* bar_;
