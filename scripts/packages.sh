@@ -37,12 +37,21 @@ test_packages=(
     golang-github-burntsushi-toml-dev
 )
 
+# To compile and link for macOS.
+macos_packages=(
+    clang-19 lld-19 llvm-19 libc++-19-dev libc++abi-19-dev
+    cmake ninja-build pkg-config libutf8proc-dev
+)
+
 # To measure it: the frame, the peers, the counter of instructions.
 benchmark_packages=(libbenchmark-dev nlohmann-json3-dev rapidjson-dev valgrind)
 
 # To run real agents.
 agent_packages=(tmux)
-command -v npm >/dev/null || agent_packages+=(nodejs npm)
+if ! command -v npm >/dev/null; then
+    agent_packages+=(nodejs npm)
+    macos_packages+=(nodejs npm)
+fi
 
 # ensure_packages PACKAGE...: installs those that are missing, and nothing where none is.
 ensure_packages() {

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#include "platform/macos/apple_events.h"
+
+#include "platform/macos/notification_observer.h"
+#include "platform/macos/text.h"
+
+#import <AppKit/AppKit.h>
+
+#include <utility>
+
+@interface ChimewellAppleEventHandler : NSObject
+@property (nonatomic, copy) void (^opened)(NSAppleEventDescriptor* event);
+@property (nonatomic, copy) void (^reopened)(void);
+@end
+
+@implementation ChimewellAppleEventHandler
+
+- (void)handleURLEvent:(NSAppleEventDescriptor*)event withReplyEvent:(NSAppleEventDescriptor*)reply
+{
+    static_cast<void>(reply);
+    self.opened(event);
+}
+
+- (void)handleReopenEvent:(NSAppleEventDescriptor*)event withReplyEvent:(NSAppleEventDescriptor*)reply
+{
+    static_cast<void>(event);
+    static_cast<void>(reply);
+    self.reopened();
+}
+
+@end
+
+namespace chimewell {
+
+/// Holds the handler, which the event manager does not.
+struct AppleEvents::Registration {
+    ChimewellAppleEventHandler* handler = [[ChimewellAppleEventHandler alloc] init];
+    bool isRegistered = false;
+};
+
+AppleEvents::AppleEvents(Handlers handlers) : registration_(std::make_unique<Registration>())
+{
+    registration_->handler.opened = ^(NSAppleEventDescriptor* event) {
+        NSString* const url = [event paramDescriptorForKeyword:keyDirectObject].stringValue;
+        handlers.open(url ? std::optional(utf8(url)) : std::nullopt);
+    };
+    registration_->handler.reopened = ^{
+        handlers.activate();
+    };
+    // Observers run in the order in which they were added, and the toolkit's came with its application
+    // object.
+    launch_ = std::make_unique<NotificationObserver>(NSNotificationCenter.defaultCenter,
+                                                     NSApplicationWillFinishLaunchingNotification,
+                                                     [this] { registerNow(); });
+}
+
+AppleEvents::~AppleEvents()
+{
+    if (!registration_->isRegistered) return;
+    NSAppleEventManager* const manager = [NSAppleEventManager sharedAppleEventManager];
+    [manager removeEventHandlerForEventClass:kInternetEventClass andEventID:kAEGetURL];
+    [manager removeEventHandlerForEventClass:kCoreEventClass andEventID:kAEReopenApplication];
+}
+
+void AppleEvents::registerNow()
+{
+    NSAppleEventManager* const manager = [NSAppleEventManager sharedAppleEventManager];
+    [manager setEventHandler:registration_->handler
+                 andSelector:@selector(handleURLEvent:withReplyEvent:)
+               forEventClass:kInternetEventClass
+                  andEventID:kAEGetURL];
+    [manager setEventHandler:registration_->handler
+                 andSelector:@selector(handleReopenEvent:withReplyEvent:)
+               forEventClass:kCoreEventClass
+                  andEventID:kAEReopenApplication];
+    registration_->isRegistered = true;
+}
+
+bool AppleEvents::isSessionEnding()
+{
+    NSAppleEventDescriptor* const event = [NSAppleEventManager sharedAppleEventManager].currentAppleEvent;
+    if (event.eventID != kAEQuitApplication) return false;
+    // Whether the reason comes as a parameter or as an attribute, and of which of the two code types, is
+    // written down nowhere.
+    NSAppleEventDescriptor* reason = [event paramDescriptorForKeyword:kAEQuitReason];
+    if (!reason) reason = [event attributeDescriptorForKeyword:kAEQuitReason];
+    const OSType code = reason.enumCodeValue != 0 ? reason.enumCodeValue : reason.typeCodeValue;
+    return code == kAELogOut || code == kAEReallyLogOut || code == kAERestart || code == kAEShutDown;
+}
+
+}

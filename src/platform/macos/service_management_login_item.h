@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ports/login_item.h"
+
+namespace chimewell {
+
+/// Start at log-in by SMAppService, for the application bundle itself.
+class ServiceManagementLoginItem final : public LoginItem {
+public:
+    bool isEnabled() const override;
+    std::expected<void, std::string> registerItem() override;
+    std::expected<void, std::string> unregisterItem() override;
+};
+
+}

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ports/notification_center.h"
+
+#include <memory>
+
+namespace chimewell {
+
+/// Banners by UNUserNotificationCenter, which there is only for a program within an application bundle.
+/// Answers that come on other threads are brought to the main thread, and dropped once this object is gone.
+class UserNotificationCenter final : public NotificationCenter {
+public:
+    UserNotificationCenter();
+    ~UserNotificationCenter() override;
+
+    bool isAvailable() const override;
+    void setResponseHandler(std::function<void(const NotificationResponse&)> response) override;
+    void setCategory(const NotificationCategory& category) override;
+    void readPermission(std::function<void(NotificationPermission)> done) override;
+    void requestPermission(std::function<void()> done) override;
+    void post(const NotificationRequest& request) override;
+    void openSystemSettings() override;
+    /// Runs when the application becomes active: the user may come back from System Settings.
+    void setChangeHandler(std::function<void()> changed) override;
+
+private:
+    struct State;
+    std::shared_ptr<State> state_;
+};
+
+}

@@ -1,0 +1,7 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#import <Foundation/Foundation.h>
+
+@interface NSResponder : NSObject
+@end
