@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/app_delegate.h"
+#include "app/services.h"
+#include "base/subscription.h"
+#include "platform/macos/appkit_activation.h"
+#include "platform/macos/appkit_system_sounds.h"
+#include "platform/macos/appkit_workspace.h"
+#include "platform/macos/apple_events.h"
+#include "platform/macos/avf_speech_synthesizer.h"
+#include "platform/macos/bundle_resources.h"
+#include "platform/macos/foundation_user_folders.h"
+#include "platform/macos/foundation_user_locale.h"
+#include "platform/macos/run_loop_timers.h"
+#include "platform/macos/service_management_login_item.h"
+#include "platform/macos/status_item.h"
+#include "platform/macos/user_notification_center.h"
+#include "platform/posix/posix_clock.h"
+#include "platform/posix/posix_files.h"
+#include "platform/posix/random_device.h"
+#include "platform/posix/running_lock.h"
+#include "ui/user_interface.h"
+
+#include <QObject>
+
+#include <optional>
+
+class QEvent;
+
+namespace chimewell {
+
+/// The application on macOS: its adapters, the services on them, its icon in the menu bar, and what ends it.
+class Application final : public QObject {
+    Q_OBJECT
+public:
+    /// The Qt application exists and its event loop does not run yet.
+    Application();
+
+protected:
+    /// Looks at what comes to the Qt application.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void showIcon();
+    void openByHand();
+
+    // The order of the members is the order of the start.
+    FoundationUserFolders folders_;
+    PosixFiles files_;
+    PosixClock clock_;
+    RunLoopTimers timers_{clock_};
+    RandomDevice random_;
+    FoundationUserLocale locale_;
+    BundleResources resources_;
+    UserNotificationCenter center_;
+    AppKitSystemSounds sounds_;
+    AvfSpeechSynthesizer speech_;
+    AppKitWorkspace workspace_;
+    ServiceManagementLoginItem loginItem_;
+    AppKitActivation activation_;
+
+    Services services_;
+    std::optional<RunningLock> running_; ///< For the helper to see.
+    QuitReason quitReason_ = QuitReason::user;
+
+    UserInterface interface_;
+    StatusItem icon_;
+    Subscription settings_;
+    AppleEvents events_;
+};
+
+}

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#include "app/macos/application.h"
+#include "ui/translation.h"
+
+#include <QApplication>
+#include <QLocale>
+
+int main(int argc, char** argv)
+{
+    using namespace chimewell;
+    // Otherwise Qt takes the keyboard from whoever types when an agent's event starts us.
+    qputenv("QT_MAC_DISABLE_FOREGROUND_APPLICATION_TRANSFORM", "1");
+    QApplication qt(argc, argv);
+    installTranslation(qt, QLocale::system().uiLanguages());
+    QCoreApplication::setApplicationName(QStringLiteral("chimewell"));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Chimewell"));
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    const Application application;
+    return QApplication::exec();
+}
