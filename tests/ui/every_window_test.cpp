@@ -23,6 +23,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <ostream>
 #include <string>
 
 namespace chimewell::test {
@@ -49,6 +50,8 @@ struct Circumstances {
     bool isDark;
     Qt::LayoutDirection direction;
     bool isLong;
+
+    friend void PrintTo(const Circumstances& in, std::ostream* out) { *out << in.name; }
 };
 
 class EveryWindow : public ::testing::TestWithParam<Circumstances> {

@@ -53,7 +53,7 @@ void addAlerts(InterfaceOnFakes& fakes)
     add(CanonicalEvent::finished, "/srv/compiler-lab", 11min);
     add(CanonicalEvent::waitingInput, "/srv/web-shop", 3min, "", true);
     add(CanonicalEvent::finished, "/srv/notes-api", 3min);
-    add(CanonicalEvent::waitingInput, "/srv/web-shop", 1min, "Claude needs your permission to use Bash");
+    add(CanonicalEvent::waitingInput, "/srv/web-shop", 2min, "Claude needs your permission to use Bash");
 }
 
 class Camera {

@@ -72,7 +72,13 @@ SsipSpeechSynthesizer::SsipSpeechSynthesizer(Service service)
     });
 }
 
-SsipSpeechSynthesizer::~SsipSpeechSynthesizer() = default;
+SsipSpeechSynthesizer::~SsipSpeechSynthesizer()
+{
+    if (launcher_.state() == QProcess::NotRunning) return;
+    launcher_.disconnect(); // nobody wants to know any more
+    launcher_.kill();
+    launcher_.waitForFinished(-1); // a killed process ends at once
+}
 
 void SsipSpeechSynthesizer::speak(const std::string& text, const std::optional<std::string>& voiceIdentifier)
 {

@@ -20,7 +20,9 @@
 @end
 
 __attribute__((objc_root_class))
-@interface NSObject<NSObject>
+@interface NSObject<NSObject> {
+    Class isa; // where subclasses' own variables begin is counted from here
+}
 + (instancetype)alloc;
 + (instancetype)new;
 + (Class)class;
