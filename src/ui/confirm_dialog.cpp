@@ -6,6 +6,8 @@
 #include "ui/controls/dialog_mark.h"
 #include "ui/controls/fold.h"
 #include "ui/controls/fold_button.h"
+#include "ui/controls/mnemonic_hints.h"
+#include "ui/controls/mnemonics.h"
 #include "ui/controls/text_box.h"
 #include "ui/controls/text_label.h"
 #include "ui/look/chimewell_style.h"
@@ -96,6 +98,8 @@ void ConfirmDialog::addButtons(const Confirmation& question, const Words& words,
     QPushButton* confirm = buttons->addButton(words(question.confirm), QDialogButtonBox::AcceptRole);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    setMnemonics({confirm, cancel});
+    new MnemonicHints(this);
     for (QPushButton* button : {cancel, confirm}) {
         button->setMinimumWidth(scaled(smallestButton));
         button->setAutoDefault(true);

@@ -5,6 +5,7 @@
 #include "ui/look/colours.h"
 #include "ui/settings/settings_window.h"
 #include "ui/walkthrough/walkthrough_window.h"
+#include "ui/window_keys.h"
 
 #include <QApplication>
 
@@ -53,6 +54,7 @@ void UserInterface::openPanel(const QRect& icon)
     }
     const auto form = icon.isEmpty() ? PanelWindow::Form::window : PanelWindow::Form::popUp;
     panel_ = new PanelWindow(services_, windows(), form);
+    addKeys(panel_);
     panel_->showBeside(icon);
     services_.actions.comeForward();
 }
@@ -69,15 +71,26 @@ void UserInterface::bringForward(QWidget& window)
 void UserInterface::openSettings()
 {
     prepareLook();
-    if (!settings_) settings_ = new SettingsWindow(services_, windows());
+    if (!settings_) {
+        settings_ = new SettingsWindow(services_, windows());
+        addKeys(settings_);
+    }
     bringForward(*settings_);
 }
 
 void UserInterface::openWalkthrough()
 {
     prepareLook();
-    if (!walkthrough_) walkthrough_ = new WalkthroughWindow(services_);
+    if (!walkthrough_) {
+        walkthrough_ = new WalkthroughWindow(services_);
+        addKeys(walkthrough_);
+    }
     bringForward(*walkthrough_);
+}
+
+void UserInterface::addKeys(QWidget* window)
+{
+    WindowKeys{.openSettings = [this] { openSettings(); }, .quit = services_.quit}.addTo(window);
 }
 
 Windows UserInterface::windows()

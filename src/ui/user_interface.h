@@ -40,6 +40,7 @@ public:
 
 private:
     Windows windows();
+    void addKeys(QWidget* window);
     void bringForward(QWidget& window);
     void prepareLook();
     void applyPalette();

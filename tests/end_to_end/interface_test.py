@@ -84,6 +84,10 @@ class Windows(InterfaceTest):
         self.start()
         steps = self.window("Welcome")
         steps.until_shows("Know the moment your AI coding agent finishes")
+        press_keys("alt+c")
+        steps.until_shows("A tiny hook in your agent")
+        press_keys("alt+b")
+        steps.until_shows("Know the moment your AI coding agent finishes")
         for text in ("A tiny hook in your agent", "Banners let you jump straight back", "Install hooks so your"):
             steps.find("Continue", "push button").press()
             steps.until_shows(text)
@@ -225,6 +229,10 @@ class Windows(InterfaceTest):
 
     def test_keys_close_windows_and_end_the_application(self):
         self.start(hasCompletedOnboarding=True)
+        chimewell.act("walkthrough")
+        self.window("Welcome")
+        press_keys("ctrl+comma")
+        self.window("Chimewell Settings")
         self.open_settings("General")
         press_keys("ctrl+w")
         self.until_gone("Chimewell Settings")

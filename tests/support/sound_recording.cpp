@@ -96,7 +96,7 @@ std::vector<std::int16_t> SoundRecording::samples() const
 {
     const std::string bytes = folder_.read("recording");
     std::vector<std::int16_t> result(bytes.size() / sizeof(std::int16_t));
-    std::memcpy(result.data(), bytes.data(), result.size() * sizeof(std::int16_t));
+    if (!bytes.empty()) std::memcpy(result.data(), bytes.data(), result.size() * sizeof(std::int16_t));
     return result;
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/interface_on_fakes.h"
+#include "ui/controls/mnemonics.h"
 #include "ui/settings/settings_window.h"
+#include "ui/window_keys.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -54,9 +56,9 @@ protected:
     {
         for (auto* widget : window->findChildren<T*>()) {
             const auto* button = qobject_cast<const QAbstractButton*>(widget);
-            if (widget->isVisible() &&
-                (widget->accessibleName().toStdString() == name ||
-                 (button && widget->accessibleName().isEmpty() && button->text().toStdString() == name)))
+            if (widget->isVisible() && (widget->accessibleName().toStdString() == name ||
+                                        (button && widget->accessibleName().isEmpty() &&
+                                         withoutMnemonic(button->text()).toStdString() == name)))
                 return widget;
         }
         return nullptr;
@@ -308,6 +310,10 @@ TEST_F(SettingsWindowTest, GeneralTellsWhatGoesWrong)
     click("Show setup walkthrough…");
     EXPECT_EQ(walkthroughs, 1);
 
+    int asked = 0;
+    WindowKeys{.openSettings = [&] { ++asked; }, .quit = fakes.interface.quit}.addTo(window);
+    QTest::keyClick(window, Qt::Key_Comma, Qt::ControlModifier);
+    EXPECT_EQ(asked, 1);
     QTest::keyClick(window, Qt::Key_Q, Qt::ControlModifier);
     EXPECT_EQ(fakes.quits, 1);
     QTest::keyClick(window, Qt::Key_W, Qt::ControlModifier);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "support/interface_on_fakes.h"
+#include "ui/controls/mnemonics.h"
 #include "ui/look/chimewell_style.h"
 #include "ui/walkthrough/walkthrough_window.h"
 
@@ -47,8 +48,8 @@ protected:
     QAbstractButton* button(const std::string& name)
     {
         for (auto* button : window->findChildren<QAbstractButton*>()) {
-            const QString said =
-                button->accessibleName().isEmpty() ? button->text() : button->accessibleName();
+            const QString said = button->accessibleName().isEmpty() ? withoutMnemonic(button->text())
+                                                                    : button->accessibleName();
             if (button->isVisible() && said.toStdString() == name) return button;
         }
         return nullptr;

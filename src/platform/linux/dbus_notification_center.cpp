@@ -174,7 +174,7 @@ void DbusNotificationCenter::proceed()
 void DbusNotificationCenter::answerReaders()
 {
     const bool available = isAvailable();
-    switch_.read([this, available, readers = std::exchange(readers_, {})](bool off) {
+    switch_.read([available, readers = std::exchange(readers_, {})](bool off) {
         const auto permission = !available ? NotificationPermission::unknown
                                 : off      ? NotificationPermission::denied
                                            : NotificationPermission::authorized;

@@ -23,6 +23,7 @@ namespace {
 
 constexpr char dueProperty[] = "isDue";
 constexpr char graveProperty[] = "isGrave";
+constexpr char mnemonicsProperty[] = "underlinesMnemonics";
 constexpr int fieldPadding = 8;
 constexpr int buttonPadding = 12;
 constexpr int scrollBarWidth = 10;
@@ -157,6 +158,14 @@ void ChimewellStyle::setGrave(QWidget* button)
 {
     button->setProperty(graveProperty, true);
     button->update();
+}
+
+void ChimewellStyle::setUnderlinesMnemonics(QWidget* window, bool underlines)
+{
+    if (window->property(mnemonicsProperty).toBool() == underlines) return;
+    window->setProperty(mnemonicsProperty, underlines);
+    for (QAbstractButton* button : window->findChildren<QAbstractButton*>())
+        button->update();
 }
 
 bool ChimewellStyle::showsFocus(const QWidget* widget)
@@ -359,6 +368,7 @@ int ChimewellStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, 
 int ChimewellStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                               QStyleHintReturn* data) const
 {
+    if (hint == SH_UnderlineShortcut) return widget && widget->window()->property(mnemonicsProperty).toBool();
     if (hint == SH_ComboBox_Popup || hint == SH_EtchDisabledText) return 0;
     return QProxyStyle::styleHint(hint, option, widget, data);
 }

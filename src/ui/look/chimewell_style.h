@@ -17,6 +17,8 @@ public:
     static void setGrave(QWidget* button);
     /// A focus ring is drawn only for somebody who moves by keyboard.
     static bool showsFocus(const QWidget* widget);
+    /// Whether the letters that press a button with Alt are underlined in the window.
+    static void setUnderlinesMnemonics(QWidget* window, bool underlines);
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;

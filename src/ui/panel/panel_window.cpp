@@ -115,11 +115,8 @@ void PanelWindow::changeEvent(QEvent* event)
 
 void PanelWindow::keyPressEvent(QKeyEvent* event)
 {
-    const bool closes = event->key() == Qt::Key_Escape || event->matches(QKeySequence::Close);
-    if (closes)
+    if (event->key() == Qt::Key_Escape)
         close();
-    else if (event->matches(QKeySequence::Quit))
-        services_.quit();
     else
         QWidget::keyPressEvent(event);
 }

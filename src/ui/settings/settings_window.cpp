@@ -16,7 +16,6 @@
 #include <QHBoxLayout>
 #include <QScreen>
 #include <QScrollArea>
-#include <QShortcut>
 #include <QStackedWidget>
 
 namespace chimewell {
@@ -67,7 +66,6 @@ SettingsWindow::SettingsWindow(const InterfaceServices& services, const Windows&
     layout->addWidget(sidebar_);
     layout->addLayout(content, 1);
 
-    addShortcuts();
     connect(sidebar_, &Sidebar::chosen, this, [this](Pane pane) { show(pane); });
     storeChange_ = services_.store.onChange([this] { showError(); });
     showError();
@@ -80,14 +78,6 @@ SettingsWindow::SettingsWindow(const InterfaceServices& services, const Windows&
 SettingsWindow::~SettingsWindow()
 {
     hide(); // what is being edited is stored while there is still somebody who does it
-}
-
-void SettingsWindow::addShortcuts()
-{
-    auto* close = new QShortcut(QKeySequence::Close, this);
-    connect(close, &QShortcut::activated, this, &QWidget::close);
-    auto* quit = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q), this);
-    connect(quit, &QShortcut::activated, this, [this] { services_.quit(); });
 }
 
 QWidget* SettingsWindow::makeErrorNote()

@@ -31,7 +31,6 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    void addShortcuts();
     QWidget* makeErrorNote();
     QWidget* makePane(Pane pane);
     void showError();

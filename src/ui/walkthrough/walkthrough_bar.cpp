@@ -2,6 +2,7 @@
 #include "ui/walkthrough/walkthrough_bar.h"
 
 #include "presentation/texts.h"
+#include "ui/controls/mnemonics.h"
 #include "ui/look/chimewell_style.h"
 #include "ui/look/colours.h"
 #include "ui/look/metrics.h"
@@ -69,6 +70,7 @@ void WalkthroughBar::show(OnboardingStep current)
     dots_->show(current);
     back_->setVisible(stepBefore(current).has_value());
     on_->setText(words_(stepAfter(current) ? texts::continueButton : texts::done));
+    setMnemonics({skip_, back_, on_});
 }
 
 void WalkthroughBar::paintEvent(QPaintEvent*)

@@ -125,7 +125,7 @@ void WalkthroughWindow::changeEvent(QEvent* event)
 void WalkthroughWindow::keyPressEvent(QKeyEvent* event)
 {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (event->key() == Qt::Key_Escape || event->matches(QKeySequence::Close)) {
+    if (event->key() == Qt::Key_Escape) {
         close();
     } else if (isReturn) {
         // Somebody who sees the ring on a button means that one.
