@@ -3,6 +3,7 @@
 // (QT_SCALE_FACTOR), the language LANGUAGE's.
 #include "support/interface_on_fakes.h"
 #include "ui/confirm_dialog.h"
+#include "ui/controls/fold_button.h"
 #include "ui/look/chimewell_style.h"
 #include "ui/look/colours.h"
 #include "ui/panel/panel_window.h"
@@ -118,14 +119,15 @@ void takeAll(const Camera& camera)
         window->show(pane);
         camera.take(*window, QStringLiteral("settings-") + qString(rawName(pane)));
     }
-    const auto dialog =
-        std::make_unique<ConfirmDialog>(fakes.services.cards.all()[2]->confirmation(PendingAction::install),
-                                        Words(Wording::linuxDesktop), nullptr);
-    camera.take(*dialog, QStringLiteral("question-install"));
-    const auto restore =
-        std::make_unique<ConfirmDialog>(fakes.services.cards.all()[0]->confirmation(PendingAction::restore),
-                                        Words(Wording::linuxDesktop), nullptr);
-    camera.take(*restore, QStringLiteral("question-restore"));
+    const auto question = [&](std::size_t agent, PendingAction action, const QString& name) {
+        const auto dialog = std::make_unique<ConfirmDialog>(
+            fakes.services.cards.all()[agent]->confirmation(action), Words(Wording::linuxDesktop), nullptr);
+        if (auto* fold = dialog->findChild<FoldButton*>()) fold->click();
+        camera.take(*dialog, name);
+    };
+    question(2, PendingAction::install, QStringLiteral("question-install"));
+    question(0, PendingAction::uninstall, QStringLiteral("question-uninstall"));
+    question(0, PendingAction::restore, QStringLiteral("question-restore"));
 }
 
 }

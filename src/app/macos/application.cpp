@@ -9,8 +9,10 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QFileOpenEvent>
 #include <QImage>
 #include <QRectF>
+#include <QUrl>
 
 #include <string>
 
@@ -90,6 +92,12 @@ bool Application::eventFilter(QObject* watched, QEvent* event)
     // the session's end is the user's wish, from wherever it comes.
     if (watched == qApp && event->type() == QEvent::Quit && AppleEvents::isSessionEnding())
         quitReason_ = QuitReason::sessionEnd;
+    // A URL that Qt's own handler took, should it ever come behind ours.
+    if (watched == qApp && event->type() == QEvent::FileOpen) {
+        const QUrl url = static_cast<QFileOpenEvent*>(event)->url();
+        services_.urls.handleURLEvent(url.toString(QUrl::FullyEncoded).toStdString());
+        return true;
+    }
     return QObject::eventFilter(watched, event);
 }
 
