@@ -10,7 +10,7 @@ import unittest
 
 import chimewell
 from banners import BannerWatch
-from interface import has_window, press_keys, window
+from interface import has_window, press_keys, until_in_front, window
 from sounds import Recording
 from tray import EmbeddedIcon, StatusNotifierIcon
 from waiting import until
@@ -84,6 +84,7 @@ class Windows(InterfaceTest):
         self.start()
         steps = self.window("Welcome")
         steps.until_shows("Know the moment your AI coding agent finishes")
+        until_in_front("Welcome")
         press_keys("alt+c")
         steps.until_shows("A tiny hook in your agent")
         press_keys("alt+b")
@@ -231,12 +232,15 @@ class Windows(InterfaceTest):
         self.start(hasCompletedOnboarding=True)
         chimewell.act("walkthrough")
         self.window("Welcome")
+        until_in_front("Welcome")
         press_keys("ctrl+comma")
         self.window("Chimewell Settings")
         self.open_settings("General")
+        until_in_front("Chimewell Settings")
         press_keys("ctrl+w")
         self.until_gone("Chimewell Settings")
         self.open_settings("General")
+        until_in_front("Chimewell Settings")
         press_keys("ctrl+q")
         until(lambda: not chimewell.has_owner(chimewell.NAME), "its end")
         self.assertTrue((chimewell.folder() / "dormant").exists())

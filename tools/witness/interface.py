@@ -175,5 +175,13 @@ def has_window(process, name):
     return _look_for_window(application(process), name) is not None
 
 
+def until_in_front(name):
+    """The window of that title has the keyboard."""
+    def title():
+        asked = ["xdotool", "getactivewindow", "getwindowname"]
+        return subprocess.run(asked, capture_output=True, text=True, check=False).stdout.startswith(name)
+    until(title, f"the window {name!r} in front")
+
+
 def press_keys(*keys):
     subprocess.run(["xdotool", "key", *keys], check=True)
