@@ -85,8 +85,8 @@ void openInApplication(std::string_view url)
     LSLaunchURLSpec launch = {};
     launch.appURL = application.get();
     launch.itemURLs = items.get();
-    // The user goes on typing where they type.
-    launch.launchFlags = kLSLaunchDontSwitch | kLSLaunchDontAddToRecents;
+    // The user goes on typing where they type, and the agent does not wait for an application that starts.
+    launch.launchFlags = kLSLaunchDontSwitch | kLSLaunchDontAddToRecents | kLSLaunchAsync;
     LSOpenFromURLSpec(&launch, nullptr);
 }
 

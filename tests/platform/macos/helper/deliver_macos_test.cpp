@@ -81,9 +81,10 @@ protected:
 TEST_F(DeliverMacosTest, HandsTheUrlOverByteForByteAndBringsNothingForward)
 {
     deliver(true);
-    // The two flags of Launch Services, as numbers: neither switches to the application, nor is it noted as
+    // The flags of Launch Services, as numbers: it is not waited for, not switched to and not noted as
     // recent.
-    const FakeLaunchServices::Launch expected{.items = {url}, .application = {}, .flags = 0x200 | 0x100};
+    const FakeLaunchServices::Launch expected{
+        .items = {url}, .application = {}, .flags = 0x10000 | 0x200 | 0x100};
     EXPECT_EQ(launchServices.launches, std::vector{expected});
 }
 

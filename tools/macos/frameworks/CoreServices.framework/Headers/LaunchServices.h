@@ -9,6 +9,7 @@ typedef UInt32 LSLaunchFlags;
 enum {
     kLSLaunchDontAddToRecents = 0x00000100,
     kLSLaunchDontSwitch = 0x00000200,
+    kLSLaunchAsync = 0x00010000,
 };
 
 #pragma pack(push, 2)
