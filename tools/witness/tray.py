@@ -51,8 +51,21 @@ class EmbeddedIcon:
     """A small window of ours inside the host's."""
 
     def click(self, button=1):
-        window = until(self._window, "its icon in the tray")
-        subprocess.run(["xdotool", "mousemove", "--window", window, "5", "5", "click", str(button)], check=True)
+        places = []
+        # The host takes it in, moves and resizes it: only where it stays can it be clicked.
+        until(lambda: places.append(self._place()) or (places[-1] and len(places) > 3 and len(set(places[-4:])) == 1),
+              "its icon at rest in the tray")
+        subprocess.run(["xdotool", "mousemove", "--window", places[-1][0], "5", "5", "click", str(button)], check=True)
+
+    def _place(self):
+        """The window, and where it shows; nothing while it does not."""
+        window = self._window()
+        if not window:
+            return None
+        said = subprocess.run(["xwininfo", "-id", window], capture_output=True, text=True, check=False).stdout
+        if "IsViewable" not in said:
+            return None
+        return window, *re.findall(r"(?:Absolute upper-left [XY]|Width|Height): +(-?\d+)", said)
 
     @staticmethod
     def _window():
