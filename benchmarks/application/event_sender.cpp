@@ -28,7 +28,7 @@ constexpr std::size_t maxUnanswered = 64;
     std::exit(1);
 }
 
-/// The wire format of D-Bus, little endian, as far as our two calls need it (D-Bus Specification,
+/// The wire format of D-Bus, little endian, as far as our two calls need it (D-Bus 1.0, freedesktop.org,
 /// "Marshaling" and "Message Format").
 class Marshalled {
 public:

@@ -4,7 +4,7 @@
 #include <bit>
 #include <cstring>
 
-// The layout is that of the D-Bus Specification, chapter "Message Protocol".
+// The layout is the one of D-Bus 1.0, freedesktop.org, chapter "Message Protocol".
 
 namespace chimewell {
 

@@ -16,7 +16,7 @@ namespace chimewell {
 
 namespace {
 
-/// The path that an application's id implies (Desktop Entry Specification, D-Bus Activation).
+/// The path that an application's id implies (freedesktop.org, Desktop Entry 1.5, "D-Bus Activation").
 QString objectPath(QString id)
 {
     return u'/' + id.replace(u'.', u'/').replace(u'-', u'_');

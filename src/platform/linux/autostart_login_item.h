@@ -14,8 +14,8 @@ class DesktopEntry;
 class Files;
 class XdgUserFolders;
 
-/// Start at log-in by a file in the user's autostart folder (Desktop Application Autostart
-/// Specification 0.5).
+/// Start at log-in by a file in the user's autostart folder (freedesktop.org, Desktop Application
+/// Autostart 0.5).
 class AutostartLoginItem final : public LoginItem {
 public:
     /// `command` is the program, with its full path, and its arguments. The references outlive the item.

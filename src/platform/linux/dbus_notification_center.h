@@ -24,9 +24,9 @@
 
 namespace chimewell {
 
-/// Banners by the desktop's notification server (Desktop Notifications Specification 1.2). The server may be
-/// missing, hang, die and be replaced at any time: nothing here waits for it. Until the bus has told whether
-/// there is a server, banners count as available.
+/// Banners by the desktop's notification server (freedesktop.org, Desktop Notifications 1.2). The server may
+/// be missing, hang, die and be replaced at any time: nothing here waits for it. Until the bus has told
+/// whether there is a server, banners count as available.
 class DbusNotificationCenter final : public QObject, public NotificationCenter {
     Q_OBJECT
 public:

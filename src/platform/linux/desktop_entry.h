@@ -9,7 +9,7 @@
 
 namespace chimewell {
 
-/// The main group of a desktop file (Desktop Entry Specification 1.5).
+/// The main group of a desktop file (freedesktop.org, Desktop Entry 1.5).
 class DesktopEntry {
 public:
     /// Nothing when the text has no such group. Lines that are no entries are passed over.

@@ -17,7 +17,7 @@
 namespace chimewell {
 
 /// Our seat on the session bus: the well-known name, and the interface `org.freedesktop.Application`
-/// (Desktop Entry Specification, "D-Bus Activation") through which the desktop and the hook reach us.
+/// (freedesktop.org, Desktop Entry 1.5, "D-Bus Activation") through which the desktop and the hook reach us.
 class FreedesktopApplication final : public QObject {
     Q_OBJECT
 public:

@@ -7,8 +7,8 @@
 
 namespace chimewell {
 
-/// The user's folders by the XDG Base Directory Specification, as the environment names them when
-/// this object is made. Values that are not absolute are ignored, as that specification asks.
+/// The user's folders by freedesktop.org's XDG Base Directory standard, as the environment names them when
+/// this object is made. Values that are not absolute are ignored, as that standard asks.
 class XdgUserFolders final : public UserFolders {
 public:
     XdgUserFolders();

@@ -32,42 +32,42 @@ TEST(AppKitWorkspaceTest, BringsASessionForward)
         std::vector<std::string> asked;
     };
     const std::string folderInFinder =
-        std::string("open file:///work/a%20b/%C3%A4/ with ") + finderPath + " activating";
+        std::string("open file:///srv/a%20b/%C3%A4/ with ") + finderPath + " activating";
     const std::map<std::string, std::string> iterm{{"com.googlecode.iterm2", "/Applications/iTerm.app"},
                                                    {finder, finderPath}};
     const std::map<std::string, std::string> finderOnly{{finder, finderPath}};
     const Case cases[] = {
-        {"installed", "iTerm.app", "/work/a b/ä", iterm, {}, {"open /Applications/iTerm.app activating"}},
+        {"installed", "iTerm.app", "/srv/a b/ä", iterm, {}, {"open /Applications/iTerm.app activating"}},
         {"installed and running",
          "iTerm.app",
-         "/work/a b/ä",
+         "/srv/a b/ä",
          iterm,
          {{"com.googlecode.iterm2", true}},
          {"open /Applications/iTerm.app activating"}},
-        {"wrong case", "iterm.app", "/work/a b/ä", iterm, {}, {folderInFinder}},
-        {"unknown terminal", "xterm-256color", "/work/a b/ä", iterm, {}, {folderInFinder}},
+        {"wrong case", "iterm.app", "/srv/a b/ä", iterm, {}, {folderInFinder}},
+        {"unknown terminal", "xterm-256color", "/srv/a b/ä", iterm, {}, {folderInFinder}},
         {"not installed but running",
          "WarpTerminal",
-         "/work/a b/ä",
+         "/srv/a b/ä",
          finderOnly,
          {{"dev.warp.Warp-Stable", true}},
          {"activate dev.warp.Warp-Stable"}},
         {"running but refuses",
          "WarpTerminal",
-         "/work/a b/ä",
+         "/srv/a b/ä",
          finderOnly,
          {{"dev.warp.Warp-Stable", false}},
          {"activate dev.warp.Warp-Stable", folderInFinder}},
-        {"neither", "Hyper", "/work/a b/ä", finderOnly, {}, {folderInFinder}},
-        {"no file manager", std::nullopt, "/work/a b/ä", {}, {}, {"select file:///work/a%20b/%C3%A4"}},
-        {"a file", std::nullopt, "/work/run.command", finderOnly, {}, {"select file:///work/run.command"}},
+        {"neither", "Hyper", "/srv/a b/ä", finderOnly, {}, {folderInFinder}},
+        {"no file manager", std::nullopt, "/srv/a b/ä", {}, {}, {"select file:///srv/a%20b/%C3%A4"}},
+        {"a file", std::nullopt, "/srv/run.command", finderOnly, {}, {"select file:///srv/run.command"}},
         {"no such folder", "Tabby", "/gone", finderOnly, {}, {}},
         {"nothing given", std::nullopt, std::nullopt, iterm, {}, {}},
     };
     AppKitWorkspace workspace;
     MemoryFiles files;
-    files.folders = {"/work/a b/ä"};
-    files.contents["/work/run.command"] = "";
+    files.folders = {"/srv/a b/ä"};
+    files.contents["/srv/run.command"] = "";
     SessionFocus focus(workspace, files);
     for (const Case& each : cases) {
         mac::desktop() = {.installed = each.installed, .running = each.running, .asked = {}};

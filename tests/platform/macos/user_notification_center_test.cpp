@@ -103,12 +103,12 @@ TEST_F(UserNotificationCenterTest, PostsBannersOfOneCategory)
               (std::vector<mac::BannerCategory>{
                   {"AGENT_EVENT", {{"FOCUS_SESSION", "Open Session", foreground}}, 0, 0}}));
 
-    EXPECT_TRUE(service->post("Claude ✓", "Fertig", "/work/ä", "kitty"));
+    EXPECT_TRUE(service->post("Claude ✓", "Fertig", "/srv/ä", "kitty"));
     EXPECT_TRUE(service->post("Claude ✓", "Fertig", std::nullopt, std::nullopt));
-    EXPECT_TRUE(service->post("Claude", "no \xff text", "/work/\xc3", std::nullopt));
+    EXPECT_TRUE(service->post("Claude", "no \xff text", "/srv/\xc3", std::nullopt));
     EXPECT_EQ(mac::banners().posted,
               (std::vector<mac::PostedBanner>{
-                  {"uuid-1", "AGENT_EVENT", "Claude ✓", "Fertig", {{"cwd", "/work/ä"}, {"term", "kitty"}}},
+                  {"uuid-1", "AGENT_EVENT", "Claude ✓", "Fertig", {{"cwd", "/srv/ä"}, {"term", "kitty"}}},
                   {"uuid-2", "AGENT_EVENT", "Claude ✓", "Fertig", {}},
                   {"uuid-3", "AGENT_EVENT", "Claude", "", {{"cwd", ""}}}}));
     EXPECT_EQ(mac::banners().present(), listAndBanner);
@@ -116,8 +116,8 @@ TEST_F(UserNotificationCenterTest, PostsBannersOfOneCategory)
 
 TEST_F(UserNotificationCenterTest, AClickOpensTheSessionAndTheSystemHearsThatWeAreDone)
 {
-    const Session session{"kitty", "/work/ä"};
-    const std::map<std::string, std::string> userInfo{{"term", "kitty"}, {"cwd", "/work/ä"}};
+    const Session session{"kitty", "/srv/ä"};
+    const std::map<std::string, std::string> userInfo{{"term", "kitty"}, {"cwd", "/srv/ä"}};
     struct Case {
         mac::BannerResponse response;
         std::vector<Session> opened;
