@@ -8,13 +8,10 @@
 find_package(Qt6 6.4 REQUIRED COMPONENTS LinguistTools)
 
 set(translation_files ${PROJECT_SOURCE_DIR}/resources/translations/chimewell_de.ts)
-set(translated_sources
-  ${PROJECT_SOURCE_DIR}/src/presentation/texts.h
-  ${PROJECT_SOURCE_DIR}/src/values/canonical_event.cpp
-  ${PROJECT_SOURCE_DIR}/src/values/sound_option.cpp)
+set(translated_sources ${PROJECT_SOURCE_DIR}/src/values/texts.h)
 
 # The texts carry no names of Qt's: these are what ours stand for.
-set(text_markers tr+=Text tr+=onLinux tr+=translatable QT_TRANSLATE_N_NOOP+=many)
+set(text_markers tr+=Text tr+=onLinux QT_TRANSLATE_N_NOOP+=many)
 list(JOIN text_markers "," text_markers)
 
 add_custom_target(update-translations

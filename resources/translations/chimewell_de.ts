@@ -2,105 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
-    <name>chimewell</name>
-    <message>
-        <source>Finished</source>
-        <translation>Fertig</translation>
-    </message>
-    <message>
-        <source>The agent has finished</source>
-        <translation>Der Agent ist fertig</translation>
-    </message>
-    <message>
-        <source>The agent finished responding and is idle.</source>
-        <translation>Der Agent hat seine Antwort beendet und ist untätig.</translation>
-    </message>
-    <message>
-        <source>Waiting for input</source>
-        <translation>Wartet auf Eingabe</translation>
-    </message>
-    <message>
-        <source>The agent is waiting for your input</source>
-        <translation>Der Agent wartet auf eine Eingabe</translation>
-    </message>
-    <message>
-        <source>The agent is waiting for your input or a permission decision.</source>
-        <translation>Der Agent wartet auf eine Eingabe oder eine Freigabe.</translation>
-    </message>
-    <message>
-        <source>Subagent finished</source>
-        <translation>Subagent fertig</translation>
-    </message>
-    <message>
-        <source>A subagent finished</source>
-        <translation>Ein Subagent ist fertig</translation>
-    </message>
-    <message>
-        <source>A subagent completed its task.</source>
-        <translation>Ein Subagent hat seine Aufgabe erledigt.</translation>
-    </message>
-    <message>
-        <source>Error</source>
-        <translation>Fehler</translation>
-    </message>
-    <message>
-        <source>The agent reported an error</source>
-        <translation>Der Agent meldet einen Fehler</translation>
-    </message>
-    <message>
-        <source>The agent reported an error.</source>
-        <translation>Der Agent hat einen Fehler gemeldet.</translation>
-    </message>
-    <message>
-        <source>Tool use</source>
-        <translation>Werkzeugaufruf</translation>
-    </message>
-    <message>
-        <source>The agent is using a tool</source>
-        <translation>Der Agent verwendet ein Werkzeug</translation>
-    </message>
-    <message>
-        <source>The agent is about to use a tool.</source>
-        <translation>Der Agent wird gleich ein Werkzeug verwenden.</translation>
-    </message>
-    <message>
-        <source>Long-running task started</source>
-        <translation>Lange Aufgabe gestartet</translation>
-    </message>
-    <message>
-        <source>A long task has started</source>
-        <translation>Eine lange Aufgabe hat begonnen</translation>
-    </message>
-    <message>
-        <source>A long-running task has begun.</source>
-        <translation>Eine länger dauernde Aufgabe hat begonnen.</translation>
-    </message>
-    <message>
-        <source>Session started</source>
-        <translation>Sitzung gestartet</translation>
-    </message>
-    <message>
-        <source>A new session started</source>
-        <translation>Eine neue Sitzung hat begonnen</translation>
-    </message>
-    <message>
-        <source>A new agent session started.</source>
-        <translation>Eine neue Agentensitzung hat begonnen.</translation>
-    </message>
-    <message>
-        <source>User responded</source>
-        <translation>Benutzer hat reagiert</translation>
-    </message>
-    <message>
-        <source>You responded to the agent.</source>
-        <translation>Auf den Agenten wurde reagiert.</translation>
-    </message>
-    <message>
-        <source>Silent</source>
-        <translation>Kein Ton</translation>
-    </message>
-</context>
-<context>
     <name>chimewell::texts</name>
     <message>
         <source>Cancel</source>
@@ -771,6 +672,186 @@
     <message>
         <source>That&apos;s it! Chimewell lives in your panel. Click the **bell icon** any time to open status, quick controls, or this setup again.</source>
         <translation>Das war’s! Chimewell ist nun in der Systemleiste zu finden. Ein Klick auf das **Glockensymbol** öffnet jederzeit den Status, die Schnelleinstellungen oder erneut diese Einrichtung.</translation>
+    </message>
+    <message>
+        <source>Finished</source>
+        <translation type="unfinished">Fertig</translation>
+    </message>
+    <message>
+        <source>The agent has finished</source>
+        <translation type="unfinished">Der Agent ist fertig</translation>
+    </message>
+    <message>
+        <source>The agent finished responding and is idle.</source>
+        <translation type="unfinished">Der Agent hat seine Antwort beendet und ist untätig.</translation>
+    </message>
+    <message>
+        <source>Waiting for input</source>
+        <translation type="unfinished">Wartet auf Eingabe</translation>
+    </message>
+    <message>
+        <source>The agent is waiting for your input</source>
+        <translation type="unfinished">Der Agent wartet auf eine Eingabe</translation>
+    </message>
+    <message>
+        <source>The agent is waiting for your input or a permission decision.</source>
+        <translation type="unfinished">Der Agent wartet auf eine Eingabe oder eine Freigabe.</translation>
+    </message>
+    <message>
+        <source>Subagent finished</source>
+        <translation type="unfinished">Subagent fertig</translation>
+    </message>
+    <message>
+        <source>A subagent finished</source>
+        <translation type="unfinished">Ein Subagent ist fertig</translation>
+    </message>
+    <message>
+        <source>A subagent completed its task.</source>
+        <translation type="unfinished">Ein Subagent hat seine Aufgabe erledigt.</translation>
+    </message>
+    <message>
+        <source>The agent reported an error</source>
+        <translation type="unfinished">Der Agent meldet einen Fehler</translation>
+    </message>
+    <message>
+        <source>The agent reported an error.</source>
+        <translation type="unfinished">Der Agent hat einen Fehler gemeldet.</translation>
+    </message>
+    <message>
+        <source>Tool use</source>
+        <translation type="unfinished">Werkzeugaufruf</translation>
+    </message>
+    <message>
+        <source>The agent is using a tool</source>
+        <translation type="unfinished">Der Agent verwendet ein Werkzeug</translation>
+    </message>
+    <message>
+        <source>The agent is about to use a tool.</source>
+        <translation type="unfinished">Der Agent wird gleich ein Werkzeug verwenden.</translation>
+    </message>
+    <message>
+        <source>Long-running task started</source>
+        <translation type="unfinished">Lange Aufgabe gestartet</translation>
+    </message>
+    <message>
+        <source>A long task has started</source>
+        <translation type="unfinished">Eine lange Aufgabe hat begonnen</translation>
+    </message>
+    <message>
+        <source>A long-running task has begun.</source>
+        <translation type="unfinished">Eine länger dauernde Aufgabe hat begonnen.</translation>
+    </message>
+    <message>
+        <source>Session started</source>
+        <translation type="unfinished">Sitzung gestartet</translation>
+    </message>
+    <message>
+        <source>A new session started</source>
+        <translation type="unfinished">Eine neue Sitzung hat begonnen</translation>
+    </message>
+    <message>
+        <source>A new agent session started.</source>
+        <translation type="unfinished">Eine neue Agentensitzung hat begonnen.</translation>
+    </message>
+    <message>
+        <source>User responded</source>
+        <translation type="unfinished">Benutzer hat reagiert</translation>
+    </message>
+    <message>
+        <source>You responded to the agent.</source>
+        <translation type="unfinished">Auf den Agenten wurde reagiert.</translation>
+    </message>
+    <message>
+        <source>%1 — %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Still waiting — %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 (reminder)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Banners are working. This is a test.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Silent</source>
+        <translation type="unfinished">Kein Ton</translation>
+    </message>
+    <message>
+        <source>Could not read %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not write %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not create backup: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not restore from backup: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not serialize settings.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Could not encode config.toml.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The existing settings file at %1 is not valid JSON. Refusing to modify it to avoid data loss. Please fix or remove it, then try again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The bundled chimewell-hook helper could not be found inside the app bundle.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The chimewell-hook helper could not be found. Please install Chimewell again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No Chimewell backup was found to restore from.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Codex supports only a single `notify` program, and ~/.codex/config.toml already has one configured. Remove it (or chain Chimewell into it) first, then install again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed to save settings: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Launch at login could not be changed: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file is not valid UTF-8.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not a regular file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file was changed by another program</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The file was changed by another program, and is kept as %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 </TS>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "alerts/notification_service.h"
 
+#include "values/texts.h"
+
 #include <utility>
 
 namespace chimewell {
@@ -9,7 +11,6 @@ namespace {
 
 constexpr char categoryIdentifier[] = "AGENT_EVENT";
 constexpr char actionIdentifier[] = "FOCUS_SESSION";
-constexpr char actionTitle[] = "Open Session";
 constexpr char cwdKey[] = "cwd";
 constexpr char termKey[] = "term";
 
@@ -40,8 +41,9 @@ Subscription NotificationService::onChange(std::function<void()> callback)
 void NotificationService::configure()
 {
     center_.setResponseHandler([this](const NotificationResponse& response) { respond(response); });
-    center_.setCategory(
-        {.identifier = categoryIdentifier, .actionIdentifier = actionIdentifier, .actionTitle = actionTitle});
+    center_.setCategory({.identifier = categoryIdentifier,
+                         .actionIdentifier = actionIdentifier,
+                         .actionTitle = translator_.translate(texts::openSession)});
     center_.setChangeHandler([this] { refreshStatus(); });
     refreshStatus();
 }
@@ -66,14 +68,14 @@ void NotificationService::requestAuthorization()
     });
 }
 
-bool NotificationService::post(const std::string& title, const std::string& body,
-                               const std::optional<std::string>& cwd, const std::optional<std::string>& term)
+bool NotificationService::post(const Phrase& title, const Phrase& body, const std::optional<std::string>& cwd,
+                               const std::optional<std::string>& term)
 {
     if (!center_.isAvailable()) return false;
     NotificationRequest request{.identifier = random_.uuid(),
                                 .categoryIdentifier = categoryIdentifier,
-                                .title = title,
-                                .body = body,
+                                .title = translator_.translate(title),
+                                .body = translator_.translate(body),
                                 .userInfo = {}};
     if (cwd) request.userInfo.emplace(cwdKey, *cwd);
     if (term) request.userInfo.emplace(termKey, *term);

@@ -2,8 +2,10 @@
 #pragma once
 
 #include "base/subscription.h"
+#include "base/text.h"
 #include "ports/notification_center.h"
 #include "ports/random.h"
+#include "ports/translator.h"
 #include "values/auth_status.h"
 
 #include <functional>
@@ -15,7 +17,12 @@ namespace chimewell {
 /// Shows banners, knows whether the user allows them, and tells when one was clicked.
 class NotificationService {
 public:
-    NotificationService(NotificationCenter& center, Random& random) : center_(center), random_(random) {}
+    NotificationService(NotificationCenter& center, Random& random, const Translator& translator)
+        : center_(center),
+          random_(random),
+          translator_(translator)
+    {
+    }
 
     /// Runs when the user clicks a banner or its button; set once at start-up.
     std::function<void(const std::optional<std::string>& term, const std::optional<std::string>& cwd)>
@@ -30,7 +37,7 @@ public:
     /// Asks the user if that has not been done yet, then reads the permission again.
     void requestAuthorization();
     /// True when the banner was handed to the system, false when banners are unavailable.
-    bool post(const std::string& title, const std::string& body, const std::optional<std::string>& cwd,
+    bool post(const Phrase& title, const Phrase& body, const std::optional<std::string>& cwd,
               const std::optional<std::string>& term);
     void openSystemSettings() { center_.openSystemSettings(); }
 
@@ -40,6 +47,7 @@ private:
 
     NotificationCenter& center_;
     Random& random_;
+    const Translator& translator_;
     AuthStatus status_ = AuthStatus::notDetermined;
     Subscribers subscribers_;
 };

@@ -8,8 +8,9 @@
 
 namespace chimewell {
 
-void VoiceAnnouncer::speak(std::string_view text, const std::optional<std::string>& voiceIdentifier)
+void VoiceAnnouncer::speak(const Phrase& phrase, const std::optional<std::string>& voiceIdentifier)
 {
+    const std::string text = translator_.translate(phrase);
     const std::string_view announcement = trimmed(text);
     if (announcement.empty()) return;
     synth_.speak(std::string(announcement), voiceIdentifier);
@@ -17,8 +18,8 @@ void VoiceAnnouncer::speak(std::string_view text, const std::optional<std::strin
 
 std::vector<Voice> VoiceAnnouncer::voices(std::vector<Voice> installed) const
 {
-    std::string code = locale_.languageCode();
-    if (code.empty()) code = "en";
+    const std::string tag = translator_.language();
+    const std::string code = tag.substr(0, tag.find('-'));
     const auto speaksIt = [&](const Voice& voice) { return voice.language.starts_with(code); };
     if (std::ranges::any_of(installed, speaksIt))
         std::erase_if(installed, [&](const Voice& voice) { return !speaksIt(voice); });

@@ -2,12 +2,11 @@
 #pragma once
 
 #include "ports/speech_synthesizer.h"
-#include "ports/user_locale.h"
+#include "ports/translator.h"
 #include "values/voice.h"
 
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace chimewell {
@@ -15,17 +14,22 @@ namespace chimewell {
 /// Speaks announcements in order, none cut off by the next.
 class VoiceAnnouncer {
 public:
-    VoiceAnnouncer(SpeechSynthesizer& synth, const UserLocale& locale) : synth_(synth), locale_(locale) {}
+    VoiceAnnouncer(SpeechSynthesizer& synth, const Translator& translator)
+        : synth_(synth),
+          translator_(translator)
+    {
+    }
 
-    /// Queues the trimmed text; a blank one says nothing.
-    void speak(std::string_view text, const std::optional<std::string>& voiceIdentifier);
+    /// Queues the phrase, trimmed; a blank one says nothing.
+    void speak(const Phrase& phrase, const std::optional<std::string>& voiceIdentifier);
 
-    /// The voices of the user's language, all of them if it has none, by language and then by name.
+    /// The voices of the language that phrases are spoken in, all of them if it has none, by language and
+    /// then by name.
     std::vector<Voice> voices(std::vector<Voice> installed) const;
 
 private:
     SpeechSynthesizer& synth_;
-    const UserLocale& locale_;
+    const Translator& translator_;
 };
 
 }

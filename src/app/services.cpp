@@ -6,8 +6,8 @@ namespace chimewell {
 Services::Services(const Ports& ports, const std::filesystem::path& folder)
     : store(ports.files, folder),
       sound(ports.sounds),
-      notifications(ports.notifications, ports.random),
-      voice(ports.speech, ports.locale),
+      notifications(ports.notifications, ports.random, ports.translator),
+      voice(ports.speech, ports.translator),
       history(ports.clock, ports.random),
       reminders({.store = store, .clock = ports.clock, .timers = ports.timers, .random = ports.random}),
       router({.store = store,

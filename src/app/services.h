@@ -23,6 +23,7 @@
 #include "ports/speech_synthesizer.h"
 #include "ports/system_sounds.h"
 #include "ports/timers.h"
+#include "ports/translator.h"
 #include "ports/user_folders.h"
 #include "ports/user_locale.h"
 #include "ports/workspace.h"
@@ -41,6 +42,7 @@ struct Ports {
     Timers& timers;
     Random& random;
     const UserLocale& locale;
+    const Translator& translator;
     const UserFolders& folders;
     const Resources& resources;
     SystemSounds& sounds;

@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "events/event_history.h"
 
-#include "values/event_title.h"
+#include "values/alert_text.h"
+#include "values/texts.h"
 
 #include <utility>
 
 namespace chimewell {
 
-std::string EventHistory::Entry::displayTitle() const
+Phrase EventHistory::Entry::displayTitle() const
 {
-    return eventTitle(event, projectLabel) + (isReminder ? " (reminder)" : "");
+    Phrase title = eventTitle(event, projectLabel);
+    if (!isReminder) return title;
+    return {texts::reminderTitle, {std::move(title)}};
 }
 
 std::string EventHistory::Entry::timeText(const UserLocale& locale, Date now) const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/subscription.h"
+#include "base/text.h"
 #include "base/time_point.h"
 #include "ports/clock.h"
 #include "ports/random.h"
@@ -31,7 +32,7 @@ public:
         bool operator==(const Entry&) const = default;
 
         /// For example "Waiting for input — proj (reminder)".
-        std::string displayTitle() const;
+        Phrase displayTitle() const;
         /// For example "14:05 (2 minutes ago)".
         std::string timeText(const UserLocale& locale, Date now) const;
     };

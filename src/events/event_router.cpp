@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "events/event_router.h"
 
-#include "values/event_title.h"
+#include "values/alert_text.h"
 
 #include <algorithm>
 #include <array>
@@ -31,16 +31,6 @@ bool isIdlePrompt(const EventPayload& payload)
     const std::string message = lowerCased(*payload.message);
     const auto isInMessage = [&](std::string_view word) { return message.contains(word); };
     return std::ranges::none_of(permissionWords, isInMessage) && std::ranges::any_of(idleWords, isInMessage);
-}
-
-std::string composedTitle(const EventPayload& payload)
-{
-    return payload.title ? *payload.title : eventTitle(payload.type, payload.projectLabel());
-}
-
-std::string composedBody(const EventPayload& payload)
-{
-    return payload.message ? *payload.message : std::string(defaultBannerBody(payload.type));
 }
 
 }
@@ -100,12 +90,11 @@ void EventRouter::alert(const EventPayload& payload, const EventSetting& setting
     if (isReminder || !payload.isTest) with_.history.add(payload, isReminder);
     with_.sound.play(setting.soundId);
     if (setting.speak) with_.voice.speak(setting.phraseToSpeak(), setting.voiceIdentifier);
-    if (setting.showPopup) {
-        const std::string title = composedTitle(payload);
-        // Refused only where banners are unavailable, and then there is nobody to tell.
-        static_cast<void>(with_.notifications.post(isReminder ? "Still waiting — " + title : title,
-                                                   composedBody(payload), payload.cwd, payload.term));
-    }
+    // Refused only where banners are unavailable, and then there is nobody to tell.
+    if (setting.showPopup)
+        static_cast<void>(with_.notifications.post(alertTitle(payload, isReminder),
+                                                   alertBody(payload.type, payload.message), payload.cwd,
+                                                   payload.term));
 }
 
 }

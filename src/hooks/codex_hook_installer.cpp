@@ -5,6 +5,7 @@
 #include "hooks/command_line.h"
 #include "hooks/toml_notify.h"
 #include "values/provider.h"
+#include "values/texts.h"
 
 namespace chimewell {
 
@@ -14,16 +15,13 @@ using Kind = HookInstallerError::Kind;
 
 std::unexpected<HookInstallerError> alreadyConfigured()
 {
-    return std::unexpected(HookInstallerError{Kind::ioError,
-                                              "Codex supports only a single `notify` program, and "
-                                              "~/.codex/config.toml already has one configured. Remove "
-                                              "it (or chain Chimewell into it) first, then install again."});
+    return std::unexpected(HookInstallerError{Kind::ioError, texts::notifyIsTaken});
 }
 
 std::unexpected<HookInstallerError> notUtf8(const std::filesystem::path& file)
 {
-    return std::unexpected(HookInstallerError{Kind::ioError, "Could not read " + file.string() +
-                                                                 ": The file is not valid UTF-8."});
+    return std::unexpected(
+        HookInstallerError{Kind::ioError, {texts::couldNotRead, {file.string(), texts::notUtf8}}});
 }
 
 /// Our notify lines, if the first notify setting is ours.
@@ -52,7 +50,7 @@ HookInstaller::Result<std::string> CodexHookInstaller::withHooks(const Content& 
     const auto ours = findOurs(toml);
     if (!ours && (findNotify(toml) || definesNotifyOtherwise(toml))) return alreadyConfigured();
     if (!isValidUtf8(helper))
-        return std::unexpected(HookInstallerError{Kind::ioError, "Could not encode config.toml."});
+        return std::unexpected(HookInstallerError{Kind::ioError, texts::couldNotEncodeToml});
     return withNotifyLine(toml, ours, "notify = [" + tomlString(helper) + ", \"codex-notify\"]");
 }
 

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/text.h"
+
 #include <cstdint>
-#include <string>
 
 namespace chimewell {
 
@@ -16,7 +17,7 @@ struct HookInstallStatus {
     };
 
     Kind kind = Kind::notInstalled;
-    std::string message; ///< Of an error; empty otherwise.
+    Phrase message = {}; ///< Of an error; empty otherwise.
     bool operator==(const HookInstallStatus&) const = default;
 };
 

@@ -2,6 +2,7 @@
 #include "hooks/hook_installer.h"
 
 #include "base/iso8601.h"
+#include "values/texts.h"
 
 #include <algorithm>
 #include <utility>
@@ -18,9 +19,9 @@ constexpr int maxAttempts = 5;
 constexpr std::string_view helperName = "chimewell-hook";
 constexpr std::string_view backupInfix = ".chimewell-backup-";
 
-std::unexpected<HookInstallerError> ioError(const std::string& prefix, const std::string& reason)
+std::unexpected<HookInstallerError> ioError(Phrase message)
 {
-    return std::unexpected(HookInstallerError{Kind::ioError, prefix + ": " + reason});
+    return std::unexpected(HookInstallerError{Kind::ioError, std::move(message)});
 }
 
 std::string backupPrefix(const std::filesystem::path& file)
@@ -53,14 +54,14 @@ HookInstaller::HookInstaller(Collaborators with, Description description)
 HookInstallStatus HookInstaller::status() const
 {
     using Status = HookInstallStatus::Kind;
-    if (!isAvailable()) return {.kind = Status::comingSoon, .message = {}};
+    if (!isAvailable()) return {.kind = Status::comingSoon};
     const auto file = read();
     if (!file) return {.kind = Status::error, .message = file.error().description()};
     const Content& content = *file;
-    if (!content) return {.kind = Status::notInstalled, .message = {}};
+    if (!content) return {.kind = Status::notInstalled};
     const auto present = entries(*content);
     if (!present) return {.kind = Status::error, .message = present.error().description()};
-    return {.kind = present->empty() ? Status::notInstalled : Status::installed, .message = {}};
+    return {.kind = present->empty() ? Status::notInstalled : Status::installed};
 }
 
 HookInstaller::Result<ProviderInstallState> HookInstaller::install()
@@ -76,7 +77,7 @@ HookInstaller::Result<ProviderInstallState> HookInstaller::install()
         if (!backup) return std::unexpected(backup.error());
         const auto written = write(*before, *after);
         if (!written && written.error().changed && attempt < maxAttempts) continue;
-        if (!written) return ioError("Could not write " + file_.string(), written.error().description);
+        if (!written) return ioError({texts::couldNotWrite, {file_.string(), written.error().description}});
 
         ProviderInstallState installed = state();
         installed.installed = true;
@@ -103,7 +104,7 @@ HookInstaller::Result<ProviderInstallState> HookInstaller::uninstall()
         if (!backup) return std::unexpected(backup.error());
         const auto written = write(before, *after);
         if (!written && written.error().changed && attempt < maxAttempts) continue;
-        if (!written) return ioError("Could not write " + file_.string(), written.error().description);
+        if (!written) return ioError({texts::couldNotWrite, {file_.string(), written.error().description}});
         return state();
     }
 }
@@ -111,12 +112,12 @@ HookInstaller::Result<ProviderInstallState> HookInstaller::uninstall()
 HookInstaller::Result<ProviderInstallState> HookInstaller::restore()
 {
     const auto failed = [](const FileError& error) {
-        return ioError("Could not restore from backup", error.description);
+        return ioError({texts::couldNotRestore, {error.description}});
     };
     const auto oldest = oldestBackup(with_.files, file_);
     if (!oldest) return failed(oldest.error());
     const std::optional<std::filesystem::path>& backup = *oldest;
-    if (!backup) return std::unexpected(HookInstallerError{Kind::noBackup, {}});
+    if (!backup) return std::unexpected(HookInstallerError{Kind::noBackup});
     const auto content = with_.files.read(*backup);
     if (!content) return failed(content.error());
     if (const auto replaced = with_.files.replace(file_, *content); !replaced)
@@ -164,7 +165,7 @@ bool HookInstaller::isUpdateDue(const ProviderInstallState& record) const
 
 HookInstallerError HookInstaller::unparseable() const
 {
-    return {Kind::settingsUnparseable, file_.string()};
+    return {.kind = Kind::settingsUnparseable, .detail = file_.string()};
 }
 
 HookInstaller::Result<std::string> HookInstaller::helper() const
@@ -172,7 +173,7 @@ HookInstaller::Result<std::string> HookInstaller::helper() const
     const auto path = helperPathOverride ? helperPathOverride : with_.resources.named(helperName);
     // A line break cannot stand in a shell command or in a line of TOML.
     if (!path || path->native().find_first_of("\r\n") != std::string::npos)
-        return std::unexpected(HookInstallerError{Kind::helperMissing, {}});
+        return std::unexpected(HookInstallerError{Kind::helperMissing});
     return path->string();
 }
 
@@ -181,7 +182,7 @@ HookInstaller::Result<HookInstaller::Content> HookInstaller::read() const
     auto bytes = with_.files.read(file_);
     if (bytes) return Content(std::move(*bytes));
     if (bytes.error().missing) return Content();
-    return ioError("Could not read " + file_.string(), bytes.error().description);
+    return ioError({texts::couldNotRead, {file_.string(), bytes.error().description}});
 }
 
 std::expected<void, ExchangeError> HookInstaller::write(const Content& before, const std::string& after)
@@ -198,7 +199,7 @@ HookInstaller::Result<std::optional<std::string>> HookInstaller::backUp(const Co
     std::ranges::replace(time, ':', '-');
     const std::filesystem::path backup = file_.parent_path() / (backupPrefix(file_) + time);
     if (const auto copied = with_.files.writeCopy(backup, *content, file_); !copied)
-        return ioError("Could not create backup", copied.error().description);
+        return ioError({texts::couldNotBackUp, {copied.error().description}});
     return backup.string();
 }
 

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/text.h"
+
 #include <cstdint>
-#include <string>
 
 namespace chimewell {
 
@@ -11,11 +12,11 @@ struct HookInstallerError {
     enum class Kind : std::uint8_t { settingsUnparseable, ioError, helperMissing, noBackup };
 
     Kind kind = Kind::ioError;
-    std::string detail; ///< The file's path, or the whole message of an `ioError`; empty otherwise.
+    Phrase detail = {}; ///< The file's path, or the whole message of an `ioError`; empty otherwise.
     bool operator==(const HookInstallerError&) const = default;
 
     /// The sentence that the user reads.
-    std::string description() const;
+    Phrase description() const;
 };
 
 }

@@ -3,6 +3,7 @@
 
 #include "base/utf8.h"
 #include "hooks/command_line.h"
+#include "values/texts.h"
 #include "json/json_parser.h"
 #include "json/json_writer.h"
 
@@ -21,7 +22,7 @@ constexpr std::uint64_t maxFileSize = std::uint64_t{64} << 20;
 
 HookInstallerError notSerialised()
 {
-    return {HookInstallerError::Kind::ioError, "Could not serialize settings."};
+    return {HookInstallerError::Kind::ioError, texts::couldNotSerialize};
 }
 
 /// An event's array as it stands in the file begins so.

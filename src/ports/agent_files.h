@@ -15,7 +15,7 @@ namespace chimewell {
 /// Why a file was not exchanged.
 struct ExchangeError {
     bool changed = false; ///< The file is not what the caller took it for; it stays as it is.
-    std::string description;
+    Phrase description = {};
 };
 
 /// Files that other programs own and may rewrite at any moment.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/text.h"
+
 #include <expected>
 #include <filesystem>
 #include <optional>
@@ -12,7 +14,7 @@ namespace chimewell {
 /// Why a file operation failed.
 struct FileError {
     bool missing = false;    ///< Nothing stands at the path; every other reason leaves this false.
-    std::string description; ///< The system's sentence, in the user's language where it has one.
+    Phrase description = {}; ///< The system's own sentence, or one of ours.
     bool operator==(const FileError&) const = default;
 };
 

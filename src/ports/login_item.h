@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/text.h"
+
 #include <expected>
-#include <string>
 
 namespace chimewell {
 
@@ -13,8 +14,8 @@ public:
     /// What the system will really do at the next log-in.
     virtual bool isEnabled() const = 0;
     /// The error is the system's description.
-    virtual std::expected<void, std::string> registerItem() = 0;
-    virtual std::expected<void, std::string> unregisterItem() = 0;
+    virtual std::expected<void, Phrase> registerItem() = 0;
+    virtual std::expected<void, Phrase> unregisterItem() = 0;
 };
 
 }

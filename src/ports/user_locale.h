@@ -7,12 +7,10 @@
 
 namespace chimewell {
 
-/// The user's language and habits.
+/// How times are written for the user.
 class UserLocale {
 public:
     virtual ~UserLocale() = default;
-    /// ISO 639 code such as "de"; empty when the locale has none.
-    virtual std::string languageCode() const = 0;
     /// Short time without date in the user's time zone, for example 14:05.
     virtual std::string shortTime(Date date) const = 0;
     /// `date` seen from `now` in full words, for example "2 minutes ago".

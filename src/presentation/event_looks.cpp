@@ -43,7 +43,7 @@ Tone iconTone(CanonicalEvent event)
     return Tone::secondary;
 }
 
-std::string_view description(CanonicalEvent event)
+Text description(CanonicalEvent event)
 {
     return defaultBannerBody(event);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/text.h"
 #include "values/app_settings.h"
 #include "values/canonical_event.h"
 
@@ -31,7 +32,7 @@ enum class Tone : std::uint8_t { neutral, secondary, accent, green, orange, red 
 Tone iconTone(CanonicalEvent event);
 
 /// One line about what the event means.
-std::string_view description(CanonicalEvent event);
+Text description(CanonicalEvent event);
 
 /// Whether there is anything to hear in the event's preview.
 bool canPreview(const EventSetting& setting);

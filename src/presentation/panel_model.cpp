@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "presentation/panel_model.h"
 
-#include "presentation/texts.h"
+#include "values/alert_text.h"
+#include "values/texts.h"
 
 #include <algorithm>
 
@@ -27,7 +28,7 @@ RecentRow recentRow(const EventHistory::Entry& entry, const UserLocale& locale, 
 {
     return {.event = entry.event,
             .title = entry.displayTitle(),
-            .message = entry.message.value_or(std::string(defaultBannerBody(entry.event))),
+            .message = alertBody(entry.event, entry.message),
             .relativeTime = locale.shortRelativeTime(entry.date, now),
             .timeText = entry.timeText(locale, now),
             .term = entry.term,

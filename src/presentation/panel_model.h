@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/text.h"
 #include "events/event_history.h"
 #include "ports/user_locale.h"
-#include "presentation/text.h"
 #include "values/app_settings.h"
 
 #include <cstddef>
@@ -27,8 +27,8 @@ PanelHeader panelHeader(const AppSettings& settings);
 /// One alert of the past, as the panel and the settings show it.
 struct RecentRow {
     CanonicalEvent event = CanonicalEvent::finished;
-    std::string title;
-    std::string message;      ///< What the agent said, else what the event means.
+    Phrase title;
+    Phrase message;           ///< What the agent said, else what the event means.
     std::string relativeTime; ///< "4 min. ago"
     std::string timeText;     ///< "14:29 (4 minutes ago)"
     std::optional<std::string> term;

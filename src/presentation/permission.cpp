@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "presentation/permission.h"
 
-#include "presentation/texts.h"
+#include "values/texts.h"
 
 namespace chimewell {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "presentation/provider_card.h"
 
-#include "presentation/texts.h"
 #include "values/provider.h"
+#include "values/texts.h"
 
 #include <algorithm>
 #include <utility>
@@ -93,7 +93,7 @@ std::optional<ProviderCard::Note> ProviderCard::notice() const
     return std::nullopt;
 }
 
-std::optional<std::string> ProviderCard::errorMessage() const
+std::optional<Phrase> ProviderCard::errorMessage() const
 {
     if (failure_) return failure_;
     return status_.kind == Status::error ? std::optional(status_.message) : std::nullopt;

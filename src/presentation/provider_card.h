@@ -2,12 +2,12 @@
 #pragma once
 
 #include "base/subscription.h"
+#include "base/text.h"
 #include "hooks/hook_change.h"
 #include "hooks/hook_installer.h"
 #include "ports/files.h"
 #include "ports/timers.h"
 #include "presentation/event_looks.h"
-#include "presentation/text.h"
 #include "settings/settings_store.h"
 
 #include <chrono>
@@ -97,8 +97,7 @@ public:
     /// What is to be known of this file.
     std::optional<Note> notice() const;
     const std::optional<Text>& infoMessage() const { return infoMessage_; }
-    /// The installer's own words.
-    std::optional<std::string> errorMessage() const;
+    std::optional<Phrase> errorMessage() const;
 
     Confirmation confirmation(PendingAction action) const;
     /// Once the question was answered with yes. The record of the outcome is stored. Does nothing while
@@ -120,7 +119,7 @@ private:
     bool backupExists_ = false;
     bool nothingToReveal_ = false;
     std::optional<Text> infoMessage_;
-    std::optional<std::string> failure_; ///< Of the last action.
+    std::optional<Phrase> failure_; ///< Of the last action.
     std::unique_ptr<Timer> settling_;
     Subscribers subscribers_;
 };

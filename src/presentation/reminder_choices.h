@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "presentation/texts.h"
+#include "values/texts.h"
 
 #include <array>
 #include <cstdint>

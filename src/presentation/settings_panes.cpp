@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "presentation/settings_panes.h"
 
-#include "presentation/texts.h"
+#include "values/texts.h"
 
 #include <cstddef>
 

@@ -3,6 +3,7 @@
 
 #include "settings/launch_at_login.h"
 #include "values/event_url.h"
+#include "values/texts.h"
 
 namespace chimewell {
 
@@ -19,7 +20,7 @@ void UserActions::preview(CanonicalEvent event)
 
 void UserActions::testBanner()
 {
-    with_.notifications.post("Chimewell", "Banners are working. This is a test.", std::nullopt, std::nullopt);
+    with_.notifications.post(texts::chimewell, texts::bannerTest, std::nullopt, std::nullopt);
     with_.sound.play("Tink");
 }
 
@@ -28,7 +29,7 @@ void UserActions::setMuted(bool muted)
     with_.store.update([&](AppSettings& settings) { settings.globalMuted = muted; });
 }
 
-std::optional<std::string> UserActions::setLaunchAtLogin(bool wanted)
+std::optional<Phrase> UserActions::setLaunchAtLogin(bool wanted)
 {
     with_.store.update([&](AppSettings& settings) { settings.launchAtLogin = wanted; });
     return chimewell::setLaunchAtLogin(with_.loginItem, wanted);

@@ -11,7 +11,6 @@
 #include "settings/settings_store.h"
 
 #include <optional>
-#include <string>
 
 namespace chimewell {
 
@@ -38,7 +37,7 @@ public:
     void testBanner();
     void setMuted(bool muted);
     /// Stores the wish and tells the system; the message says why that failed. The wish stays stored.
-    std::optional<std::string> setLaunchAtLogin(bool wanted);
+    std::optional<Phrase> setLaunchAtLogin(bool wanted);
     /// The walkthrough shows: for so long the application is one among the others, with a window in front.
     void beginOnboarding();
     /// However it ended.

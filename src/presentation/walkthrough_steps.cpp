@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "presentation/walkthrough_steps.h"
 
-#include "presentation/texts.h"
+#include "values/texts.h"
 
 #include <cstddef>
 

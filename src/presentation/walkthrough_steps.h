@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "presentation/text.h"
+#include "base/text.h"
 
 #include <array>
 #include <cstdint>

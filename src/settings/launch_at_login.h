@@ -4,12 +4,11 @@
 #include "ports/login_item.h"
 
 #include <optional>
-#include <string>
 
 namespace chimewell {
 
 /// Makes the system start us at log-in, or not. Returns a message for the user when that failed;
 /// nothing when it worked or was so already.
-std::optional<std::string> setLaunchAtLogin(LoginItem& item, bool wanted);
+std::optional<Phrase> setLaunchAtLogin(LoginItem& item, bool wanted);
 
 }

@@ -3,6 +3,7 @@
 
 #include "values/app_settings.h"
 #include "values/app_settings_json.h"
+#include "values/texts.h"
 
 #include <algorithm>
 #include <utility>
@@ -35,7 +36,7 @@ void SettingsStore::save()
 {
     const auto written = files_.replace(file_, encodeSettings(settings_));
     lastError_ =
-        written ? std::nullopt : std::optional("Failed to save settings: " + written.error().description);
+        written ? std::nullopt : std::optional(Phrase(texts::couldNotSave, {written.error().description}));
     subscribers_.notify();
 }
 

@@ -2,13 +2,13 @@
 #pragma once
 
 #include "base/subscription.h"
+#include "base/text.h"
 #include "ports/files.h"
 #include "values/app_settings.h"
 
 #include <filesystem>
 #include <functional>
 #include <optional>
-#include <string>
 #include <string_view>
 
 namespace chimewell {
@@ -25,7 +25,7 @@ public:
     const std::filesystem::path& folder() const { return folder_; }
     const std::filesystem::path& fileURL() const { return file_; }
     /// Text of the last failed save; absent after a good one. The change stays in memory.
-    const std::optional<std::string>& lastError() const { return lastError_; }
+    const std::optional<Phrase>& lastError() const { return lastError_; }
 
     /// Applies `change` and saves.
     void update(const std::function<void(AppSettings&)>& change);
@@ -46,7 +46,7 @@ private:
     std::filesystem::path folder_;
     std::filesystem::path file_;
     AppSettings settings_;
-    std::optional<std::string> lastError_;
+    std::optional<Phrase> lastError_;
     Subscribers subscribers_;
 };
 

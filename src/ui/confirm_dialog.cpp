@@ -2,7 +2,6 @@
 #include "ui/confirm_dialog.h"
 
 #include "presentation/changes_text.h"
-#include "presentation/texts.h"
 #include "ui/controls/dialog_mark.h"
 #include "ui/controls/fold.h"
 #include "ui/controls/fold_button.h"
@@ -12,6 +11,7 @@
 #include "ui/controls/text_label.h"
 #include "ui/look/chimewell_style.h"
 #include "ui/look/metrics.h"
+#include "values/texts.h"
 
 #include <QDialogButtonBox>
 #include <QEvent>

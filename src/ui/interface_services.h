@@ -40,7 +40,7 @@ struct InterfaceServices {
     Workspace& workspace;
     const UserLocale& locale;
     const Clock& clock;
-    Words words;
+    const Words& words;
     std::string version;
     WebAddresses addresses;
     /// The user leaves: nothing comes back before the next start by hand.

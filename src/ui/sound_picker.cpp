@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "ui/sound_picker.h"
 
-#include "ui/words.h"
 #include "values/sound_option.h"
 
 #include <algorithm>
 
 namespace chimewell {
 
-SoundPicker::SoundPicker(const QString& name, QWidget* parent) : Picker(name, parent)
+SoundPicker::SoundPicker(const Words& words, const QString& name, QWidget* parent) : Picker(name, parent)
 {
     for (const SoundOption& option : SoundOption::all())
-        addItem(Words::ofCore(option.displayName));
+        addItem(words(option.displayName));
     connect(this, &QComboBox::activated, this, [this](int index) {
         Q_EMIT soundChosen(SoundOption::all()[static_cast<std::size_t>(index)].id);
     });

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ui/controls/picker.h"
+#include "ui/words.h"
 
 #include <string>
 #include <string_view>
@@ -12,7 +13,7 @@ namespace chimewell {
 class SoundPicker final : public Picker {
     Q_OBJECT
 public:
-    explicit SoundPicker(const QString& name, QWidget* parent = nullptr);
+    SoundPicker(const Words& words, const QString& name, QWidget* parent = nullptr);
 
     /// Nothing is chosen where there is no such sound. Tells nobody.
     void show(std::string_view soundId);

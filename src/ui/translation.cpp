@@ -23,18 +23,19 @@ bool install(QCoreApplication& application, const QLocale& language, const QStri
 
 }
 
-void installTranslation(QCoreApplication& application, const QStringList& languages)
+std::string installTranslation(QCoreApplication& application, const QStringList& languages)
 {
     // One after another: left to itself, Qt would pass over English, for which there is no file.
     for (const QString& name : languages) {
         const QLocale language(name);
-        if (language.language() == QLocale::English) return;
+        if (language.language() == QLocale::English) return name.toStdString();
         if (!install(application, language, QStringLiteral("chimewell"), QStringLiteral(":/translations")))
             continue;
         install(application, language, QStringLiteral("qtbase"),
                 QLibraryInfo::path(QLibraryInfo::TranslationsPath));
-        return;
+        return name.toStdString();
     }
+    return "en";
 }
 
 }

@@ -2,7 +2,7 @@
 #include "ui/tray_icon.h"
 
 #include "presentation/panel_model.h"
-#include "presentation/texts.h"
+#include "values/texts.h"
 
 #include <QCursor>
 #include <QIcon>
@@ -54,8 +54,8 @@ void TrayIcon::show()
     // By name, so that the desktop draws it in its own colours.
     icon_.setIcon(QIcon::fromTheme(armed ? QStringLiteral("chimewell-armed-symbolic")
                                          : QStringLiteral("chimewell-symbolic")));
-    icon_.setToolTip(services_.words(texts::panelName) + QStringLiteral(" — ") +
-                     services_.words(panelHeader(settings).status));
+    icon_.setToolTip(
+        services_.words({texts::titleAndDetail, {texts::panelName, panelHeader(settings).status}}));
 }
 
 }

@@ -3,23 +3,22 @@
 
 #include <QCoreApplication>
 
-#include <string>
-
 namespace chimewell {
 
 QString Words::operator()(const Phrase& phrase) const
 {
-    // One is its own text; every other count has as many forms as the language needs.
-    const bool isMany = phrase.count && *phrase.count != 1 && phrase.text.many();
-    const char* english = isMany ? phrase.text.many() : phrase.text.in(wording_);
-    const QString format = QCoreApplication::translate("chimewell::texts", english, nullptr,
-                                                       isMany ? static_cast<int>(*phrase.count) : -1);
-    return qString(filled(format.toStdString(), phrase));
+    return qString(translate(phrase));
 }
 
-QString Words::ofCore(std::string_view english)
+std::string Words::translate(const Phrase& phrase) const
 {
-    return QCoreApplication::translate("chimewell", std::string(english).c_str());
+    return composed(phrase, [this](const Text& text, std::optional<std::int64_t> count) {
+        // One is its own text; every other count has as many forms as the language needs.
+        const bool isMany = count && *count != 1 && text.many();
+        return QCoreApplication::translate("chimewell::texts", isMany ? text.many() : text.in(wording_),
+                                           nullptr, isMany ? static_cast<int>(*count) : -1)
+            .toStdString();
+    });
 }
 
 QString qString(std::string_view utf8)

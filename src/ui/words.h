@@ -1,25 +1,30 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "presentation/text.h"
+#include "base/text.h"
+#include "ports/translator.h"
 
 #include <QString>
 
+#include <string>
 #include <string_view>
+#include <utility>
 
 namespace chimewell {
 
-/// Says texts in the user's language.
-class Words {
+/// Says phrases in the language of the translation that is installed (ui/translation.h).
+class Words final : public Translator {
 public:
-    explicit Words(Wording wording) : wording_(wording) {}
+    /// `language` is that translation's, as `installTranslation` told it.
+    Words(Wording wording, std::string language) : wording_(wording), language_(std::move(language)) {}
 
     QString operator()(const Phrase& phrase) const;
-    /// A name that the core gives: of an event, or of a sound.
-    static QString ofCore(std::string_view english);
+    std::string translate(const Phrase& phrase) const override;
+    std::string language() const override { return language_; }
 
 private:
     Wording wording_;
+    std::string language_;
 };
 
 /// Text of the core as Qt has it.

@@ -3,20 +3,13 @@
 
 #include "base/white_space.h"
 #include "values/provider.h"
-#include "values/sound_option.h"
 
 #include <algorithm>
 #include <array>
-#include <cstddef>
 
 namespace chimewell {
 
 namespace {
-
-// In the order of CanonicalEvent.
-constexpr std::array<std::string_view, allCanonicalEvents.size()> defaultSoundIds = {
-    "Blow", "Funk", "Pop", "Basso", "Tink", "Purr", "Bottle", silentSoundId,
-};
 
 constexpr std::array defaultProviderOrder = {claudeProvider, cursorProvider, codexProvider};
 
@@ -26,16 +19,16 @@ EventSetting EventSetting::defaultSetting(CanonicalEvent event)
 {
     return {.event = event,
             .enabled = enabledByDefault(event),
-            .soundId = std::string(defaultSoundIds[static_cast<std::size_t>(event)]),
+            .soundId = std::string(defaultSoundId(event)),
             .showPopup = enabledByDefault(event),
             .speak = false,
             .spokenPhrase = {}};
 }
 
-std::string_view EventSetting::phraseToSpeak() const
+Phrase EventSetting::phraseToSpeak() const
 {
     const std::string_view phrase = trimmed(spokenPhrase);
-    return phrase.empty() ? defaultSpokenPhrase(event) : phrase;
+    return phrase.empty() ? defaultSpokenPhrase(event) : Phrase(phrase);
 }
 
 std::vector<EventSetting> AppSettings::defaultEvents()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/text.h"
 #include "base/time_point.h"
 #include "values/canonical_event.h"
 
@@ -24,8 +25,8 @@ struct EventSetting {
     bool operator==(const EventSetting&) const = default;
 
     static EventSetting defaultSetting(CanonicalEvent event);
-    /// The user's phrase, else the event's own.
-    std::string_view phraseToSpeak() const;
+    /// The user's phrase as it was written, else the event's own.
+    Phrase phraseToSpeak() const;
 };
 
 /// What we did to one agent's configuration file.

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "values/canonical_event.h"
 
-#include "base/translatable.h"
+#include "values/sound_option.h"
+#include "values/texts.h"
 
 #include <cstddef>
 
@@ -9,63 +10,88 @@ namespace chimewell {
 
 namespace {
 
-struct Texts {
+struct Facts {
     std::string_view rawName;
-    std::string_view displayName;
-    std::string_view spokenPhrase;
-    std::string_view bannerBody;
+    Text displayName;
+    std::optional<Text> spokenPhrase;
+    Text bannerBody;
+    std::string_view defaultSoundId;
 };
 
-constexpr std::array<Texts, allCanonicalEvents.size()> texts = {{
-    {"finished", translatable("Finished"), translatable("The agent has finished"),
-     translatable("The agent finished responding and is idle.")},
-    {"waiting_input", translatable("Waiting for input"), translatable("The agent is waiting for your input"),
-     translatable("The agent is waiting for your input or a permission decision.")},
-    {"subagent_finished", translatable("Subagent finished"), translatable("A subagent finished"),
-     translatable("A subagent completed its task.")},
-    {"error", translatable("Error"), translatable("The agent reported an error"),
-     translatable("The agent reported an error.")},
-    {"tool_use", translatable("Tool use"), translatable("The agent is using a tool"),
-     translatable("The agent is about to use a tool.")},
-    {"long_running_start", translatable("Long-running task started"), translatable("A long task has started"),
-     translatable("A long-running task has begun.")},
-    {"session_start", translatable("Session started"), translatable("A new session started"),
-     translatable("A new agent session started.")},
-    {"user_acted", translatable("User responded"), "", translatable("You responded to the agent.")},
-}};
-
-const Texts& textsOf(CanonicalEvent event)
+/// The one table of events: one without a row here does not compile.
+constexpr std::optional<Facts> findFacts(CanonicalEvent event)
 {
-    return texts[static_cast<std::size_t>(event)];
+    using namespace texts;
+    switch (event) {
+    case CanonicalEvent::finished:
+        return Facts{"finished", finished, finishedPhrase, finishedBody, "Blow"};
+    case CanonicalEvent::waitingInput:
+        return Facts{"waiting_input", waitingInput, waitingInputPhrase, waitingInputBody, "Funk"};
+    case CanonicalEvent::subagentFinished:
+        return Facts{"subagent_finished", subagentFinished, subagentFinishedPhrase, subagentFinishedBody,
+                     "Pop"};
+    case CanonicalEvent::error:
+        return Facts{"error", texts::error, errorPhrase, errorBody, "Basso"};
+    case CanonicalEvent::toolUse:
+        return Facts{"tool_use", toolUse, toolUsePhrase, toolUseBody, "Tink"};
+    case CanonicalEvent::longRunningStart:
+        return Facts{"long_running_start", longRunningStart, longRunningStartPhrase, longRunningStartBody,
+                     "Purr"};
+    case CanonicalEvent::sessionStart:
+        return Facts{"session_start", sessionStart, sessionStartPhrase, sessionStartBody, "Bottle"};
+    case CanonicalEvent::userActed:
+        return Facts{"user_acted", userActed, std::nullopt, userActedBody, silentSoundId};
+    }
+    return std::nullopt;
+}
+
+constexpr std::size_t tableSize()
+{
+    std::size_t size = 0;
+    while (findFacts(static_cast<CanonicalEvent>(size)))
+        ++size;
+    return size;
+}
+static_assert(allCanonicalEvents.size() == tableSize(), "allCanonicalEvents lacks an event");
+
+Facts factsOf(CanonicalEvent event)
+{
+    return *findFacts(event);
 }
 
 }
 
 std::string_view rawName(CanonicalEvent event)
 {
-    return textsOf(event).rawName;
+    return factsOf(event).rawName;
 }
 
 std::optional<CanonicalEvent> eventNamed(std::string_view rawName)
 {
     for (const CanonicalEvent event : allCanonicalEvents)
-        if (textsOf(event).rawName == rawName) return event;
+        if (factsOf(event).rawName == rawName) return event;
     return std::nullopt;
 }
 
-std::string_view displayName(CanonicalEvent event)
+Text displayName(CanonicalEvent event)
 {
-    return textsOf(event).displayName;
+    return factsOf(event).displayName;
 }
 
-std::string_view defaultSpokenPhrase(CanonicalEvent event)
+Phrase defaultSpokenPhrase(CanonicalEvent event)
 {
-    return textsOf(event).spokenPhrase;
+    const auto phrase = factsOf(event).spokenPhrase;
+    return phrase ? Phrase(*phrase) : Phrase();
 }
 
-std::string_view defaultBannerBody(CanonicalEvent event)
+Text defaultBannerBody(CanonicalEvent event)
 {
-    return textsOf(event).bannerBody;
+    return factsOf(event).bannerBody;
+}
+
+std::string_view defaultSoundId(CanonicalEvent event)
+{
+    return factsOf(event).defaultSoundId;
 }
 
 bool isSilent(CanonicalEvent event)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/text.h"
+
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -31,11 +33,13 @@ std::string_view rawName(CanonicalEvent event);
 /// The event of exactly that raw name; there are no aliases.
 std::optional<CanonicalEvent> eventNamed(std::string_view rawName);
 
-std::string_view displayName(CanonicalEvent event);
+Text displayName(CanonicalEvent event);
 /// Spoken when the user chose no phrase.
-std::string_view defaultSpokenPhrase(CanonicalEvent event);
+Phrase defaultSpokenPhrase(CanonicalEvent event);
 /// Shown when the agent sent no message.
-std::string_view defaultBannerBody(CanonicalEvent event);
+Text defaultBannerBody(CanonicalEvent event);
+/// The `SoundOption` that the event is played with until the user chooses another.
+std::string_view defaultSoundId(CanonicalEvent event);
 /// Never alerted for: it only ends reminders.
 bool isSilent(CanonicalEvent event);
 bool enabledByDefault(CanonicalEvent event);

@@ -1,24 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "values/sound_option.h"
 
-#include "base/translatable.h"
+#include "values/texts.h"
 
 #include <algorithm>
 
 namespace chimewell {
 
-namespace {
-
-constexpr auto silentName = translatable("Silent");
-
-}
-
 const std::vector<SoundOption>& SoundOption::all()
 {
     static const std::vector<SoundOption> options = [] {
-        std::vector<SoundOption> list{{std::string(silentSoundId), std::string(silentName)}};
+        std::vector<SoundOption> list{{std::string(silentSoundId), texts::silent}};
         for (const std::string_view name : playableSoundNames)
-            list.push_back({std::string(name), std::string(name)});
+            list.push_back({std::string(name), name});
         return list;
     }();
     return options;

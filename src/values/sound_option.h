@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/text.h"
+
 #include <array>
 #include <string>
 #include <string_view>
@@ -11,7 +13,7 @@ namespace chimewell {
 /// One choice of the sound pickers.
 struct SoundOption {
     std::string id; ///< What the settings store.
-    std::string displayName;
+    Phrase displayName;
     bool operator==(const SoundOption&) const = default;
 
     /// The silent choice, then every playable name.

@@ -4,8 +4,8 @@
 #include "alerts/voice_announcer.h"
 #include "values/sound_option.h"
 
+#include "support/english_translator.h"
 #include "support/fixed_random.h"
-#include "support/plain_locale.h"
 #include "support/recording_notification_center.h"
 #include "support/recording_sounds.h"
 #include "support/recording_speech.h"
@@ -51,31 +51,30 @@ TEST(SoundPlayerTest, PlaysOnlyExactNamesThatExist)
 TEST(VoiceAnnouncerTest, SpeaksTrimmedTextAndNothingBlank)
 {
     RecordingSpeech speech;
-    const PlainLocale locale;
-    VoiceAnnouncer voice(speech, locale);
+    const EnglishTranslator translator;
+    VoiceAnnouncer voice(speech, translator);
     voice.speak(" \n\u00A0", std::nullopt);
     voice.speak("\n done \u2028", "Anna");
     EXPECT_EQ(speech.spoken, (std::vector<RecordingSpeech::Utterance>{{"done", "Anna"}}));
 }
 
-TEST(VoiceAnnouncerTest, OffersTheVoicesOfTheUsersLanguage)
+TEST(VoiceAnnouncerTest, OffersTheVoicesOfTheSpokenLanguage)
 {
     RecordingSpeech speech;
-    PlainLocale locale;
-    const VoiceAnnouncer voice(speech, locale);
+    EnglishTranslator translator;
+    const VoiceAnnouncer voice(speech, translator);
     const std::vector<Voice> installed = {
         {"1", "Zoe", "en-US"}, {"2", "Anna", "de-DE"}, {"3", "Adam", "en-US"}, {"4", "Bea", "en-GB"}};
     const auto offered = [&](const char* language) {
-        locale.language = language;
+        translator.tag = language;
         std::string names;
         for (const auto& v : voice.voices(installed))
             names += v.name + " ";
         return names;
     };
     EXPECT_EQ(offered("en"), "Bea Adam Zoe ");
-    EXPECT_EQ(offered("de"), "Anna ");
+    EXPECT_EQ(offered("de-AT"), "Anna ");
     EXPECT_EQ(offered("fr"), "Anna Bea Adam Zoe "); // none: all of them
-    EXPECT_EQ(offered(""), "Bea Adam Zoe ");
 }
 
 class NotificationServiceTest : public ::testing::Test {
@@ -89,7 +88,8 @@ protected:
 
     RecordingNotificationCenter center;
     FixedRandom random;
-    NotificationService service{center, random};
+    const EnglishTranslator translator;
+    NotificationService service{center, random, translator};
     std::vector<Session> opened;
 };
 

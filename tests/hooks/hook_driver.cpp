@@ -27,14 +27,14 @@ void say(const std::string& line)
 
 bool report(const HookInstaller::Result<ProviderInstallState>& state)
 {
-    say(state ? "ok" : "error: " + state.error().description());
+    say(state ? "ok" : "error: " + english(state.error().description()));
     return state.has_value();
 }
 
 bool report(const HookInstaller::Result<std::vector<HookChange>>& changes)
 {
     if (!changes) {
-        say("error: " + changes.error().description());
+        say("error: " + english(changes.error().description()));
         return false;
     }
     for (const HookChange& change : *changes)
@@ -55,7 +55,7 @@ bool report(const HookInstallStatus& status)
         say("coming soon");
         break;
     case HookInstallStatus::Kind::error:
-        say("error: " + status.message);
+        say("error: " + english(status.message));
         return false;
     }
     return true;

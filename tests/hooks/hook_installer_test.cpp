@@ -29,13 +29,13 @@ protected:
     {
         write(before);
         const auto result = installer.install();
-        return result ? content().value_or("") : result.error().description();
+        return result ? content().value_or("") : english(result.error().description());
     }
     std::string uninstalled(const std::string& before)
     {
         write(before);
         const auto result = installer.uninstall();
-        return result ? content().value_or("") : result.error().description();
+        return result ? content().value_or("") : english(result.error().description());
     }
 
     MemoryFiles files;
@@ -164,7 +164,8 @@ TEST_F(ClaudeHookInstallerTest, RestoresTheOldestBackup)
 {
     const std::string original = "{ \"mine\": 1 }";
     write(original);
-    EXPECT_EQ(installer.restore().error().description(), "No Chimewell backup was found to restore from.");
+    EXPECT_EQ(english(installer.restore().error().description()),
+              "No Chimewell backup was found to restore from.");
     EXPECT_EQ(installer.install()->backupPath,
               "/home/me/.claude/settings.json.chimewell-backup-2026-03-01T14-00-00Z");
     time.advance(1s);
@@ -182,18 +183,19 @@ TEST_F(ClaudeHookInstallerTest, SaysWhatFailed)
 {
     write("{}");
     files.unreadable = true;
-    EXPECT_EQ(installer.install().error().description(),
+    EXPECT_EQ(english(installer.install().error().description()),
               "Could not read /home/me/.claude/settings.json: Input/output error");
     EXPECT_EQ(installer.status().kind, HookInstallStatus::Kind::error);
     files.unreadable = false;
     files.full = true;
-    EXPECT_EQ(installer.install().error().description(), "Could not create backup: No space left on device");
+    EXPECT_EQ(english(installer.install().error().description()),
+              "Could not create backup: No space left on device");
     EXPECT_EQ(content(), "{}");
     files.contents.clear();
-    EXPECT_EQ(installer.install().error().description(),
+    EXPECT_EQ(english(installer.install().error().description()),
               "Could not write /home/me/.claude/settings.json: No space left on device");
     files.contents["/home/me/.claude/settings.json.chimewell-backup-2025-01-01T00-00-00Z"] = "{}";
-    EXPECT_EQ(installer.restore().error().description(),
+    EXPECT_EQ(english(installer.restore().error().description()),
               "Could not restore from backup: No space left on device");
 }
 
@@ -208,7 +210,7 @@ TEST_F(ClaudeHookInstallerTest, StartsOverWhenTheAgentWritesMeanwhile)
     EXPECT_EQ(content(), claudeFile("  \"by\": \"agent\",\n"));
 
     files.beforeExchange = [&] { write("{\"n\": " + std::to_string(++writes) + "}"); };
-    EXPECT_EQ(installer.install().error().description(),
+    EXPECT_EQ(english(installer.install().error().description()),
               "Could not write /home/me/.claude/settings.json: Somebody else changed it");
 }
 

@@ -2,9 +2,9 @@
 #include "presentation/event_looks.h"
 #include "presentation/panel_model.h"
 #include "presentation/reminder_choices.h"
-#include "presentation/texts.h"
 #include "presentation/walkthrough_steps.h"
 #include "values/sound_option.h"
+#include "values/texts.h"
 
 #include "support/fake_system.h"
 

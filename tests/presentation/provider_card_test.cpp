@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "presentation/provider_card.h"
-#include "presentation/texts.h"
+#include "values/texts.h"
 
 #include "support/fake_system.h"
 
@@ -123,7 +123,7 @@ TEST_F(ProviderCardTest, ShowsTheInstallersWordsAndKeepsTheStatus)
     ProviderCard& codex = card("codex");
     EXPECT_TRUE(codex.isBeta());
     perform(codex, PendingAction::install);
-    EXPECT_EQ(codex.errorMessage()->find("Codex supports only a single `notify` program"), 0U);
+    EXPECT_EQ(english(*codex.errorMessage()).find("Codex supports only a single `notify` program"), 0U);
     EXPECT_EQ(codex.infoMessage(), std::nullopt);
     EXPECT_EQ(english(codex.pill().text), "Not installed");
     EXPECT_FALSE(record("codex").installed);
@@ -135,7 +135,7 @@ TEST_F(ProviderCardTest, ShowsTheInstallersWordsAndKeepsTheStatus)
     ProviderCard& cursor = card("cursor");
     EXPECT_EQ(english(cursor.pill().text), "Error");
     EXPECT_TRUE(cursor.canInstall());
-    EXPECT_NE(cursor.errorMessage()->find("is not valid JSON"), std::string::npos);
+    EXPECT_NE(english(*cursor.errorMessage()).find("is not valid JSON"), std::string::npos);
     file("cursor") = "{}";
     cursor.refresh();
     EXPECT_EQ(cursor.errorMessage(), std::nullopt);

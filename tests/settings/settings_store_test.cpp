@@ -229,15 +229,15 @@ TEST(ApplicationFolderTest, FallsBackBelowTheHomeFolder)
 class ScriptedLoginItem : public LoginItem {
 public:
     bool isEnabled() const override { return enabled; }
-    std::expected<void, std::string> registerItem() override { return change("register"); }
-    std::expected<void, std::string> unregisterItem() override { return change("unregister"); }
+    std::expected<void, Phrase> registerItem() override { return change("register"); }
+    std::expected<void, Phrase> unregisterItem() override { return change("unregister"); }
 
     bool enabled = false;
     bool fails = false;
     std::vector<std::string> calls;
 
 private:
-    std::expected<void, std::string> change(const char* call)
+    std::expected<void, Phrase> change(const char* call)
     {
         calls.emplace_back(call);
         if (fails) return std::unexpected("Operation not permitted");

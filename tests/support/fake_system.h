@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/services.h"
+#include "support/english_translator.h"
 #include "support/fake_time.h"
 #include "support/fixed_home.h"
 #include "support/fixed_random.h"
@@ -23,6 +24,7 @@ struct FakeSystem {
     MemoryFiles files;
     FixedRandom random;
     PlainLocale locale;
+    EnglishTranslator translator;
     FixedHome home;
     OneResource resources;
     RecordingSounds sounds;
@@ -32,13 +34,15 @@ struct FakeSystem {
     RecordingLoginItem loginItem;
     RecordingActivation activation;
 
-    Ports ports()
+    Ports ports() { return ports(translator); }
+    Ports ports(const Translator& words)
     {
         return {.files = files,
                 .clock = time,
                 .timers = time,
                 .random = random,
                 .locale = locale,
+                .translator = words,
                 .folders = home,
                 .resources = resources,
                 .sounds = sounds,

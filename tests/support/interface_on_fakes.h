@@ -9,7 +9,8 @@ namespace chimewell::test {
 /// What windows need, on a system of fakes.
 struct InterfaceOnFakes {
     FakeSystem system;
-    Services services{system.ports(), "/support/Chimewell"};
+    Words words{Wording::linuxDesktop, "en"};
+    Services services{system.ports(words), "/support/Chimewell"};
     int quits = 0;
 
     InterfaceServices interface{.store = services.store,
@@ -23,7 +24,7 @@ struct InterfaceOnFakes {
                                 .workspace = system.workspace,
                                 .locale = system.locale,
                                 .clock = system.time,
-                                .words = Words(Wording::linuxDesktop),
+                                .words = words,
                                 .version = "1.0.0",
                                 .addresses = {},
                                 .quit = [this] { ++quits; }};

@@ -10,14 +10,11 @@ class PlainLocale : public UserLocale {
 public:
     std::string shortRelativeTime(Date date, Date now) const override { return relativeTime(date, now); }
 
-    std::string languageCode() const override { return language; }
     std::string shortTime(Date) const override { return "14:05"; }
     std::string relativeTime(Date date, Date now) const override
     {
         return std::to_string(std::chrono::floor<std::chrono::seconds>(now - date).count()) + " seconds ago";
     }
-
-    std::string language = "en";
 };
 
 }

@@ -9,14 +9,14 @@ namespace chimewell::test {
 class RecordingLoginItem : public LoginItem {
 public:
     bool isEnabled() const override { return enabled; }
-    std::expected<void, std::string> registerItem() override { return set(true); }
-    std::expected<void, std::string> unregisterItem() override { return set(false); }
+    std::expected<void, Phrase> registerItem() override { return set(true); }
+    std::expected<void, Phrase> unregisterItem() override { return set(false); }
 
     bool enabled = false;
     bool refuses = false;
 
 private:
-    std::expected<void, std::string> set(bool wanted)
+    std::expected<void, Phrase> set(bool wanted)
     {
         if (refuses) return std::unexpected("Operation not permitted");
         enabled = wanted;

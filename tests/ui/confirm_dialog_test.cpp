@@ -24,7 +24,7 @@ protected:
     {
         delete dialog;
         dialog = new ConfirmDialog(fakes.services.cards.all().front()->confirmation(action),
-                                   Words(Wording::linuxDesktop), nullptr);
+                                   Words(Wording::linuxDesktop, "en"), nullptr);
         QObject::connect(dialog, &QDialog::accepted, dialog, [this] { ++yes; });
         QObject::connect(dialog, &QDialog::rejected, dialog, [this] { ++no; });
         dialog->open();

@@ -113,8 +113,9 @@ protected:
         }
         for (const PendingAction action : {PendingAction::install, PendingAction::update,
                                            PendingAction::uninstall, PendingAction::restore}) {
-            const auto dialog = std::make_unique<ConfirmDialog>(
-                services.cards.all().front()->confirmation(action), Words(Wording::linuxDesktop), nullptr);
+            const auto dialog =
+                std::make_unique<ConfirmDialog>(services.cards.all().front()->confirmation(action),
+                                                Words(Wording::linuxDesktop, "en"), nullptr);
             look("question " + std::to_string(static_cast<int>(action)), *dialog);
         }
     }

@@ -120,8 +120,9 @@ void takeAll(const Camera& camera)
         camera.take(*window, QStringLiteral("settings-") + qString(rawName(pane)));
     }
     const auto question = [&](std::size_t agent, PendingAction action, const QString& name) {
-        const auto dialog = std::make_unique<ConfirmDialog>(
-            fakes.services.cards.all()[agent]->confirmation(action), Words(Wording::linuxDesktop), nullptr);
+        const auto dialog =
+            std::make_unique<ConfirmDialog>(fakes.services.cards.all()[agent]->confirmation(action),
+                                            Words(Wording::linuxDesktop, "en"), nullptr);
         if (auto* fold = dialog->findChild<FoldButton*>()) fold->click();
         camera.take(*dialog, name);
     };

@@ -19,9 +19,9 @@ std::optional<std::string> xDisplay()
 
 }
 
-Application::Application(const QDBusConnection& bus, FreedesktopApplication& seat,
+Application::Application(const QDBusConnection& bus, FreedesktopApplication& seat, const Words& words,
                          const Installation& installation)
-    : locale_(IcuUserLocale::Names::fromEnvironment()),
+    : locale_({.words = words.language(), .time = IcuUserLocale::timeOfEnvironment()}),
       resources_({installation.programs}),
       center_(bus, timers_, tokens_),
       sounds_(installation.sounds),
@@ -34,6 +34,7 @@ Application::Application(const QDBusConnection& bus, FreedesktopApplication& sea
                  .timers = timers_,
                  .random = random_,
                  .locale = locale_,
+                 .translator = words,
                  .folders = folders_,
                  .resources = resources_,
                  .sounds = sounds_,
@@ -55,7 +56,7 @@ Application::Application(const QDBusConnection& bus, FreedesktopApplication& sea
                   .workspace = workspace_,
                   .locale = locale_,
                   .clock = clock_,
-                  .words = Words(Wording::linuxDesktop),
+                  .words = words,
                   .version = CHIMEWELL_VERSION,
                   .addresses = {.website = CHIMEWELL_WEBSITE,
                                 .support = CHIMEWELL_SUPPORT_PAGE,

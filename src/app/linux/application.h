@@ -43,8 +43,10 @@ public:
         std::filesystem::path programs; ///< Those that only other programs start.
     };
 
-    /// `seat` is claimed. The Qt application exists and its event loop does not run yet.
-    Application(const QDBusConnection& bus, FreedesktopApplication& seat, const Installation& installation);
+    /// `seat` is claimed; `words` outlive the application. The Qt application exists and its event loop does
+    /// not run yet.
+    Application(const QDBusConnection& bus, FreedesktopApplication& seat, const Words& words,
+                const Installation& installation);
 
 private Q_SLOTS:
     void endWithSession();

@@ -3,6 +3,7 @@
 #include "platform/linux/freedesktop_application.h"
 #include "platform/linux/running_instance.h"
 #include "ui/translation.h"
+#include "ui/words.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -42,7 +43,7 @@ int run(int& argc, char** argv)
     survive(SIGPIPE);
     survive(SIGXFSZ);
     QApplication qt(argc, argv);
-    installTranslation(qt, QLocale::system().uiLanguages());
+    const Words words(Wording::linuxDesktop, installTranslation(qt, QLocale::system().uiLanguages()));
     QCoreApplication::setApplicationName(QStringLiteral("chimewell"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Chimewell"));
     QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("app.chimewell.Chimewell")));
@@ -57,7 +58,7 @@ int run(int& argc, char** argv)
         return 1;
     }
     const std::filesystem::path here = QCoreApplication::applicationDirPath().toStdString();
-    const Application application(bus, seat,
+    const Application application(bus, seat, words,
                                   {.program = QCoreApplication::applicationFilePath().toStdString(),
                                    .sounds = here / CHIMEWELL_SOUNDS_FOLDER,
                                    .programs = here / CHIMEWELL_PROGRAMS_FOLDER});

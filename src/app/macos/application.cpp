@@ -3,9 +3,9 @@
 
 #include "platform/macos/system_symbols.h"
 #include "presentation/panel_model.h"
-#include "presentation/texts.h"
 #include "settings/application_folder.h"
 #include "ui/look/symbol.h"
+#include "values/texts.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -37,12 +37,14 @@ QRect onScreen(const ScreenRectangle& area)
 
 }
 
-Application::Application()
-    : services_({.files = files_,
+Application::Application(const Words& words)
+    : words_(words),
+      services_({.files = files_,
                  .clock = clock_,
                  .timers = timers_,
                  .random = random_,
                  .locale = locale_,
+                 .translator = words,
                  .folders = folders_,
                  .resources = resources_,
                  .sounds = sounds_,
@@ -64,7 +66,7 @@ Application::Application()
                   .workspace = workspace_,
                   .locale = locale_,
                   .clock = clock_,
-                  .words = Words(Wording::macOS),
+                  .words = words,
                   .version = CHIMEWELL_VERSION,
                   .addresses = {.website = CHIMEWELL_WEBSITE,
                                 .support = CHIMEWELL_SUPPORT_PAGE,
@@ -104,11 +106,10 @@ bool Application::eventFilter(QObject* watched, QEvent* event)
 void Application::showIcon()
 {
     const AppSettings& settings = services_.store.settings();
-    const Words words(Wording::macOS);
-    const QString label =
-        words(texts::panelName) + QStringLiteral(" — ") + words(panelHeader(settings).status);
-    icon_.setSymbol(std::string(menuBarIcon(settings)), label.toStdString());
-    icon_.setToolTip(label.toStdString());
+    const std::string label =
+        words_.translate({texts::titleAndDetail, {texts::panelName, panelHeader(settings).status}});
+    icon_.setSymbol(std::string(menuBarIcon(settings)), label);
+    icon_.setToolTip(label);
 }
 
 void Application::openByHand()

@@ -35,7 +35,8 @@ class Application final : public QObject {
     Q_OBJECT
 public:
     /// The Qt application exists and its event loop does not run yet.
-    Application();
+    /// `words` outlive the application.
+    explicit Application(const Words& words);
 
 protected:
     /// Looks at what comes to the Qt application.
@@ -44,6 +45,8 @@ protected:
 private:
     void showIcon();
     void openByHand();
+
+    const Words& words_;
 
     // The order of the members is the order of the start.
     FoundationUserFolders folders_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/macos/application.h"
 #include "ui/translation.h"
+#include "ui/words.h"
 
 #include <QApplication>
 #include <QLocale>
@@ -11,10 +12,10 @@ int main(int argc, char** argv)
     // Otherwise Qt takes the keyboard from whoever types when an agent's event starts us.
     qputenv("QT_MAC_DISABLE_FOREGROUND_APPLICATION_TRANSFORM", "1");
     QApplication qt(argc, argv);
-    installTranslation(qt, QLocale::system().uiLanguages());
+    const Words words(Wording::macOS, installTranslation(qt, QLocale::system().uiLanguages()));
     QCoreApplication::setApplicationName(QStringLiteral("chimewell"));
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Chimewell"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
-    const Application application;
+    const Application application(words);
     return QApplication::exec();
 }

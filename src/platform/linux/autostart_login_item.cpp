@@ -61,7 +61,7 @@ bool AutostartLoginItem::isEnabled() const
     return false;
 }
 
-std::expected<void, std::string> AutostartLoginItem::registerItem()
+std::expected<void, Phrase> AutostartLoginItem::registerItem()
 {
     return write("Icon=app.chimewell.Chimewell\n"
                  "Exec=" +
@@ -75,7 +75,7 @@ std::expected<void, std::string> AutostartLoginItem::registerItem()
                  "X-GNOME-Autostart-enabled=true\n");
 }
 
-std::expected<void, std::string> AutostartLoginItem::unregisterItem()
+std::expected<void, Phrase> AutostartLoginItem::unregisterItem()
 {
     if (systemHasOne()) return write("Hidden=true\n");
     const auto removed = files_.remove(folders_.configFolders().front() / entryName);
@@ -90,7 +90,7 @@ bool AutostartLoginItem::systemHasOne() const
                        [&](const auto& folder) { return files_.kind(folder / entryName).has_value(); });
 }
 
-std::expected<void, std::string> AutostartLoginItem::write(const std::string& lines)
+std::expected<void, Phrase> AutostartLoginItem::write(const std::string& lines)
 {
     const std::filesystem::path file = folders_.configFolders().front() / entryName;
     if (const auto made = files_.createFolders(file.parent_path()); !made)

@@ -23,13 +23,13 @@ public:
 
     /// Looks at the files each time: the user and the desktop's own settings change them too.
     bool isEnabled() const override;
-    std::expected<void, std::string> registerItem() override;
+    std::expected<void, Phrase> registerItem() override;
     /// Removes the file, or where the system would then start its own entry, says in it not to.
-    std::expected<void, std::string> unregisterItem() override;
+    std::expected<void, Phrase> unregisterItem() override;
 
 private:
     bool systemHasOne() const;
-    std::expected<void, std::string> write(const std::string& lines);
+    std::expected<void, Phrase> write(const std::string& lines);
 
     const XdgUserFolders& folders_;
     Files& files_;

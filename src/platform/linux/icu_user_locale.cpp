@@ -73,8 +73,8 @@ std::string inWords(Date::duration difference, const icu::RelativeDateTimeFormat
 
 struct IcuUserLocale::Formatters {
     explicit Formatters(const Names& names)
-        : relative(locale(names.messages, icu::Locale::getEnglish()), error),
-          shortRelative(locale(names.messages, icu::Locale::getEnglish()), nullptr, UDAT_STYLE_SHORT,
+        : relative(locale(names.words, icu::Locale::getEnglish()), error),
+          shortRelative(locale(names.words, icu::Locale::getEnglish()), nullptr, UDAT_STYLE_SHORT,
                         UDISPCTX_CAPITALIZATION_NONE, error),
           time(icu::DateFormat::createTimeInstance(icu::DateFormat::kShort,
                                                    locale(names.time, icu::Locale::getRoot())))
@@ -88,19 +88,14 @@ struct IcuUserLocale::Formatters {
     std::unique_ptr<icu::DateFormat> time;
 };
 
-IcuUserLocale::Names IcuUserLocale::Names::fromEnvironment()
+std::string IcuUserLocale::timeOfEnvironment()
 {
-    return {.messages = category("LC_MESSAGES"), .time = category("LC_TIME")};
+    return category("LC_TIME");
 }
 
 IcuUserLocale::IcuUserLocale(Names names) : names_(std::move(names)) {}
 
 IcuUserLocale::~IcuUserLocale() = default;
-
-std::string IcuUserLocale::languageCode() const
-{
-    return locale(names_.messages, icu::Locale::getEnglish()).getLanguage();
-}
 
 std::string IcuUserLocale::shortTime(Date date) const
 {

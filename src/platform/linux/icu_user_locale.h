@@ -8,22 +8,21 @@
 
 namespace chimewell {
 
-/// The user's language and habits from the POSIX locale, in the words of ICU.
+/// Times in the language of the interface and by the habits of the POSIX locale, in the words of ICU.
 class IcuUserLocale final : public UserLocale {
 public:
-    /// POSIX names, for example "de_DE.UTF-8". "C", "POSIX" and no name mean English words and times
-    /// like 14:05.
+    /// Each a BCP 47 tag or a POSIX name, for example "de-AT" or "de_DE.UTF-8". "C", "POSIX" and no name mean
+    /// English words and times like 14:05.
     struct Names {
-        std::string messages;
+        std::string words;
         std::string time;
-        /// What the environment says: LC_ALL, else the category, else LANG.
-        static Names fromEnvironment();
     };
+    /// The name for times in the environment: LC_ALL, else LC_TIME, else LANG.
+    static std::string timeOfEnvironment();
 
     explicit IcuUserLocale(Names names);
     ~IcuUserLocale() override;
 
-    std::string languageCode() const override;
     /// In the time zone that the system has at the moment of the call.
     std::string shortTime(Date date) const override;
     std::string relativeTime(Date date, Date now) const override;

@@ -13,7 +13,6 @@ public:
     FoundationUserLocale();
     ~FoundationUserLocale() override;
 
-    std::string languageCode() const override;
     std::string shortTime(Date date) const override;
     std::string relativeTime(Date date, Date now) const override;
     std::string shortRelativeTime(Date date, Date now) const override;

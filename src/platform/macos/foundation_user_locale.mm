@@ -43,11 +43,6 @@ FoundationUserLocale::FoundationUserLocale() : formatters_(std::make_unique<Form
 
 FoundationUserLocale::~FoundationUserLocale() = default;
 
-std::string FoundationUserLocale::languageCode() const
-{
-    return utf8(NSLocale.currentLocale.languageCode);
-}
-
 std::string FoundationUserLocale::shortTime(Date date) const
 {
     return utf8([formatters_->time stringFromDate:foundationDate(date)]);

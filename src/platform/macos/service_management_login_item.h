@@ -9,8 +9,8 @@ namespace chimewell {
 class ServiceManagementLoginItem final : public LoginItem {
 public:
     bool isEnabled() const override;
-    std::expected<void, std::string> registerItem() override;
-    std::expected<void, std::string> unregisterItem() override;
+    std::expected<void, Phrase> registerItem() override;
+    std::expected<void, Phrase> unregisterItem() override;
 };
 
 }

@@ -12,14 +12,14 @@ bool ServiceManagementLoginItem::isEnabled() const
     return SMAppService.mainAppService.status == SMAppServiceStatusEnabled;
 }
 
-std::expected<void, std::string> ServiceManagementLoginItem::registerItem()
+std::expected<void, Phrase> ServiceManagementLoginItem::registerItem()
 {
     NSError* error = nil;
     if ([SMAppService.mainAppService registerAndReturnError:&error]) return {};
     return std::unexpected(utf8(error.localizedDescription));
 }
 
-std::expected<void, std::string> ServiceManagementLoginItem::unregisterItem()
+std::expected<void, Phrase> ServiceManagementLoginItem::unregisterItem()
 {
     NSError* error = nil;
     if ([SMAppService.mainAppService unregisterAndReturnError:&error]) return {};

@@ -5,6 +5,7 @@
 #include "platform/posix/file_calls.h"
 #include "platform/posix/file_descriptor.h"
 #include "platform/posix/temporary_file.h"
+#include "values/texts.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -33,7 +34,7 @@ std::unexpected<FileError> failure(int error)
 std::unexpected<FileError> notRegular(mode_t mode)
 {
     if (S_ISDIR(mode)) return failure(EISDIR);
-    return std::unexpected(FileError{.missing = false, .description = "Not a regular file"});
+    return std::unexpected(FileError{.missing = false, .description = texts::notARegularFile});
 }
 
 /// Open for reading and proven to be a regular file. Never waits: a pipe without a writer opens too.
@@ -166,8 +167,7 @@ std::unexpected<ExchangeError> failed(int error)
 
 std::unexpected<ExchangeError> changed()
 {
-    return std::unexpected(
-        ExchangeError{.changed = true, .description = "The file was changed by another program"});
+    return std::unexpected(ExchangeError{.changed = true, .description = texts::changedByAnother});
 }
 
 /// Whether a file of exactly that content stands at `name`.
@@ -203,8 +203,7 @@ std::expected<void, ExchangeError> swapBack(Replacement& with, std::string_view 
     }
     const std::string kept = temporary.name();
     temporary.keep();
-    return std::unexpected(ExchangeError{
-        .changed = false, .description = "The file was changed by another program, and is kept as " + kept});
+    return std::unexpected(ExchangeError{.changed = false, .description = {texts::changedAndKept, {kept}}});
 }
 
 std::expected<void, ExchangeError> exchangeKnown(Replacement& with, std::string_view expected,

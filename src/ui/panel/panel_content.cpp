@@ -3,7 +3,6 @@
 
 #include "presentation/event_looks.h"
 #include "presentation/panel_model.h"
-#include "presentation/texts.h"
 #include "ui/controls/card.h"
 #include "ui/controls/fitting_scroll_area.h"
 #include "ui/controls/icon_button.h"
@@ -16,6 +15,7 @@
 #include "ui/panel/quick_row.h"
 #include "ui/panel/recent_panel_row.h"
 #include "ui/panel/status_dot.h"
+#include "values/texts.h"
 
 #include <QGridLayout>
 #include <QPainter>
@@ -173,7 +173,7 @@ QWidget* PanelContent::makeQuickControls()
             [this](bool muted) { services_.actions.setMuted(muted); });
     card->addRow(mute_, 36);
     for (const CanonicalEvent event : quickEvents) {
-        const QString name = Words::ofCore(displayName(event));
+        const QString name = services_.words(displayName(event));
         auto* row = new QuickRow(name);
         row->setSymbol(iconName(event), Tone::secondary);
         auto* preview =
@@ -221,7 +221,7 @@ void PanelContent::showSettings()
     finishSetup_->setVisible(!header.isListening);
 
     const auto& error = services_.store.lastError();
-    if (error) warning_->setNote("exclamationmark.triangle", Tone::red, qString(*error));
+    if (error) warning_->setNote("exclamationmark.triangle", Tone::red, services_.words(*error));
     warningCard_->setVisible(error.has_value());
 
     mute_->toggle()->show(settings.globalMuted);

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "ui/panel/panel_window.h"
 
-#include "presentation/texts.h"
 #include "ui/controls/accessible_role.h"
 #include "ui/look/colours.h"
 #include "ui/look/metrics.h"
 #include "ui/look/paint.h"
 #include "ui/panel/panel_content.h"
+#include "values/texts.h"
 
 #include <QApplication>
 #include <QKeyEvent>

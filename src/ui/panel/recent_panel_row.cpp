@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "ui/panel/recent_panel_row.h"
 
-#include "presentation/texts.h"
 #include "ui/controls/elided_label.h"
 #include "ui/controls/icon_button.h"
 #include "ui/controls/symbol_label.h"
 #include "ui/look/chimewell_style.h"
 #include "ui/look/colours.h"
 #include "ui/look/paint.h"
+#include "values/texts.h"
 
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -54,13 +54,14 @@ void RecentPanelRow::show(const RecentRow& row)
 {
     row_ = row;
     icon_->setSymbol(iconName(row.event), iconTone(row.event));
-    title_->setFullText(qString(row.title));
+    title_->setFullText(words_(row.title));
     time_->setText(qString(row.relativeTime));
     time_->setToolTip(qString(row.timeText));
-    message_->setFullText(qString(row.message));
+    message_->setFullText(words_(row.message));
     open_->setAccessibleName(words_({texts::openSessionOf, {row.title}}));
     open_->setVisible(row.hasSession());
-    setAccessibleName(qString(row.title + ". " + row.message + ". " + row.timeText));
+    setAccessibleName(words_(row.title) + QStringLiteral(". ") + words_(row.message) + QStringLiteral(". ") +
+                      qString(row.timeText));
 }
 
 void RecentPanelRow::paintEvent(QPaintEvent*)

@@ -2,11 +2,11 @@
 #include "ui/settings/alert_strip.h"
 
 #include "presentation/event_looks.h"
-#include "presentation/texts.h"
 #include "ui/controls/flow_layout.h"
 #include "ui/controls/text_label.h"
 #include "ui/look/symbol_icon.h"
 #include "ui/sound_picker.h"
+#include "values/texts.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -53,7 +53,7 @@ QWidget* AlertStrip::makeSound()
 {
     auto* label = new TextLabel(TextStyle::body);
     label->setText(editor_.words()(texts::sound));
-    sound_ = new SoundPicker(editor_.named(texts::soundOf));
+    sound_ = new SoundPicker(editor_.words(), editor_.named(texts::soundOf));
     sound_->setMinimumWidth(scaled(pickerWidth));
     connect(sound_, &SoundPicker::soundChosen, this, [this](const std::string& id) {
         editor_.change([&](EventSetting& setting) { setting.soundId = id; });

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "ui/settings/diagnostics_section.h"
 
-#include "presentation/texts.h"
 #include "ui/controls/card.h"
 #include "ui/controls/edges.h"
 #include "ui/controls/flow_layout.h"
 #include "ui/controls/note.h"
 #include "ui/settings/row_layout.h"
+#include "values/texts.h"
 
 #include <QPushButton>
 #include <QVBoxLayout>

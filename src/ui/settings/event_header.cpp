@@ -2,11 +2,11 @@
 #include "ui/settings/event_header.h"
 
 #include "presentation/event_looks.h"
-#include "presentation/texts.h"
 #include "ui/controls/edges.h"
 #include "ui/controls/icon_button.h"
 #include "ui/controls/switch_button.h"
 #include "ui/controls/text_label.h"
+#include "values/texts.h"
 
 #include <QHBoxLayout>
 #include <QMouseEvent>
@@ -28,10 +28,10 @@ EventHeader::EventHeader(const EventSettingEditor& editor, QWidget* parent)
       switch_(new SwitchButton(editor.named(texts::enabledOf)))
 {
     auto* name = new TextLabel(TextStyle::bodyMedium);
-    name->setText(Words::ofCore(displayName(editor.event())));
+    name->setText(editor.words()(displayName(editor.event())));
     name->setWrapping(true);
     auto* line = new TextLabel(TextStyle::subheadline, Ink::secondary);
-    line->setText(Words::ofCore(description(editor.event())));
+    line->setText(editor.words()(description(editor.event())));
     line->setWrapping(true);
     enabled_->setText(editor.words()(texts::enabled));
     arrow_->setCheckable(true);

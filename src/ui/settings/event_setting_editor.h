@@ -31,10 +31,7 @@ public:
     CanonicalEvent event() const { return event_; }
     const Words& words() const { return services_.words; }
     /// The event's own name in `text`, for those who hear a control and do not see its row.
-    QString named(Text text) const
-    {
-        return words()({text, {Words::ofCore(displayName(event_)).toStdString()}});
-    }
+    QString named(Text text) const { return words()({text, {displayName(event_)}}); }
 
 private:
     const InterfaceServices& services_;

@@ -2,12 +2,12 @@
 #include "ui/settings/events_pane.h"
 
 #include "presentation/event_looks.h"
-#include "presentation/texts.h"
 #include "ui/controls/card.h"
 #include "ui/controls/edges.h"
 #include "ui/settings/event_row.h"
 #include "ui/settings/reminders_section.h"
 #include "ui/settings/voice_list.h"
+#include "values/texts.h"
 
 namespace chimewell {
 

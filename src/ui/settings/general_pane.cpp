@@ -2,7 +2,6 @@
 #include "ui/settings/general_pane.h"
 
 #include "presentation/permission.h"
-#include "presentation/texts.h"
 #include "ui/controls/card.h"
 #include "ui/controls/edges.h"
 #include "ui/controls/link_button.h"
@@ -14,6 +13,7 @@
 #include "ui/settings/row_layout.h"
 #include "ui/settings/setting_row.h"
 #include "ui/settings/switch_row.h"
+#include "values/texts.h"
 
 #include <QDesktopServices>
 #include <QHBoxLayout>
@@ -68,8 +68,10 @@ void GeneralPane::addNotifications()
     connect(mute_->control(), &QAbstractButton::toggled, this,
             [this](bool isMuted) { services_.actions.setMuted(isMuted); });
     launch_ = new SwitchRow(words(texts::launchAtLogin));
-    connect(launch_->control(), &QAbstractButton::toggled, this,
-            [this](bool isWanted) { launch_->showError(services_.actions.setLaunchAtLogin(isWanted)); });
+    connect(launch_->control(), &QAbstractButton::toggled, this, [this](bool isWanted) {
+        const auto failure = services_.actions.setLaunchAtLogin(isWanted);
+        launch_->showError(failure ? services_.words(*failure) : QString());
+    });
     permission_ = new TextLabel(TextStyle::body, Ink::secondary);
     addHeading(words(texts::notifications));
     Card* card = addCard();

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/settings/provider_card_view.h"
 
-#include "presentation/texts.h"
 #include "ui/confirm_dialog.h"
 #include "ui/controls/accessible_role.h"
 #include "ui/controls/capsule_label.h"
@@ -12,6 +11,7 @@
 #include "ui/controls/note.h"
 #include "ui/controls/text_label.h"
 #include "ui/look/chimewell_style.h"
+#include "values/texts.h"
 
 #include <QAccessible>
 #include <QHBoxLayout>
@@ -170,7 +170,7 @@ void ProviderCardView::showNotes()
     else
         info_->hide();
     if (const auto error = card_.errorMessage())
-        showNote(*error_, "exclamationmark.triangle", Tone::red, qString(*error));
+        showNote(*error_, "exclamationmark.triangle", Tone::red, services_.words(*error));
     else
         error_->hide();
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/settings/providers_pane.h"
 
-#include "presentation/texts.h"
 #include "ui/settings/provider_card_view.h"
+#include "values/texts.h"
 
 #include <QMoveEvent>
 #include <QScrollArea>

@@ -2,13 +2,13 @@
 #include "ui/settings/recent_pane.h"
 
 #include "presentation/panel_model.h"
-#include "presentation/texts.h"
 #include "ui/controls/card.h"
 #include "ui/controls/edges.h"
 #include "ui/controls/link_button.h"
 #include "ui/controls/symbol_label.h"
 #include "ui/controls/text_label.h"
 #include "ui/settings/recent_row_view.h"
+#include "values/texts.h"
 
 #include <QKeyEvent>
 #include <QVBoxLayout>

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/settings/recent_row_view.h"
 
-#include "presentation/texts.h"
 #include "ui/controls/accessible_role.h"
 #include "ui/controls/edges.h"
 #include "ui/controls/symbol_label.h"
@@ -10,6 +9,7 @@
 #include "ui/look/paint.h"
 #include "ui/look/symbol_icon.h"
 #include "ui/settings/row_layout.h"
+#include "values/texts.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -74,12 +74,14 @@ QWidget* RecentRowView::follow(QWidget* previous)
 void RecentRowView::show(const RecentRow& row)
 {
     icon_->setSymbol(iconName(row.event), iconTone(row.event));
-    title_->setText(qString(row.title));
-    message_->setText(qString(row.message));
+    title_->setText(words_(row.title));
+    message_->setText(words_(row.message));
     time_->setText(qString(row.timeText));
-    setAccessibleName(qString(row.title + ", " + row.message + ", " + row.timeText));
+    setAccessibleName(words_(row.title) + QStringLiteral(", ") + words_(row.message) + QStringLiteral(", ") +
+                      qString(row.timeText));
     open_->setVisible(row.hasSession());
-    open_->setAccessibleName(words_({texts::openSessionOf, {row.title + ", " + row.timeText}}));
+    open_->setAccessibleName(
+        words_({texts::openSessionOf, {Phrase(texts::rowAtTime, {row.title, row.timeText})}}));
 }
 
 void RecentRowView::paintEvent(QPaintEvent*)

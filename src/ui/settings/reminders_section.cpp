@@ -2,7 +2,6 @@
 #include "ui/settings/reminders_section.h"
 
 #include "presentation/reminder_choices.h"
-#include "presentation/texts.h"
 #include "ui/controls/card.h"
 #include "ui/controls/edges.h"
 #include "ui/controls/picker.h"
@@ -11,6 +10,7 @@
 #include "ui/controls/text_label.h"
 #include "ui/settings/setting_row.h"
 #include "ui/settings/switch_row.h"
+#include "values/texts.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/settings/settings_window.h"
 
-#include "presentation/texts.h"
 #include "ui/controls/accessible_role.h"
 #include "ui/controls/card.h"
 #include "ui/controls/edges.h"
@@ -11,6 +10,7 @@
 #include "ui/settings/providers_pane.h"
 #include "ui/settings/recent_pane.h"
 #include "ui/settings/sidebar.h"
+#include "values/texts.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -96,7 +96,7 @@ void SettingsWindow::showError()
 {
     const auto& error = services_.store.lastError();
     error_->setVisible(error.has_value());
-    if (error) errorNote_->setNote("exclamationmark.triangle", Tone::red, qString(*error));
+    if (error) errorNote_->setNote("exclamationmark.triangle", Tone::red, services_.words(*error));
 }
 
 QWidget* SettingsWindow::makePane(Pane pane)

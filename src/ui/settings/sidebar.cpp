@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/settings/sidebar.h"
 
-#include "presentation/texts.h"
 #include "ui/look/colours.h"
 #include "ui/look/metrics.h"
 #include "ui/settings/sidebar_delegate.h"
+#include "values/texts.h"
 
 #include <QListWidget>
 #include <QPainter>

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/settings/spoken_options.h"
 
-#include "presentation/texts.h"
 #include "presentation/voice_choices.h"
 #include "ui/controls/edges.h"
 #include "ui/controls/field.h"
@@ -10,6 +9,7 @@
 #include "ui/controls/text_label.h"
 #include "ui/settings/row_layout.h"
 #include "ui/settings/voice_list.h"
+#include "values/texts.h"
 
 #include <QAbstractItemView>
 #include <QGridLayout>
@@ -43,7 +43,7 @@ SpokenOptions::SpokenOptions(const EventSettingEditor& editor, VoiceList& voices
 QWidget* SpokenOptions::makePhrase()
 {
     phrase_ = new Field(editor_.named(texts::phraseOf));
-    phrase_->setPlaceholderText(qString(defaultSpokenPhrase(editor_.event())));
+    phrase_->setPlaceholderText(editor_.words()(defaultSpokenPhrase(editor_.event())));
     phrase_->setAccessibleDescription(editor_.words()(texts::phraseHelp));
     connect(phrase_, &QLineEdit::editingFinished, this, [this] {
         const std::string phrase = phrase_->text().toStdString();

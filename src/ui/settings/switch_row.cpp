@@ -44,10 +44,10 @@ SwitchRow::SwitchRow(const QString& label, const QString& caption, QWidget* pare
     layout->addWidget(error_);
 }
 
-void SwitchRow::showError(const std::optional<std::string>& message)
+void SwitchRow::showError(const QString& message)
 {
-    error_->setVisible(message.has_value());
-    if (message) error_->setNote("exclamationmark.triangle", Tone::red, qString(*message));
+    error_->setVisible(!message.isEmpty());
+    error_->setNote("exclamationmark.triangle", Tone::red, message);
 }
 
 void SwitchRow::mouseReleaseEvent(QMouseEvent* event)

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QString>
 #include <QWidget>
-
-#include <optional>
-#include <string>
 
 namespace chimewell {
 
@@ -19,7 +17,7 @@ public:
     explicit SwitchRow(const QString& label, const QString& caption = {}, QWidget* parent = nullptr);
 
     SwitchButton* control() const { return switch_; }
-    void showError(const std::optional<std::string>& message);
+    void showError(const QString& message);
 
 protected:
     void mouseReleaseEvent(QMouseEvent* event) override;

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/walkthrough/flow_diagram.h"
 
-#include "presentation/texts.h"
 #include "ui/controls/card.h"
 #include "ui/controls/symbol_label.h"
 #include "ui/controls/text_label.h"
+#include "values/texts.h"
 
 #include <QGridLayout>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/walkthrough/launch_at_login_row.h"
 
-#include "presentation/texts.h"
 #include "ui/controls/edges.h"
 #include "ui/controls/note.h"
 #include "ui/controls/switch_button.h"
+#include "values/texts.h"
 
 #include <QGridLayout>
 #include <QMouseEvent>
@@ -51,7 +51,7 @@ void LaunchAtLoginRow::showSetting()
 void LaunchAtLoginRow::set(bool wanted)
 {
     const auto failure = services_.actions.setLaunchAtLogin(wanted);
-    if (failure) error_->setNote("exclamationmark.triangle", Tone::red, qString(*failure));
+    if (failure) error_->setNote("exclamationmark.triangle", Tone::red, services_.words(*failure));
     error_->setVisible(failure.has_value());
 }
 

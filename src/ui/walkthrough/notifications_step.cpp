@@ -2,10 +2,10 @@
 #include "ui/walkthrough/notifications_step.h"
 
 #include "presentation/permission.h"
-#include "presentation/texts.h"
 #include "ui/controls/card.h"
 #include "ui/controls/note.h"
 #include "ui/look/metrics.h"
+#include "values/texts.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "ui/walkthrough/provider_install_row.h"
 
-#include "presentation/texts.h"
 #include "ui/confirm_dialog.h"
 #include "ui/controls/capsule_label.h"
 #include "ui/controls/note.h"
 #include "ui/controls/text_label.h"
 #include "ui/look/metrics.h"
+#include "values/texts.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -63,7 +63,7 @@ void ProviderInstallRow::showCard()
     install_->setEnabled(card_.canInstall());
     install_->setVisible(card_.isAvailable());
 
-    const QString error = qString(card_.errorMessage().value_or(""));
+    const QString error = words_(card_.errorMessage().value_or(""));
     error_->setNote("exclamationmark.triangle", Tone::red, error);
     error_->setVisible(!error.isEmpty());
     install_->setAccessibleDescription(error); // heard when the keyboard comes back from the question

@@ -2,11 +2,11 @@
 #include "ui/walkthrough/sound_chooser_row.h"
 
 #include "presentation/event_looks.h"
-#include "presentation/texts.h"
 #include "ui/controls/flow_layout.h"
 #include "ui/controls/text_label.h"
 #include "ui/look/symbol_icon.h"
 #include "ui/sound_picker.h"
+#include "values/texts.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -21,7 +21,7 @@ SoundChooserRow::SoundChooserRow(const InterfaceServices& services, CanonicalEve
       event_(event),
       name_(new TextLabel(TextStyle::bodyMedium))
 {
-    name_->setText(Words::ofCore(displayName(event)));
+    name_->setText(services.words(displayName(event)));
     // The controls go below the name where both do not fit beside one another.
     auto* line = new FlowLayout(scaled(8), FlowLayout::Last::trails);
     line->addWidget(name_);
@@ -38,8 +38,8 @@ SoundChooserRow::SoundChooserRow(const InterfaceServices& services, CanonicalEve
 QWidget* SoundChooserRow::makeControls()
 {
     const Words& words = services_.words;
-    const std::string name = Words::ofCore(displayName(event_)).toStdString();
-    sound_ = new SoundPicker(words({texts::soundOf, {name}}));
+    const Text name = displayName(event_);
+    sound_ = new SoundPicker(words, words({texts::soundOf, {name}}));
     connect(sound_, &SoundPicker::soundChosen, this,
             [this](const std::string& id) { update([&](EventSetting& setting) { setting.soundId = id; }); });
 

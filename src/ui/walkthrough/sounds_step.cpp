@@ -2,12 +2,12 @@
 #include "ui/walkthrough/sounds_step.h"
 
 #include "presentation/event_looks.h"
-#include "presentation/texts.h"
 #include "ui/controls/card.h"
 #include "ui/controls/note.h"
 #include "ui/look/metrics.h"
 #include "ui/walkthrough/launch_at_login_row.h"
 #include "ui/walkthrough/sound_chooser_row.h"
+#include "values/texts.h"
 
 #include <QVBoxLayout>
 

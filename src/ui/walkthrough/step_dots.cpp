@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ui/walkthrough/step_dots.h"
 
-#include "presentation/texts.h"
 #include "ui/controls/accessible_role.h"
 #include "ui/look/colours.h"
 #include "ui/look/metrics.h"
 #include "ui/look/paint.h"
+#include "values/texts.h"
 
 #include <QPainter>
 

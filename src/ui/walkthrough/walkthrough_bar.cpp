@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "ui/walkthrough/walkthrough_bar.h"
 
-#include "presentation/texts.h"
 #include "ui/controls/mnemonics.h"
 #include "ui/look/chimewell_style.h"
 #include "ui/look/colours.h"
 #include "ui/look/metrics.h"
 #include "ui/walkthrough/step_dots.h"
+#include "values/texts.h"
 
 #include <QEvent>
 #include <QGridLayout>

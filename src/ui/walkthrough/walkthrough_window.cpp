@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/walkthrough/walkthrough_window.h"
 
-#include "presentation/texts.h"
 #include "ui/controls/accessible_role.h"
 #include "ui/controls/fitting_scroll_area.h"
 #include "ui/look/chimewell_style.h"
@@ -13,6 +12,7 @@
 #include "ui/walkthrough/step_page.h"
 #include "ui/walkthrough/walkthrough_bar.h"
 #include "ui/walkthrough/welcome_step.h"
+#include "values/texts.h"
 
 #include <QKeyEvent>
 #include <QPushButton>

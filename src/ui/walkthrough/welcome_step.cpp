@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/walkthrough/welcome_step.h"
 
-#include "presentation/texts.h"
 #include "ui/controls/balanced_label.h"
+#include "values/texts.h"
 
 #include <QVBoxLayout>
 

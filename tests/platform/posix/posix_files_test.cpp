@@ -70,7 +70,7 @@ TEST_F(PosixFilesTest, ReadsNothingButRegularFilesOfReasonableSizeAndNeverWaits)
         const auto content = files.read(path);
         ASSERT_FALSE(content) << path;
         EXPECT_EQ(content.error().missing, missing) << path;
-        EXPECT_FALSE(content.error().description.empty()) << path;
+        EXPECT_NE(content.error().description, Phrase()) << path;
     }
     EXPECT_TRUE(files.read(at / "limit"));
 }
@@ -148,7 +148,7 @@ TEST_F(PosixFilesTest, LeavesEverythingAsItWasWhenItCannotReplace)
           at / "gone/file", at / std::string(300, 'x'), fs::path()}) {
         const auto replaced = files.replace(path, "new");
         ASSERT_FALSE(replaced) << path;
-        EXPECT_FALSE(replaced.error().description.empty()) << path;
+        EXPECT_NE(replaced.error().description, Phrase()) << path;
         EXPECT_EQ(folder.names(), before) << path;
         EXPECT_TRUE(folder.names("folder").empty()) << path;
     }

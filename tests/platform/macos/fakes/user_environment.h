@@ -12,7 +12,6 @@ struct UserEnvironment {
     std::string home = "/Users/me";
     /// Absent: the system cannot tell.
     std::optional<std::string> applicationSupport = "/Users/me/Library/Application Support";
-    std::string languageCode = "de";
 
     std::optional<std::string> bundleIdentifier = "app.chimewell.Chimewell"; ///< Absent outside a bundle.
     std::map<std::string, std::string> resources; ///< Paths of the bundle's resources, by name.

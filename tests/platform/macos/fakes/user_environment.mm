@@ -36,11 +36,6 @@ NSString* NSHomeDirectory(void)
     return shared->locale;
 }
 
-- (NSString*)languageCode
-{
-    return text(shared->environment.languageCode);
-}
-
 @end
 
 @implementation NSTimeZone

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -36,6 +38,10 @@ public:
 
     constexpr const char* in(Wording wording) const { return wording == Wording::macOS ? macOS_ : linux_; }
     constexpr const char* many() const { return many_; } ///< Null for a text that counts nothing.
+    constexpr bool operator==(const Text& other) const
+    {
+        return std::string_view(macOS_) == other.macOS_ && std::string_view(linux_) == other.linux_;
+    }
 
 private:
     const char* macOS_;
@@ -43,20 +49,33 @@ private:
     const char* many_ = nullptr;
 };
 
-/// A text with what has to be put into it.
+/// What is shown or spoken, in no language yet: a text of ours with what has to be put into it, or something
+/// that is never translated because the user, an agent or the system wrote it.
 struct Phrase {
-    Phrase(Text words) : text(words) {} // NOLINT(google-explicit-constructor): most phrases are just a text
-    Phrase(Text words, std::vector<std::string> values) : text(words), arguments(std::move(values)) {}
+    Phrase() = default; ///< Says nothing.
+    // Most phrases are just a text or just a name. NOLINTBEGIN(google-explicit-constructor)
+    Phrase(Text words) : text(words) {}
+    Phrase(std::string verbatimText) : verbatim(std::move(verbatimText)) {}
+    Phrase(std::string_view verbatimText) : verbatim(verbatimText) {}
+    Phrase(const char* verbatimText) : verbatim(verbatimText) {}
+    // NOLINTEND(google-explicit-constructor)
+    Phrase(Text words, std::vector<Phrase> values) : text(words), arguments(std::move(values)) {}
     Phrase(Text words, std::int64_t number) : text(words), count(number) {}
 
-    Text text;
-    std::vector<std::string> arguments;
-    std::optional<std::int64_t> count;
+    std::optional<Text> text; ///< Absent: `verbatim` is the whole phrase.
+    std::string verbatim;
+    std::vector<Phrase> arguments;     ///< For `%1`, `%2`, …
+    std::optional<std::int64_t> count; ///< For `%n`.
+    bool operator==(const Phrase&) const = default;
 };
+
+/// The format of one text in a language; the count, where there is one, chooses its form.
+using TextFormat = std::function<std::string(const Text& text, std::optional<std::int64_t> count)>;
+
+/// The phrase with its texts said by `format`. What fills a place is not looked at again.
+std::string composed(const Phrase& phrase, const TextFormat& format);
 
 /// The phrase in English.
 std::string english(const Phrase& phrase, Wording wording = Wording::macOS);
-/// `format` with `%n` and `%1`, `%2`, … replaced; what the arguments hold is not looked at again.
-std::string filled(const std::string& format, const Phrase& phrase);
 
 }

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "presentation/text.h"
+#include "base/text.h"
 
-/// Every text of the interface. The names of events and sounds and what failed come from where they are
-/// defined.
+/// Every text that is shown or spoken. What is not among them is somebody else's: the user's, an agent's, the
+/// system's.
 namespace chimewell::texts {
 
 // Everywhere
@@ -18,6 +18,64 @@ inline constexpr auto playSample = Text("Play a sample alert");
 inline constexpr auto preview = Text("Preview");
 inline constexpr auto previewOf = Text("Preview the %1 alert");
 
+// Events: their names, what is spoken, what they mean
+inline constexpr auto finished = Text("Finished");
+inline constexpr auto finishedPhrase = Text("The agent has finished");
+inline constexpr auto finishedBody = Text("The agent finished responding and is idle.");
+inline constexpr auto waitingInput = Text("Waiting for input");
+inline constexpr auto waitingInputPhrase = Text("The agent is waiting for your input");
+inline constexpr auto waitingInputBody =
+    Text("The agent is waiting for your input or a permission decision.");
+inline constexpr auto subagentFinished = Text("Subagent finished");
+inline constexpr auto subagentFinishedPhrase = Text("A subagent finished");
+inline constexpr auto subagentFinishedBody = Text("A subagent completed its task.");
+inline constexpr auto error = Text("Error");
+inline constexpr auto errorPhrase = Text("The agent reported an error");
+inline constexpr auto errorBody = Text("The agent reported an error.");
+inline constexpr auto toolUse = Text("Tool use");
+inline constexpr auto toolUsePhrase = Text("The agent is using a tool");
+inline constexpr auto toolUseBody = Text("The agent is about to use a tool.");
+inline constexpr auto longRunningStart = Text("Long-running task started");
+inline constexpr auto longRunningStartPhrase = Text("A long task has started");
+inline constexpr auto longRunningStartBody = Text("A long-running task has begun.");
+inline constexpr auto sessionStart = Text("Session started");
+inline constexpr auto sessionStartPhrase = Text("A new session started");
+inline constexpr auto sessionStartBody = Text("A new agent session started.");
+inline constexpr auto userActed = Text("User responded");
+inline constexpr auto userActedBody = Text("You responded to the agent.");
+
+// Alerts: an event and its project (Chimewell and its state too), the same again, the same in the list of
+// recent alerts
+inline constexpr auto titleAndDetail = Text("%1 — %2");
+inline constexpr auto stillWaiting = Text("Still waiting — %1");
+inline constexpr auto reminderTitle = Text("%1 (reminder)");
+inline constexpr auto bannerTest = Text("Banners are working. This is a test.");
+inline constexpr auto silent = Text("Silent");
+
+// What failed; the last argument is the system's own sentence
+inline constexpr auto couldNotRead = Text("Could not read %1: %2");
+inline constexpr auto couldNotWrite = Text("Could not write %1: %2");
+inline constexpr auto couldNotBackUp = Text("Could not create backup: %1");
+inline constexpr auto couldNotRestore = Text("Could not restore from backup: %1");
+inline constexpr auto couldNotSerialize = Text("Could not serialize settings.");
+inline constexpr auto couldNotEncodeToml = Text("Could not encode config.toml.");
+inline constexpr auto notJson =
+    Text("The existing settings file at %1 is not valid JSON. Refusing to modify it to avoid data loss. "
+         "Please fix or remove it, then try again.");
+inline constexpr auto helperMissing =
+    Text("The bundled chimewell-hook helper could not be found inside the app bundle.")
+        .onLinux("The chimewell-hook helper could not be found. Please install Chimewell again.");
+inline constexpr auto noBackup = Text("No Chimewell backup was found to restore from.");
+inline constexpr auto notifyIsTaken =
+    Text("Codex supports only a single `notify` program, and ~/.codex/config.toml already has one "
+         "configured. Remove it (or chain Chimewell into it) first, then install again.");
+inline constexpr auto couldNotSave = Text("Failed to save settings: %1");
+inline constexpr auto couldNotLaunchAtLogin = Text("Launch at login could not be changed: %1");
+inline constexpr auto notUtf8 = Text("The file is not valid UTF-8.");
+inline constexpr auto notARegularFile = Text("Not a regular file");
+inline constexpr auto changedByAnother = Text("The file was changed by another program");
+inline constexpr auto changedAndKept = Text("The file was changed by another program, and is kept as %1");
+
 // What a row's control is called for those who do not see the row
 inline constexpr auto soundOf = Text("Sound for %1");
 inline constexpr auto enabledOf = Text("Enable %1");
@@ -28,6 +86,7 @@ inline constexpr auto voiceOf = Text("Voice for %1");
 inline constexpr auto readAloudOf = Text("Read aloud for %1");
 inline constexpr auto optionsOf = Text("Options for %1");
 inline constexpr auto openSessionOf = Text("Open the agent's session: %1");
+inline constexpr auto rowAtTime = Text("%1, %2");
 inline constexpr auto installOf = Text("Install %1");
 inline constexpr auto installedOf = Text("Installed: %1");
 inline constexpr auto updateOf = Text("Update %1 hooks");
@@ -102,7 +161,6 @@ inline constexpr auto providersIntro =
     Text("Install hooks so your agent tells Chimewell when its state changes.");
 inline constexpr auto notInstalled = Text("Not installed");
 inline constexpr auto updateAvailable = Text("Update available");
-inline constexpr auto error = Text("Error");
 inline constexpr auto comingSoon = Text("Coming soon");
 inline constexpr auto comingSoonLine = Text("This provider is coming soon.");
 inline constexpr auto codexNote = Text(
