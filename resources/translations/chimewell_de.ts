@@ -29,7 +29,7 @@
     </message>
     <message>
         <source>Open Notification Settings</source>
-        <translation>Desktop-Einstellungen öffnen</translation>
+        <translation>Benachrichtigungseinstellungen öffnen</translation>
     </message>
     <message>
         <source>Play a sample alert</source>
@@ -145,7 +145,7 @@
     </message>
     <message>
         <source>Open Settings…</source>
-        <translation>Einstellungen öffnen&#xa0;…</translation>
+        <translation>Einstellungen öffnen …</translation>
     </message>
     <message>
         <source>Open Chimewell</source>
@@ -253,7 +253,7 @@
     </message>
     <message>
         <source>Custom…</source>
-        <translation>Eigener Wert&#xa0;…</translation>
+        <translation>Eigener Wert …</translation>
     </message>
     <message>
         <source>30 seconds</source>
@@ -495,7 +495,7 @@
     </message>
     <message>
         <source>Show setup walkthrough…</source>
-        <translation>Geführte Einrichtung anzeigen&#xa0;…</translation>
+        <translation>Geführte Einrichtung anzeigen …</translation>
     </message>
     <message>
         <source>Replay the guided setup — allow notifications, connect Claude Code, and pick your sounds. You can skip any step.</source>
@@ -675,183 +675,183 @@
     </message>
     <message>
         <source>Finished</source>
-        <translation type="unfinished">Fertig</translation>
+        <translation>Fertig</translation>
     </message>
     <message>
         <source>The agent has finished</source>
-        <translation type="unfinished">Der Agent ist fertig</translation>
+        <translation>Der Agent ist fertig</translation>
     </message>
     <message>
         <source>The agent finished responding and is idle.</source>
-        <translation type="unfinished">Der Agent hat seine Antwort beendet und ist untätig.</translation>
+        <translation>Der Agent hat seine Antwort abgeschlossen und ist untätig.</translation>
     </message>
     <message>
         <source>Waiting for input</source>
-        <translation type="unfinished">Wartet auf Eingabe</translation>
+        <translation>Wartet auf Eingabe</translation>
     </message>
     <message>
         <source>The agent is waiting for your input</source>
-        <translation type="unfinished">Der Agent wartet auf eine Eingabe</translation>
+        <translation>Der Agent wartet auf eine Eingabe</translation>
     </message>
     <message>
         <source>The agent is waiting for your input or a permission decision.</source>
-        <translation type="unfinished">Der Agent wartet auf eine Eingabe oder eine Freigabe.</translation>
+        <translation>Der Agent wartet auf eine Eingabe oder eine Freigabe.</translation>
     </message>
     <message>
         <source>Subagent finished</source>
-        <translation type="unfinished">Subagent fertig</translation>
+        <translation>Subagent fertig</translation>
     </message>
     <message>
         <source>A subagent finished</source>
-        <translation type="unfinished">Ein Subagent ist fertig</translation>
+        <translation>Ein Subagent ist fertig</translation>
     </message>
     <message>
         <source>A subagent completed its task.</source>
-        <translation type="unfinished">Ein Subagent hat seine Aufgabe erledigt.</translation>
+        <translation>Ein Subagent hat seine Aufgabe erledigt.</translation>
     </message>
     <message>
         <source>The agent reported an error</source>
-        <translation type="unfinished">Der Agent meldet einen Fehler</translation>
+        <translation>Der Agent meldet einen Fehler</translation>
     </message>
     <message>
         <source>The agent reported an error.</source>
-        <translation type="unfinished">Der Agent hat einen Fehler gemeldet.</translation>
+        <translation>Der Agent hat einen Fehler gemeldet.</translation>
     </message>
     <message>
         <source>Tool use</source>
-        <translation type="unfinished">Werkzeugaufruf</translation>
+        <translation>Werkzeugaufruf</translation>
     </message>
     <message>
         <source>The agent is using a tool</source>
-        <translation type="unfinished">Der Agent verwendet ein Werkzeug</translation>
+        <translation>Der Agent verwendet ein Werkzeug</translation>
     </message>
     <message>
         <source>The agent is about to use a tool.</source>
-        <translation type="unfinished">Der Agent wird gleich ein Werkzeug verwenden.</translation>
+        <translation>Der Agent wird gleich ein Werkzeug verwenden.</translation>
     </message>
     <message>
         <source>Long-running task started</source>
-        <translation type="unfinished">Lange Aufgabe gestartet</translation>
+        <translation>Lange Aufgabe gestartet</translation>
     </message>
     <message>
         <source>A long task has started</source>
-        <translation type="unfinished">Eine lange Aufgabe hat begonnen</translation>
+        <translation>Eine lange Aufgabe hat begonnen</translation>
     </message>
     <message>
         <source>A long-running task has begun.</source>
-        <translation type="unfinished">Eine länger dauernde Aufgabe hat begonnen.</translation>
+        <translation>Eine länger dauernde Aufgabe hat begonnen.</translation>
     </message>
     <message>
         <source>Session started</source>
-        <translation type="unfinished">Sitzung gestartet</translation>
+        <translation>Sitzung gestartet</translation>
     </message>
     <message>
         <source>A new session started</source>
-        <translation type="unfinished">Eine neue Sitzung hat begonnen</translation>
+        <translation>Eine neue Sitzung hat begonnen</translation>
     </message>
     <message>
         <source>A new agent session started.</source>
-        <translation type="unfinished">Eine neue Agentensitzung hat begonnen.</translation>
+        <translation>Eine neue Agentensitzung hat begonnen.</translation>
     </message>
     <message>
         <source>User responded</source>
-        <translation type="unfinished">Benutzer hat reagiert</translation>
+        <translation>Benutzer hat reagiert</translation>
     </message>
     <message>
         <source>You responded to the agent.</source>
-        <translation type="unfinished">Auf den Agenten wurde reagiert.</translation>
+        <translation>Dem Agenten wurde geantwortet.</translation>
     </message>
     <message>
         <source>%1 — %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 – %2</translation>
     </message>
     <message>
         <source>Still waiting — %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Wartet noch – %1</translation>
     </message>
     <message>
         <source>%1 (reminder)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (Erinnerung)</translation>
     </message>
     <message>
         <source>Banners are working. This is a test.</source>
-        <translation type="unfinished"></translation>
+        <translation>Banner funktionieren. Dies ist ein Test.</translation>
     </message>
     <message>
         <source>Silent</source>
-        <translation type="unfinished">Kein Ton</translation>
+        <translation>Kein Ton</translation>
     </message>
     <message>
         <source>Could not read %1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 konnte nicht gelesen werden: %2</translation>
     </message>
     <message>
         <source>Could not write %1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 konnte nicht geschrieben werden: %2</translation>
     </message>
     <message>
         <source>Could not create backup: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Sicherung konnte nicht angelegt werden: %1</translation>
     </message>
     <message>
         <source>Could not restore from backup: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Sicherung konnte nicht wiederhergestellt werden: %1</translation>
     </message>
     <message>
         <source>Could not serialize settings.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Einstellungen konnten nicht als JSON geschrieben werden.</translation>
     </message>
     <message>
         <source>Could not encode config.toml.</source>
-        <translation type="unfinished"></translation>
+        <translation>config.toml konnte nicht kodiert werden.</translation>
     </message>
     <message>
         <source>The existing settings file at %1 is not valid JSON. Refusing to modify it to avoid data loss. Please fix or remove it, then try again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die vorhandene Einstellungsdatei %1 ist kein gültiges JSON. Um Datenverlust zu vermeiden, wird sie nicht verändert. Bitte die Datei korrigieren oder entfernen und es dann erneut versuchen.</translation>
     </message>
     <message>
         <source>The bundled chimewell-hook helper could not be found inside the app bundle.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das mitgelieferte Hilfsprogramm chimewell-hook wurde im Programmpaket nicht gefunden.</translation>
     </message>
     <message>
         <source>The chimewell-hook helper could not be found. Please install Chimewell again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Hilfsprogramm chimewell-hook wurde nicht gefunden. Bitte Chimewell erneut installieren.</translation>
     </message>
     <message>
         <source>No Chimewell backup was found to restore from.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es wurde keine Sicherung von Chimewell gefunden, die sich wiederherstellen ließe.</translation>
     </message>
     <message>
         <source>Codex supports only a single `notify` program, and ~/.codex/config.toml already has one configured. Remove it (or chain Chimewell into it) first, then install again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Codex unterstützt nur ein einziges `notify`-Programm, und in ~/.codex/config.toml ist bereits eines eingetragen. Bitte zuerst entfernen (oder Chimewell darin einbinden) und dann erneut installieren.</translation>
     </message>
     <message>
         <source>Failed to save settings: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Einstellungen konnten nicht gespeichert werden: %1</translation>
     </message>
     <message>
         <source>Launch at login could not be changed: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Start beim Anmelden konnte nicht geändert werden: %1</translation>
     </message>
     <message>
         <source>The file is not valid UTF-8.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei ist kein gültiges UTF-8.</translation>
     </message>
     <message>
         <source>Not a regular file</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine reguläre Datei</translation>
     </message>
     <message>
         <source>The file was changed by another program</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei wurde von einem anderen Programm geändert</translation>
     </message>
     <message>
         <source>The file was changed by another program, and is kept as %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei wurde von einem anderen Programm geändert und ist als %1 aufbewahrt</translation>
     </message>
     <message>
         <source>%1, %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, %2</translation>
     </message>
 </context>
 </TS>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "alerts/notification_service.h"
 
+#include "base/readable_text.h"
 #include "values/texts.h"
 
 #include <utility>
@@ -74,8 +75,8 @@ bool NotificationService::post(const Phrase& title, const Phrase& body, const st
     if (!center_.isAvailable()) return false;
     NotificationRequest request{.identifier = random_.uuid(),
                                 .categoryIdentifier = categoryIdentifier,
-                                .title = translator_.translate(title),
-                                .body = translator_.translate(body),
+                                .title = readableLine(translator_.translate(title)),
+                                .body = readableText(translator_.translate(body)),
                                 .userInfo = {}};
     if (cwd) request.userInfo.emplace(cwdKey, *cwd);
     if (term) request.userInfo.emplace(termKey, *term);

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "base/text.h"
 
+#include "base/readable_text.h"
+
 #include <cstddef>
 
 namespace chimewell {
 
 std::string composed(const Phrase& phrase, const TextFormat& format)
 {
-    if (!phrase.text) return phrase.verbatim;
+    if (!phrase.text) return readableText(phrase.verbatim);
     const std::string words = format(*phrase.text, phrase.count);
     std::string result;
     for (std::size_t i = 0; i < words.size(); ++i) {

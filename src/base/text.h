@@ -50,14 +50,14 @@ private:
 };
 
 /// What is shown or spoken, in no language yet: a text of ours with what has to be put into it, or something
-/// that is never translated because the user, an agent or the system wrote it.
+/// that is never translated because the user, an agent or the system wrote it, and is made readable instead.
 struct Phrase {
     Phrase() = default; ///< Says nothing.
-    // Most phrases are just a text or just a name. NOLINTBEGIN(google-explicit-constructor)
+    // Most phrases are just a text or just a name; a literal would be one that was forgotten to be
+    // translated. NOLINTBEGIN(google-explicit-constructor)
     Phrase(Text words) : text(words) {}
     Phrase(std::string verbatimText) : verbatim(std::move(verbatimText)) {}
     Phrase(std::string_view verbatimText) : verbatim(verbatimText) {}
-    Phrase(const char* verbatimText) : verbatim(verbatimText) {}
     // NOLINTEND(google-explicit-constructor)
     Phrase(Text words, std::vector<Phrase> values) : text(words), arguments(std::move(values)) {}
     Phrase(Text words, std::int64_t number) : text(words), count(number) {}
@@ -72,7 +72,8 @@ struct Phrase {
 /// The format of one text in a language; the count, where there is one, chooses its form.
 using TextFormat = std::function<std::string(const Text& text, std::optional<std::int64_t> count)>;
 
-/// The phrase with its texts said by `format`. What fills a place is not looked at again.
+/// The phrase with its texts said by `format` and what others wrote made readable (base/readable_text.h).
+/// What fills a place is not looked at again.
 std::string composed(const Phrase& phrase, const TextFormat& format);
 
 /// The phrase in English.

@@ -66,4 +66,13 @@ bool isValidUtf8(std::string_view bytes)
     return true;
 }
 
+std::string_view firstBytes(std::string_view text, std::size_t count)
+{
+    if (text.size() <= count) return text;
+    // A character has three such bytes at most; more of them are no UTF-8.
+    for (int i = 0; i < 3 && count > 0 && isUtf8Continuation(text[count]); ++i)
+        --count;
+    return text.substr(0, count);
+}
+
 }

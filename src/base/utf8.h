@@ -11,6 +11,9 @@ namespace chimewell {
 /// no character cut short.
 bool isValidUtf8(std::string_view bytes);
 
+/// At most `count` bytes from the start of `text`, cut at a character's end where it is UTF-8.
+std::string_view firstBytes(std::string_view text, std::size_t count);
+
 /// How many bytes the character that starts with `lead` has; 1 for a byte that starts none.
 constexpr std::size_t utf8Length(char lead)
 {

@@ -2,7 +2,7 @@
 #include "helper/event_url_builder.h"
 
 #include "base/utf8.h"
-#include "helper/payload.h"
+#include "values/event_url.h"
 
 #include <utility>
 
@@ -33,16 +33,6 @@ void appendEncoded(std::string& url, std::string_view bytes)
     }
 }
 
-std::string_view cut(std::string_view text)
-{
-    if (text.size() <= maxValueBytes) return text;
-    std::size_t size = maxValueBytes;
-    // A character has three such bytes at most; more of them are no text anyway.
-    for (int i = 0; i < 3 && isUtf8Continuation(text[size]); ++i)
-        --size;
-    return text.substr(0, size);
-}
-
 }
 
 EventUrlBuilder::EventUrlBuilder(CanonicalEvent event, std::string_view provider)
@@ -55,7 +45,7 @@ void EventUrlBuilder::add(std::string_view key, std::string_view value)
 {
     if (value.empty()) return;
     text_.append("&").append(key).append("=");
-    value = cut(value);
+    value = firstBytes(value, maxValueBytes);
     while (!value.empty()) {
         const std::string_view character = value.substr(0, utf8Length(value.front()));
         const bool isValid = isValidUtf8(character);

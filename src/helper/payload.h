@@ -2,6 +2,7 @@
 #pragma once
 
 #include "helper/command_line.h"
+#include "values/event_url.h"
 #include "json/json_reader.h"
 
 #include <array>
@@ -21,12 +22,10 @@ struct Payload {
     bool isUnwanted = false; ///< The agent reports something that is no event to the user.
 };
 
-/// Of each value this many bytes and one more are kept: enough to be cut where a character ends.
-inline constexpr std::size_t maxValueBytes = 16384;
-
 /// Picks the few members of the payload that the command's event needs, and keeps nothing else of it:
-/// prompts, answers, tool input and output pass by. Only members of the outermost object count. Of a repeated
-/// one the first counts, as the event may have left before the second comes.
+/// prompts, answers, tool input and output pass by. Of each value one byte more than `maxValueBytes` is kept:
+/// enough to be cut where a character ends. Only members of the outermost object count. Of a repeated one the
+/// first counts, as the event may have left before the second comes.
 class PayloadReader {
 public:
     explicit PayloadReader(const CommandLine& command);

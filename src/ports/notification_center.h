@@ -17,6 +17,7 @@ struct NotificationCategory {
     std::string actionTitle;
 };
 
+/// Its texts are readable (base/readable_text.h).
 struct NotificationRequest {
     std::string identifier; ///< Unique: banners never replace one another.
     std::string categoryIdentifier;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "presentation/changes_text.h"
 
+#include "base/readable_text.h"
+
 #include <algorithm>
 
 namespace chimewell {
@@ -16,7 +18,7 @@ std::string changesText(const std::vector<HookChange>& changes)
         if (!text.empty()) text += '\n';
         const std::string mark = !isMixed ? "" : change.kind == HookChange::Kind::added ? "+ " : "- ";
         text += mark;
-        for (const char character : change.entry) {
+        for (const char character : readableText(change.entry)) {
             text += character;
             if (character == '\n') text += mark;
         }

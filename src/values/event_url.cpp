@@ -82,9 +82,9 @@ QueryItems queryItems(std::string_view query)
         const auto equals = item.find('=');
         if (equals == std::string_view::npos) continue;
         const std::string value = percentDecoded(item.substr(equals + 1));
-        items.insert_or_assign(percentDecoded(item.substr(0, equals)),
-                               isValidUtf8(value) ? std::string(firstCharacters(value, maxValueCharacters))
-                                                  : std::string());
+        const std::string_view kept =
+            isValidUtf8(value) ? firstCharacters(firstBytes(value, maxValueBytes), maxValueCharacters) : "";
+        items.insert_or_assign(percentDecoded(item.substr(0, equals)), kept);
     }
     return items;
 }

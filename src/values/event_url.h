@@ -22,5 +22,7 @@ std::string sampleEventUrl(std::string_view uuid);
 inline constexpr std::string_view eventUrlScheme = "chimewell";
 /// User-perceived characters that are kept of each value.
 inline constexpr std::size_t maxValueCharacters = 512;
+/// One of those characters can be megabytes long: bytes that are kept of each value.
+inline constexpr std::size_t maxValueBytes = std::size_t{16} << 10;
 
 }

@@ -3,6 +3,7 @@
 #include "alerts/sound_player.h"
 #include "alerts/voice_announcer.h"
 #include "values/sound_option.h"
+#include "values/texts.h"
 
 #include "support/english_translator.h"
 #include "support/fixed_random.h"
@@ -53,8 +54,8 @@ TEST(VoiceAnnouncerTest, SpeaksTrimmedTextAndNothingBlank)
     RecordingSpeech speech;
     const EnglishTranslator translator;
     VoiceAnnouncer voice(speech, translator);
-    voice.speak(" \n\u00A0", std::nullopt);
-    voice.speak("\n done \u2028", "Anna");
+    voice.speak(std::string(" \n\u00A0"), std::nullopt);
+    voice.speak(std::string("\n done \u2028"), "Anna");
     EXPECT_EQ(speech.spoken, (std::vector<RecordingSpeech::Utterance>{{"done", "Anna"}}));
 }
 
@@ -121,7 +122,7 @@ TEST_F(NotificationServiceTest, FollowsTheSystemAndTellsOfChangesOnly)
     center.available = false;
     center.changed();
     EXPECT_EQ(service.status(), AuthStatus::unavailable);
-    EXPECT_FALSE(service.post("t", "b", std::nullopt, std::nullopt));
+    EXPECT_FALSE(service.post(texts::finished, texts::finishedBody, std::nullopt, std::nullopt));
     EXPECT_TRUE(center.posted.empty());
     EXPECT_EQ(told, 2);
 }
@@ -143,9 +144,13 @@ TEST_F(NotificationServiceTest, PostsBannersThatNeverReplaceOneAnother)
     EXPECT_EQ(center.category.actionIdentifier, "FOCUS_SESSION");
     EXPECT_EQ(center.category.actionTitle, "Open Session");
 
-    EXPECT_TRUE(service.post("Title", "Body", "/proj", std::nullopt));
-    EXPECT_TRUE(service.post("Title", "Body", std::nullopt, "kitty"));
-    ASSERT_EQ(center.posted.size(), 2u);
+    EXPECT_TRUE(service.post(texts::finished, texts::finishedBody, "/proj", std::nullopt));
+    EXPECT_TRUE(service.post(texts::finished, texts::finishedBody, std::nullopt, "kitty"));
+    EXPECT_TRUE(service.post(std::string("gpj\n\u202Eexe\xFF"),
+                             {texts::stillWaiting, {std::string(1 << 20, 'x')}}, {}, {}));
+    ASSERT_EQ(center.posted.size(), 3u);
+    EXPECT_EQ(center.posted[2].title, "gpj exe\uFFFD");
+    EXPECT_EQ(center.posted[2].body.size(), 4096u);
     EXPECT_NE(center.posted[0].identifier, center.posted[1].identifier);
     EXPECT_EQ(center.posted[0].categoryIdentifier, "AGENT_EVENT");
     EXPECT_EQ(center.posted[0].userInfo, (std::map<std::string, std::string>{{"cwd", "/proj"}}));

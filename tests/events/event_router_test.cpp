@@ -51,7 +51,7 @@ TEST_F(EventRouterTest, AlertsInEveryWayThatIsSwitchedOn)
 {
     router.handle(waiting("Claude needs your permission"));
     ASSERT_EQ(history.entries().size(), 1u);
-    EXPECT_EQ(history.entries()[0].displayTitle(), "Waiting for input — proj");
+    EXPECT_EQ(english(history.entries()[0].displayTitle()), "Waiting for input — proj");
     EXPECT_EQ(sounds.names(), (std::vector<std::string>{"Funk"}));
     EXPECT_EQ(speech.spoken, (std::vector<RecordingSpeech::Utterance>{
                                  {"The agent is waiting for your input", std::nullopt}}));
@@ -258,7 +258,7 @@ TEST_F(EventRouterTest, HistoryKeepsTheNewestTen)
     ASSERT_EQ(history.entries().size(), 10u);
     EXPECT_EQ(history.entries().front().message, "12");
     EXPECT_EQ(history.entries().back().message, "3");
-    EXPECT_EQ(history.entries().front().displayTitle(), "Finished — proj (reminder)");
+    EXPECT_EQ(english(history.entries().front().displayTitle()), "Finished — proj (reminder)");
     EXPECT_EQ(history.entries().back().timeText(system.locale, time.now()), "14:05 (10 seconds ago)");
     EXPECT_NE(history.entries().front().id, history.entries().back().id);
     history.clear();

@@ -135,7 +135,7 @@ TEST_F(ClaudeHookInstallerTest, RefusesWhatItDoesNotUnderstand)
         EXPECT_EQ(content(), text);
     }
     EXPECT_EQ(uninstalled("{"), unparseable);
-    EXPECT_EQ(installer.status().message, unparseable);
+    EXPECT_EQ(english(installer.status().message), unparseable);
     EXPECT_EQ(uninstalled(R"({"hooks": null})"), R"({"hooks": null})"); // nothing of ours: not written
     EXPECT_EQ(files.contents.size(), 1u);                               // and never a backup
     // Small as text and huge in the writer's layout.

@@ -60,7 +60,7 @@ TEST(PanelModel, ShowsSixAlertsAndCountsTheOthers)
             false);
         const auto rows = panelRows(history, system.locale, system.time.now());
         EXPECT_EQ(rows.size(), static_cast<std::size_t>(std::min(count, 6)));
-        EXPECT_EQ(rows.front().title, "Finished — " + std::to_string(count));
+        EXPECT_EQ(english(rows.front().title), "Finished — " + std::to_string(count));
         EXPECT_EQ(panelMore(history).has_value(), count > 6);
     }
     EXPECT_EQ(english(*panelMore(history)), "2 more in Settings ▸ Recent");
@@ -76,9 +76,9 @@ TEST(PanelModel, ARowOffersItsSessionWhenThereIsOne)
     system.time.advance(60s);
     const auto rows = panelRows(history, system.locale, system.time.now());
     EXPECT_TRUE(rows[0].hasSession());
-    EXPECT_EQ(rows[0].message, "It broke");
+    EXPECT_EQ(english(rows[0].message), "It broke");
     EXPECT_FALSE(rows[1].hasSession());
-    EXPECT_EQ(rows[1].message, "The agent reported an error."); // never blank
+    EXPECT_EQ(english(rows[1].message), "The agent reported an error."); // never blank
     EXPECT_EQ(rows[1].relativeTime, "60 seconds ago");
     EXPECT_EQ(rows[1].timeText, "14:05 (60 seconds ago)");
     RecentRow row = rows[0];
@@ -116,7 +116,8 @@ TEST(Phrases, AreFilledOnce)
     EXPECT_EQ(english({texts::everyMinutes, 1}), "Every 1 minute");
     EXPECT_EQ(english({texts::everyMinutes, 7}), "Every 7 minutes");
     EXPECT_EQ(
-        english({texts::nothingToReveal, {"/home/%2/%n", "Cursor"}}, Wording::linuxDesktop),
+        english({texts::nothingToReveal, {std::string("/home/%2/%n"), std::string("Cursor")}},
+                Wording::linuxDesktop),
         "Nothing to show yet — /home/%2/%n doesn’t exist. It’s created when you Install (Cursor may not be "
         "set up on this computer).");
 }
@@ -140,7 +141,7 @@ TEST(UserActionsTest, LaunchAtLoginKeepsTheWishAndTellsWhatFailed)
     EXPECT_EQ(services.actions.setLaunchAtLogin(true), std::nullopt);
     EXPECT_TRUE(system.loginItem.enabled);
     system.loginItem.refuses = true;
-    EXPECT_EQ(services.actions.setLaunchAtLogin(false),
+    EXPECT_EQ(english(*services.actions.setLaunchAtLogin(false)),
               "Launch at login could not be changed: Operation not permitted");
     EXPECT_FALSE(services.store.settings().launchAtLogin);
     EXPECT_TRUE(system.loginItem.enabled);

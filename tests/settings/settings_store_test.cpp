@@ -171,7 +171,7 @@ TEST_F(SettingsStoreTest, ReportsAFailedSaveAndKeepsTheChange)
 
     files.full = true;
     store.update([](AppSettings& settings) { settings.globalMuted = true; });
-    EXPECT_EQ(store.lastError(), "Failed to save settings: No space left on device");
+    EXPECT_EQ(english(*store.lastError()), "Failed to save settings: No space left on device");
     EXPECT_TRUE(store.settings().globalMuted);
 
     files.full = false;
@@ -186,7 +186,7 @@ TEST_F(SettingsStoreTest, StartsWithADiskThatFails)
     files.full = true;
     const SettingsStore store = open();
     EXPECT_EQ(store.settings(), AppSettings());
-    EXPECT_EQ(store.lastError(), "Failed to save settings: No space left on device");
+    EXPECT_EQ(english(*store.lastError()), "Failed to save settings: No space left on device");
 }
 
 TEST_F(SettingsStoreTest, UpdatesTheFirstEntry)
@@ -240,7 +240,7 @@ private:
     std::expected<void, Phrase> change(const char* call)
     {
         calls.emplace_back(call);
-        if (fails) return std::unexpected("Operation not permitted");
+        if (fails) return std::unexpected(std::string("Operation not permitted"));
         enabled = !enabled;
         return {};
     }
@@ -253,7 +253,8 @@ TEST(LaunchAtLoginTest, CallsTheServiceOnlyToChangeSomething)
     EXPECT_EQ(setLaunchAtLogin(item, true), std::nullopt);
     EXPECT_EQ(setLaunchAtLogin(item, true), std::nullopt);
     item.fails = true;
-    EXPECT_EQ(setLaunchAtLogin(item, false), "Launch at login could not be changed: Operation not permitted");
+    EXPECT_EQ(english(*setLaunchAtLogin(item, false)),
+              "Launch at login could not be changed: Operation not permitted");
     EXPECT_EQ(item.calls, (std::vector<std::string>{"register", "unregister"}));
 }
 

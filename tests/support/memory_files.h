@@ -14,17 +14,18 @@ class MemoryFiles : public AgentFiles {
 public:
     std::expected<std::string, FileError> read(const std::filesystem::path& file) override
     {
-        if (unreadable) return std::unexpected(FileError{.description = "Input/output error"});
+        if (unreadable) return std::unexpected(FileError{.description = std::string("Input/output error")});
         const auto found = contents.find(file);
         if (found == contents.end())
-            return std::unexpected(FileError{.missing = true, .description = "No such file or directory"});
+            return std::unexpected(
+                FileError{.missing = true, .description = std::string("No such file or directory")});
         return found->second;
     }
     std::expected<void, FileError> replace(const std::filesystem::path& file,
                                            std::string_view content) override
     {
         ++writes;
-        if (full) return std::unexpected(FileError{.description = "No space left on device"});
+        if (full) return std::unexpected(FileError{.description = std::string("No space left on device")});
         contents.insert_or_assign(file, std::string(content));
         return {};
     }
@@ -36,7 +37,8 @@ public:
         const auto found = contents.find(file);
         const auto present = found == contents.end() ? std::nullopt : std::optional(found->second);
         if (present != expected)
-            return std::unexpected(ExchangeError{.changed = true, .description = "Somebody else changed it"});
+            return std::unexpected(
+                ExchangeError{.changed = true, .description = std::string("Somebody else changed it")});
         if (const auto replaced = replace(file, content); !replaced)
             return std::unexpected(
                 ExchangeError{.changed = false, .description = replaced.error().description});
@@ -56,14 +58,15 @@ public:
     }
     std::expected<void, FileError> createFolders(const std::filesystem::path& folder) override
     {
-        if (full) return std::unexpected(FileError{.description = "No space left on device"});
+        if (full) return std::unexpected(FileError{.description = std::string("No space left on device")});
         folders.insert(folder);
         return {};
     }
     std::expected<void, FileError> remove(const std::filesystem::path& file) override
     {
         if (contents.erase(file) == 0)
-            return std::unexpected(FileError{.missing = true, .description = "No such file or directory"});
+            return std::unexpected(
+                FileError{.missing = true, .description = std::string("No such file or directory")});
         return {};
     }
     std::optional<FileKind> kind(const std::filesystem::path& path) override

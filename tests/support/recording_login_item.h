@@ -18,7 +18,7 @@ public:
 private:
     std::expected<void, Phrase> set(bool wanted)
     {
-        if (refuses) return std::unexpected("Operation not permitted");
+        if (refuses) return std::unexpected(std::string("Operation not permitted"));
         enabled = wanted;
         return {};
     }

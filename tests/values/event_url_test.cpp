@@ -108,6 +108,11 @@ TEST(EventUrlTest, CutsLongValuesAtCharacters)
 {
     const std::string head = "chimewell://event?type=finished&provider=claude&message=";
     EXPECT_EQ(parseEventUrl(head + std::string(600, 'x'))->message, std::string(512, 'x'));
+    // One character of a megabyte: an "e" with acute accents of two bytes each.
+    std::string accents;
+    for (int i = 0; i < 500'000; ++i)
+        accents += "\u0301";
+    EXPECT_EQ(parseEventUrl(head + "e" + accents)->message, "e" + accents.substr(0, 16'382));
     std::string families;
     std::string kept;
     for (int i = 0; i < 600; ++i) {

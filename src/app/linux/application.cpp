@@ -25,7 +25,7 @@ Application::Application(const QDBusConnection& bus, FreedesktopApplication& sea
       resources_({installation.programs}),
       center_(bus, timers_, tokens_),
       sounds_(installation.sounds),
-      speech_(SsipSpeechSynthesizer::Service::ofSession()),
+      speech_(SsipSpeechSynthesizer::Service::ofSession(), words.language()),
       workspace_(
           {.folders = folders_, .files = files_, .tokens = tokens_, .bus = bus, .xDisplay = xDisplay()}),
       loginItem_(folders_, files_, {installation.program.string()}),

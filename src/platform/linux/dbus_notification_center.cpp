@@ -3,7 +3,7 @@
 
 #include "platform/linux/dbus_call.h"
 #include "platform/linux/desktop_notification_settings.h"
-#include "platform/linux/desktop_text.h"
+#include "platform/linux/escaped_markup.h"
 
 #include <QStringList>
 #include <QTimer>
@@ -246,7 +246,6 @@ QDBusMessage DbusNotificationCenter::notifyCall(const NotificationRequest& reque
         if (request.categoryIdentifier == category_.identifier && !category_.actionIdentifier.empty())
             actions << fromUtf8(category_.actionIdentifier) << fromUtf8(category_.actionTitle);
     }
-    const std::string body = desktopBody(request.body);
     constexpr uchar normalUrgency = 1;
     const QVariantMap hints{
         {QStringLiteral("desktop-entry"), applicationId()},
@@ -258,9 +257,9 @@ QDBusMessage DbusNotificationCenter::notifyCall(const NotificationRequest& reque
     constexpr uint replacesNone = 0;
     constexpr int serversOwnExpiry = -1;
     QDBusMessage call = serverCall("Notify");
-    call << QStringLiteral("Chimewell") << replacesNone << applicationId()
-         << fromUtf8(desktopTitle(request.title)) << fromUtf8(server.bodyMarkup ? escapedMarkup(body) : body)
-         << actions << hints << serversOwnExpiry;
+    call << QStringLiteral("Chimewell") << replacesNone << applicationId() << fromUtf8(request.title)
+         << fromUtf8(server.bodyMarkup ? escapedMarkup(request.body) : request.body) << actions << hints
+         << serversOwnExpiry;
     return call;
 }
 

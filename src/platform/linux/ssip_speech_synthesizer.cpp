@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/ssip_speech_synthesizer.h"
 
-#include "platform/linux/desktop_text.h"
-
 #include <QStandardPaths>
 #include <QStringList>
 #include <QtGlobal>
@@ -50,8 +48,9 @@ SsipSpeechSynthesizer::Service SsipSpeechSynthesizer::Service::ofSession()
             .program = program};
 }
 
-SsipSpeechSynthesizer::SsipSpeechSynthesizer(Service service)
+SsipSpeechSynthesizer::SsipSpeechSynthesizer(Service service, std::string language)
     : service_(std::move(service)),
+      language_(std::move(language)),
       connection_({.onEvent =
                        [this](int code, const std::string& message) {
                            if (code == ssipEndEvent || code == ssipCancelEvent) messageEnded(message);
@@ -83,7 +82,7 @@ SsipSpeechSynthesizer::~SsipSpeechSynthesizer()
 void SsipSpeechSynthesizer::speak(const std::string& text, const std::optional<std::string>& voiceIdentifier)
 {
     if (queue_.size() == maxWaiting) queue_.pop_front();
-    queue_.push_back({.text = desktopBody(text), .voice = voiceIdentifier});
+    queue_.push_back({.text = text, .voice = voiceIdentifier});
     proceed();
 }
 
@@ -124,6 +123,7 @@ bool SsipSpeechSynthesizer::connect()
     connection_.send("SET self CLIENT_NAME user:chimewell:alerts", ignoreReply);
     // Messages of this priority wait for each other; others would cut each other short.
     connection_.send("SET self PRIORITY MESSAGE", ignoreReply);
+    connection_.send("SET self LANGUAGE " + language_, ignoreReply);
     connection_.send("SET self NOTIFICATION END ON", ignoreReply);
     connection_.send("SET self NOTIFICATION CANCEL ON", ignoreReply);
     return true;

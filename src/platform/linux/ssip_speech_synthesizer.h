@@ -35,7 +35,9 @@ public:
         static Service ofSession();
     };
 
-    explicit SsipSpeechSynthesizer(Service service);
+    /// `language` is what texts are written in, as a BCP 47 tag: where no voice is asked for, the service
+    /// chooses one that speaks it.
+    SsipSpeechSynthesizer(Service service, std::string language);
     ~SsipSpeechSynthesizer() override;
 
     void speak(const std::string& text, const std::optional<std::string>& voiceIdentifier) override;
@@ -64,6 +66,7 @@ private:
     void overdue();
 
     Service service_;
+    std::string language_;
     SsipConnection connection_;
     std::string voice_;                        // of this connection; empty: the service's own choice
     std::optional<std::vector<Voice>> voices_; // of the service, since it was last reached anew

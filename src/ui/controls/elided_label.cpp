@@ -35,7 +35,9 @@ void ElidedLabel::paintEvent(QPaintEvent*)
 void ElidedLabel::resizeEvent(QResizeEvent* event)
 {
     TextLabel::resizeEvent(event);
-    setToolTip(fontMetrics().horizontalAdvance(full_) > width() ? full_ : QString());
+    // As rich text, which wraps; so what looks like markup has to be escaped.
+    const bool isElided = fontMetrics().horizontalAdvance(full_) > width();
+    setToolTip(isElided ? QStringLiteral("<p>%1</p>").arg(full_.toHtmlEscaped()) : QString());
 }
 
 }

@@ -63,7 +63,7 @@ void ProviderInstallRow::showCard()
     install_->setEnabled(card_.canInstall());
     install_->setVisible(card_.isAvailable());
 
-    const QString error = words_(card_.errorMessage().value_or(""));
+    const QString error = words_(card_.errorMessage().value_or(Phrase()));
     error_->setNote("exclamationmark.triangle", Tone::red, error);
     error_->setVisible(!error.isEmpty());
     install_->setAccessibleDescription(error); // heard when the keyboard comes back from the question

@@ -110,14 +110,14 @@ TEST_F(AutostartLoginItemTest, OverridesTheSystemsEntryInsteadOfUncoveringIt)
 TEST_F(AutostartLoginItemTest, ReportsTheSystemsWords)
 {
     folder.write("own", "a file where the folder should be");
-    EXPECT_EQ(item.registerItem().error(), "Not a directory");
-    EXPECT_EQ(item.unregisterItem().error(), "Not a directory");
+    EXPECT_EQ(english(item.registerItem().error()), "Not a directory");
+    EXPECT_EQ(english(item.unregisterItem().error()), "Not a directory");
     EXPECT_FALSE(item.isEnabled());
 
     MemoryFiles disk;
     disk.full = true;
     AutostartLoginItem onFullDisk(folders, disk, {program});
-    EXPECT_EQ(onFullDisk.registerItem().error(), "No space left on device");
+    EXPECT_EQ(english(onFullDisk.registerItem().error()), "No space left on device");
 }
 
 TEST_F(AutostartLoginItemTest, WritesAValidFileThatOthersStart)

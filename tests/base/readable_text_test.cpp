@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/desktop_text.h"
+#include "base/readable_text.h"
 
 #include <string>
 #include <string_view>
@@ -17,7 +17,7 @@ struct Case {
     std::string_view title;
 };
 
-TEST(DesktopText, ReplacesWhatServicesWouldChokeOnOrBeFooledBy)
+TEST(ReadableText, ReplacesWhatReadersWouldChokeOnOrBeFooledBy)
 {
     const Case cases[] = {
         {"", "", ""},
@@ -48,25 +48,32 @@ TEST(DesktopText, ReplacesWhatServicesWouldChokeOnOrBeFooledBy)
          "\xED\x9F\xBF\xEE\x80\x80\xF4\x8F\xBF\xBF"},
     };
     for (const Case& c : cases) {
-        EXPECT_EQ(desktopBody(c.text), c.body) << c.text;
-        EXPECT_EQ(desktopTitle(c.text), c.title) << c.text;
+        EXPECT_EQ(readableText(c.text), c.body) << c.text;
+        EXPECT_EQ(readableLine(c.text), c.title) << c.text;
     }
 }
 
-TEST(DesktopText, EndsWithAWholeCharacterAtTheLimit)
+TEST(ReadableText, KeepsThirtyMarksOnALetter)
 {
-    const std::string most(maxDesktopTextBytes - 2, 'x');
-    EXPECT_EQ(desktopBody(most + "é"), most + "é");
-    EXPECT_EQ(desktopBody(most + "éx"), most + "é");
-    EXPECT_EQ(desktopBody(most + "€"), most);
-    EXPECT_EQ(desktopBody(most + "€x"), most) << "nothing after the cut";
-    EXPECT_EQ(desktopBody(most + "\x80"), most) << "a replacement has three bytes";
-    EXPECT_EQ(desktopTitle(std::string(1 << 20, '\n') + "a"), " a") << "what is left out does not count";
+    const auto accents = [](std::size_t count) {
+        std::string text;
+        while (count-- > 0)
+            text += "\u0301";
+        return text;
+    };
+    EXPECT_EQ(readableText("e" + accents(31) + "e" + accents(30) + "!"),
+              "e" + accents(30) + "e" + accents(30) + "!");
 }
 
-TEST(DesktopText, EscapesMarkup)
+TEST(ReadableText, EndsWithAWholeCharacterAtTheLimit)
 {
-    EXPECT_EQ(escapedMarkup("a < b && c > d \"&lt;\" 'é'"), "a &lt; b &amp;&amp; c &gt; d \"&amp;lt;\" 'é'");
+    const std::string most(maxReadableBytes - 2, 'x');
+    EXPECT_EQ(readableText(most + "é"), most + "é");
+    EXPECT_EQ(readableText(most + "éx"), most + "é");
+    EXPECT_EQ(readableText(most + "€"), most);
+    EXPECT_EQ(readableText(most + "€x"), most) << "nothing after the cut";
+    EXPECT_EQ(readableText(most + "\x80"), most) << "a replacement has three bytes";
+    EXPECT_EQ(readableLine(std::string(1 << 20, '\n') + "a"), " a") << "what is left out does not count";
 }
 
 }

@@ -1,13 +1,19 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/desktop_text.h"
+#include "base/readable_text.h"
 
-#include <array>
+#include "base/utf8.h"
+
+#include <utf8proc.h>
+
+#include <cstddef>
 #include <utility>
 
 namespace chimewell {
+
 namespace {
 
 constexpr char32_t replacement = 0xFFFD;
+constexpr std::size_t maxMarks = 30;
 
 struct Lead {
     unsigned length; ///< Of the whole sequence; 0 for a byte that starts none.
@@ -53,32 +59,6 @@ char32_t takeCodePoint(std::string_view& text)
 }
 
 /// Appends nothing and answers false when the result would become too long.
-bool append(std::string& result, char32_t value)
-{
-    std::array<char, 4> bytes{};
-    unsigned length = 0;
-    const auto add = [&](char32_t byte) { bytes[length++] = static_cast<char>(byte); };
-    const auto addTail = [&](unsigned shift) { add(0x80 | (value >> shift & 0x3F)); };
-    if (value < 0x80) {
-        add(value);
-    } else if (value < 0x800) {
-        add(0xC0 | value >> 6);
-        addTail(0);
-    } else if (value < 0x10000) {
-        add(0xE0 | value >> 12);
-        addTail(6);
-        addTail(0);
-    } else {
-        add(0xF0 | value >> 18);
-        addTail(12);
-        addTail(6);
-        addTail(0);
-    }
-    if (result.size() + length > maxDesktopTextBytes) return false;
-    result.append(bytes.data(), length);
-    return true;
-}
-
 bool isLineBreak(char32_t c)
 {
     return (c >= U'\n' && c <= U'\r') || c == 0x85 || c == 0x2028 || c == 0x2029;
@@ -94,15 +74,24 @@ bool reordersText(char32_t c)
     return (c >= 0x202A && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
 }
 
+bool isCombiningMark(char32_t c)
+{
+    const utf8proc_category_t category = utf8proc_category(static_cast<utf8proc_int32_t>(c));
+    return category == UTF8PROC_CATEGORY_MN || category == UTF8PROC_CATEGORY_ME;
+}
+
 enum class Lines { kept, joined };
 
 std::string cleaned(std::string_view text, Lines lines)
 {
     std::string result;
     char32_t previous = 0;
+    std::size_t marks = 0; // on the present letter
     while (!text.empty()) {
         char32_t c = takeCodePoint(text);
         if (reordersText(c)) continue;
+        marks = isCombiningMark(c) ? marks + 1 : 0;
+        if (marks > maxMarks) continue;
         const char32_t before = std::exchange(previous, c);
         if (isLineBreak(c)) {
             if (c == U'\n' && before == U'\r') continue;
@@ -113,38 +102,23 @@ std::string cleaned(std::string_view text, Lines lines)
         } else if (isControl(c)) {
             c = replacement;
         }
-        if (!append(result, c)) break;
+        const Utf8Character character(c);
+        if (result.size() + character.bytes().size() > maxReadableBytes) break;
+        result += character.bytes();
     }
     return result;
 }
 
 }
 
-std::string desktopBody(std::string_view text)
+std::string readableText(std::string_view text)
 {
     return cleaned(text, Lines::kept);
 }
 
-std::string desktopTitle(std::string_view text)
+std::string readableLine(std::string_view text)
 {
     return cleaned(text, Lines::joined);
-}
-
-std::string escapedMarkup(std::string_view text)
-{
-    std::string result;
-    result.reserve(text.size());
-    for (const char c : text) {
-        if (c == '&')
-            result += "&amp;";
-        else if (c == '<')
-            result += "&lt;";
-        else if (c == '>')
-            result += "&gt;";
-        else
-            result += c;
-    }
-    return result;
 }
 
 }
