@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What holds for every window, pane and step: no text is cut, and whoever does not see it knows what each
-// control is.
+// What holds for every window, pane and step: no text is cut, whoever does not see it knows what each control
+// is, and all of it is said in the language of the interface.
 #include "support/interface_on_fakes.h"
 #include "ui/confirm_dialog.h"
 #include "ui/controls/elided_label.h"
@@ -8,14 +8,20 @@
 #include "ui/look/colours.h"
 #include "ui/panel/panel_window.h"
 #include "ui/settings/settings_window.h"
+#include "ui/user_interface.h"
 #include "ui/walkthrough/walkthrough_window.h"
+#include "values/sound_option.h"
 
+#include <QAbstractButton>
 #include <QAccessible>
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTranslator>
 
 #include <gtest/gtest.h>
@@ -29,8 +35,8 @@
 namespace chimewell::test {
 namespace {
 
-/// A language in which everything takes 40 % more room.
-class LongLanguage final : public QTranslator {
+/// A language in which everything takes 40 % more room and stands in brackets.
+class PseudoLanguage final : public QTranslator {
 public:
     using QTranslator::QTranslator;
     bool isEmpty() const override { return false; }
@@ -40,7 +46,7 @@ public:
         const auto words = text.size() * 4 / 10 / 5 + 1;
         for (qsizetype i = 0; i < words; ++i)
             text += QStringLiteral(" wort");
-        return text;
+        return u'\u27E6' + text + u'\u27E7';
     }
 };
 
@@ -54,17 +60,18 @@ struct Circumstances {
     friend void PrintTo(const Circumstances& in, std::ostream* out) { *out << in.name; }
 };
 
-class EveryWindow : public ::testing::TestWithParam<Circumstances> {
+/// Windows that have something to show in every place.
+class FilledWindows {
 protected:
-    EveryWindow()
+    explicit FilledWindows(const Circumstances& in)
     {
         QApplication::setStyle(new ChimewellStyle);
-        QApplication::setPalette(referencePalette(GetParam().isDark));
+        QApplication::setPalette(referencePalette(in.isDark));
         QFont font = QApplication::font();
-        font.setPixelSize(GetParam().fontPixels);
+        font.setPixelSize(in.fontPixels);
         QApplication::setFont(font);
-        QApplication::setLayoutDirection(GetParam().direction);
-        if (GetParam().isLong) QCoreApplication::installTranslator(&longLanguage);
+        QApplication::setLayoutDirection(in.direction);
+        if (in.isLong) QCoreApplication::installTranslator(&pseudoLanguage);
 
         system.files.contents["/home/me/.codex/config.toml"] = "notify = [\"other\"]\n";
         system.files.contents["/home/me/.cursor/hooks.json"] = "{";
@@ -75,15 +82,15 @@ protected:
             services.history.add({.type = CanonicalEvent::waitingInput,
                                   .provider = "claude",
                                   .cwd = "/srv/a project with a name that is long " + std::to_string(i),
-                                  .message = std::string(300, 'w')},
+                                  .message = longMessage},
                                  true);
         services.store.updateEvent(CanonicalEvent::finished,
                                    [](EventSetting& setting) { setting.speak = true; });
         services.store.update([](AppSettings& settings) { settings.reminderIntervalSeconds = 90; });
     }
-    ~EveryWindow() override
+    ~FilledWindows()
     {
-        QCoreApplication::removeTranslator(&longLanguage);
+        QCoreApplication::removeTranslator(&pseudoLanguage);
         QApplication::setLayoutDirection(Qt::LeftToRight);
     }
 
@@ -120,10 +127,16 @@ protected:
         }
     }
 
-    LongLanguage longLanguage;
+    const std::string longMessage = std::string(300, 'w');
+    PseudoLanguage pseudoLanguage;
     InterfaceOnFakes fakes;
     FakeSystem& system = fakes.system;
     Services& services = fakes.services;
+};
+
+class EveryWindow : public ::testing::TestWithParam<Circumstances>, protected FilledWindows {
+protected:
+    EveryWindow() : FilledWindows(GetParam()) {}
 };
 
 bool isCut(const QWidget& widget)
@@ -173,6 +186,86 @@ TEST_P(EveryWindow, NamesEachControlOnceForThoseWhoDoNotSeeIt)
         }
         EXPECT_GE(names.size(), 2U) << name;
     });
+}
+
+class InAPseudoLanguage : public ::testing::Test, protected FilledWindows {
+protected:
+    InAPseudoLanguage() : FilledWindows({"Pseudo", 13, false, Qt::LeftToRight, true}) {}
+
+    /// The words that are neither translated nor a name.
+    QString unmarked(QString text) const
+    {
+        static const QRegularExpression marked(QStringLiteral("\u27E6[^\u27E6\u27E7]*\u27E7"));
+        while (text.contains(marked))
+            text.remove(marked);
+        text.remove(QStringLiteral("<p>")).remove(QStringLiteral("</p>"));
+        for (const auto& card : services.cards.all())
+            text.remove(qString(card->displayName())).remove(qString(card->shownFile()));
+        for (const std::string_view name : playableSoundNames)
+            text.remove(qString(name));
+        for (const std::string& name : {longMessage, system.locale.relativeTime({}, {})})
+            text.remove(qString(name));
+        return text.remove(QRegularExpression(QStringLiteral("[^\\p{L}]")));
+    }
+    void expectMarked(const QString& text, const std::string& place) const
+    {
+        EXPECT_EQ(unmarked(text).toStdString(), "") << place << ": " << text.toStdString();
+    }
+    void expectMarked(const QWidget& widget, const std::string& place) const
+    {
+        for (const QString& text : {widget.windowTitle(), widget.accessibleName(),
+                                    widget.accessibleDescription(), widget.toolTip()})
+            expectMarked(text, place);
+        if (const auto* label = qobject_cast<const QLabel*>(&widget))
+            expectMarked(label->textFormat() == Qt::RichText ? QString() : label->text(), place);
+        if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
+            expectMarked(button->text(), place);
+        if (const auto* field = qobject_cast<const QLineEdit*>(&widget))
+            expectMarked(field->placeholderText(), place);
+        if (const auto* picker = qobject_cast<const QComboBox*>(&widget))
+            for (int i = 0; i < picker->count(); ++i)
+                expectMarked(picker->itemText(i), place);
+        for (const QAction* action : widget.actions())
+            expectMarked(action->text(), place);
+    }
+};
+
+TEST_F(InAPseudoLanguage, EveryWindowSaysNothingElse)
+{
+    system.files.full = true;
+    services.store.save(); // the panel and the settings say that it failed
+    UserInterface icon(fakes.interface);
+    icon.showIcon();
+    for (const QWidget* menu : QApplication::topLevelWidgets())
+        expectMarked(*menu, "icon");
+    forEach([this](const std::string& name, QWidget& window) {
+        expectMarked(window, name);
+        for (const QWidget* widget : window.findChildren<QWidget*>())
+            expectMarked(*widget, name);
+    });
+}
+
+TEST_F(InAPseudoLanguage, EveryAlertSaysNothingElse)
+{
+    services.notifications.configure();
+    for (const CanonicalEvent event : allCanonicalEvents) {
+        services.store.updateEvent(
+            event, [](EventSetting& setting) { setting.enabled = setting.showPopup = setting.speak = true; });
+        const EventPayload payload{.type = event, .provider = "claude", .cwd = "/srv/proj"};
+        services.router.handle(payload);
+        services.router.fireReminder(payload);
+    }
+    services.actions.testBanner();
+    ASSERT_EQ(system.center.posted.size(),
+              2 * allCanonicalEvents.size()); // one event is silent, one is a test
+    for (const NotificationRequest& banner : system.center.posted)
+        expectMarked(qString(banner.title + banner.body), "banner");
+    expectMarked(qString(system.center.category.actionTitle), "button of a banner");
+    ASSERT_FALSE(system.speech.spoken.empty());
+    for (const auto& utterance : system.speech.spoken)
+        expectMarked(qString(utterance.first), "speech");
+    for (const EventHistory::Entry& entry : services.history.entries())
+        expectMarked(fakes.words(entry.displayTitle()), "history");
 }
 
 INSTANTIATE_TEST_SUITE_P(In, EveryWindow,
