@@ -55,7 +55,7 @@ void NotificationService::refreshStatus()
         publish(AuthStatus::unavailable);
         return;
     }
-    center_.readPermission([this](NotificationPermission permission) { publish(authStatus(permission)); });
+    center_.readPermission([this](NotificationPermission permission) { publish(permission); });
 }
 
 void NotificationService::requestAuthorization()
@@ -65,7 +65,7 @@ void NotificationService::requestAuthorization()
         if (permission == NotificationPermission::notDetermined)
             center_.requestPermission([this] { refreshStatus(); });
         else
-            publish(authStatus(permission));
+            publish(permission);
     });
 }
 
@@ -82,6 +82,11 @@ bool NotificationService::post(const Phrase& title, const Phrase& body, const st
     if (term) request.userInfo.emplace(termKey, *term);
     center_.post(request);
     return true;
+}
+
+void NotificationService::publish(NotificationPermission permission)
+{
+    publish(center_.isAvailable() ? authStatus(permission) : AuthStatus::unavailable);
 }
 
 void NotificationService::publish(AuthStatus status)

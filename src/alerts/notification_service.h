@@ -42,6 +42,8 @@ public:
     void openSystemSettings() { center_.openSystemSettings(); }
 
 private:
+    /// The answer of the system, which may be late.
+    void publish(NotificationPermission permission);
     void publish(AuthStatus status);
     void respond(const NotificationResponse& response) const;
 

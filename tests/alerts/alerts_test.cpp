@@ -125,6 +125,10 @@ TEST_F(NotificationServiceTest, FollowsTheSystemAndTellsOfChangesOnly)
     EXPECT_FALSE(service.post(texts::finished, texts::finishedBody, std::nullopt, std::nullopt));
     EXPECT_TRUE(center.posted.empty());
     EXPECT_EQ(told, 2);
+    center.available = true;
+    center.beforeAnswer = [&] { center.available = false; }; // it ends while it is asked
+    center.changed();
+    EXPECT_EQ(service.status(), AuthStatus::unavailable);
 }
 
 TEST_F(NotificationServiceTest, AsksTheUserOnce)

@@ -16,7 +16,11 @@ public:
         respond = std::move(response);
     }
     void setCategory(const NotificationCategory& newCategory) override { category = newCategory; }
-    void readPermission(std::function<void(NotificationPermission)> done) override { done(permission); }
+    void readPermission(std::function<void(NotificationPermission)> done) override
+    {
+        if (beforeAnswer) beforeAnswer();
+        done(permission);
+    }
     void requestPermission(std::function<void()> done) override
     {
         ++requests;
@@ -28,6 +32,7 @@ public:
     void setChangeHandler(std::function<void()> newChanged) override { changed = std::move(newChanged); }
 
     bool available = true;
+    std::function<void()> beforeAnswer; ///< What the system does while it is asked.
     NotificationPermission permission = NotificationPermission::authorized;
     NotificationPermission userAnswers = NotificationPermission::authorized;
     int requests = 0;

@@ -173,11 +173,10 @@ void DbusNotificationCenter::proceed()
 
 void DbusNotificationCenter::answerReaders()
 {
-    const bool available = isAvailable();
-    switch_.read([available, readers = std::exchange(readers_, {})](bool off) {
-        const auto permission = !available ? NotificationPermission::unknown
-                                : off      ? NotificationPermission::denied
-                                           : NotificationPermission::authorized;
+    switch_.read([this, readers = std::exchange(readers_, {})](bool off) {
+        const auto permission = !isAvailable() ? NotificationPermission::unknown
+                                : off          ? NotificationPermission::denied
+                                               : NotificationPermission::authorized;
         for (const auto& done : readers)
             done(permission);
     });
