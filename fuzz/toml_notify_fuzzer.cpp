@@ -32,6 +32,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto ours = findNotify(with);
     require(ours.has_value());
     require(ours->in(with) == std::string(line) + "\n");
+    if (found) static_cast<void>(notifyStrings(found->in(toml)));
     require(withNotifyLine(with, ours, line) == with);
 
     const std::string without = withoutNotify(with, *ours);

@@ -853,5 +853,25 @@
         <source>%1, %2</source>
         <translation>%1, %2</translation>
     </message>
+    <message>
+        <source>The chimewell-hook helper lies in a folder with a line break in its name, where no agent can call it. Please move Chimewell to another folder.</source>
+        <translation>Das Hilfsprogramm chimewell-hook liegt in einem Ordner, dessen Name einen Zeilenumbruch enthält, und kann dort von keinem Agenten aufgerufen werden. Chimewell bitte in einen anderen Ordner verschieben.</translation>
+    </message>
+    <message>
+        <source>Codex calls Chimewell through a `notify` chain of your own in ~/.codex/config.toml, which Chimewell leaves as it is. To disconnect Codex, take chimewell-hook out of that chain yourself.</source>
+        <translation>Codex ruft Chimewell über eine eigene `notify`-Kette in ~/.codex/config.toml auf, die Chimewell unverändert lässt. Um Codex zu trennen, chimewell-hook dort von Hand aus der Kette nehmen.</translation>
+    </message>
+    <message>
+        <source>These hooks call a chimewell-hook at another place, which may be gone: alerts can get lost. Click Update Hooks, then restart your agent session.</source>
+        <translation>Diese Hooks rufen chimewell-hook an einem anderen Ort auf, wo es womöglich nicht mehr liegt: Hinweise können verloren gehen. Auf „Hooks aktualisieren“ klicken und danach die Agentensitzung neu starten.</translation>
+    </message>
+    <message>
+        <source>The test banner could not be shown: banners are unavailable in this build.</source>
+        <translation>Das Test-Banner konnte nicht angezeigt werden: In dieser Version sind Banner nicht verfügbar.</translation>
+    </message>
+    <message>
+        <source>The test banner could not be shown: no notification service is running.</source>
+        <translation>Das Test-Banner konnte nicht angezeigt werden: Es läuft kein Benachrichtigungsdienst.</translation>
+    </message>
 </context>
 </TS>

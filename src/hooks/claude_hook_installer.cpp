@@ -15,8 +15,8 @@ constexpr std::array<JSONHookInstaller::Event, 5> events = {{
     {"Stop", "finished"},
     {"Notification", "waiting_input"},
     {"SubagentStop", "subagent_finished"},
-    {"UserPromptSubmit", "user_acted"},
-    {"PostToolUse", "user_acted"},
+    {"UserPromptSubmit", "user_acted", true},
+    {"PostToolUse", "user_acted", true},
 }};
 
 }

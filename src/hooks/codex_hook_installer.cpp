@@ -7,15 +7,20 @@
 #include "values/provider.h"
 #include "values/texts.h"
 
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <vector>
+
 namespace chimewell {
 
 namespace {
 
 using Kind = HookInstallerError::Kind;
 
-std::unexpected<HookInstallerError> alreadyConfigured()
+std::unexpected<HookInstallerError> refused(Text reason)
 {
-    return std::unexpected(HookInstallerError{Kind::ioError, texts::notifyIsTaken});
+    return std::unexpected(HookInstallerError{Kind::ioError, reason});
 }
 
 std::unexpected<HookInstallerError> notUtf8(const std::filesystem::path& file)
@@ -24,11 +29,24 @@ std::unexpected<HookInstallerError> notUtf8(const std::filesystem::path& file)
         HookInstallerError{Kind::ioError, {texts::couldNotRead, {file.string(), texts::notUtf8}}});
 }
 
-/// Our notify lines, if the first notify setting is ours.
-std::optional<NotifyLines> findOurs(std::string_view toml)
+/// The first notify setting of a configuration.
+struct Notify {
+    NotifyLines lines;
+    std::vector<std::string> strings; ///< The program and its arguments.
+
+    bool isOurs() const
+    {
+        return !strings.empty() && std::filesystem::path(strings.front()).filename() == "chimewell-hook";
+    }
+    /// Whether another program is told of ours, to call it in its turn.
+    bool isUsersChain() const { return !isOurs() && std::ranges::any_of(strings, namesOurHelper); }
+};
+
+std::optional<Notify> readNotify(std::string_view toml)
 {
-    const auto found = findNotify(toml);
-    return found && namesOurHelper(found->in(toml)) ? found : std::nullopt;
+    const auto lines = findNotify(toml);
+    if (!lines) return std::nullopt;
+    return Notify{.lines = *lines, .strings = notifyStrings(lines->in(toml))};
 }
 
 }
@@ -47,31 +65,35 @@ HookInstaller::Result<std::string> CodexHookInstaller::withHooks(const Content& 
 {
     const std::string toml = content.value_or("");
     if (!isValidUtf8(toml)) return notUtf8(settingsFileURL());
-    const auto ours = findOurs(toml);
-    if (!ours && (findNotify(toml) || definesNotifyOtherwise(toml))) return alreadyConfigured();
-    if (!isValidUtf8(helper))
-        return std::unexpected(HookInstallerError{Kind::ioError, texts::couldNotEncodeToml});
-    return withNotifyLine(toml, ours, "notify = [" + tomlString(helper) + ", \"codex-notify\"]");
+    const auto notify = readNotify(toml);
+    if (notify && notify->isUsersChain()) return refused(texts::notifyIsChain);
+    const bool isTaken = notify ? !notify->isOurs() : definesNotifyOtherwise(toml);
+    if (isTaken) return refused(texts::notifyIsTaken);
+    if (!isValidUtf8(helper)) return refused(texts::couldNotEncodeToml);
+    const auto replaced = notify ? std::optional(notify->lines) : std::nullopt;
+    return withNotifyLine(toml, replaced, "notify = [" + tomlString(helper) + ", \"codex-notify\"]");
 }
 
 HookInstaller::Result<HookInstaller::Content>
 CodexHookInstaller::withoutHooks(const std::string& content) const
 {
     if (!isValidUtf8(content)) return notUtf8(settingsFileURL());
-    const auto ours = findOurs(content);
-    if (!ours) return Content();
-    return Content(withoutNotify(content, *ours));
+    const auto notify = readNotify(content);
+    if (notify && notify->isUsersChain()) return refused(texts::notifyIsChain);
+    if (!notify || !notify->isOurs()) return Content();
+    return Content(withoutNotify(content, notify->lines));
 }
 
-HookInstaller::Result<std::vector<std::string>> CodexHookInstaller::entries(const std::string& content) const
+HookInstaller::Result<HookInstaller::Findings> CodexHookInstaller::find(const std::string& content,
+                                                                        const std::string& helper) const
 {
     if (!isValidUtf8(content)) return notUtf8(settingsFileURL());
-    const auto ours = findOurs(content);
-    if (!ours) return std::vector<std::string>();
-    std::string lines(ours->in(content));
+    const auto notify = readNotify(content);
+    if (!notify || !notify->isOurs()) return Findings{.isUsersChain = notify && notify->isUsersChain()};
+    std::string lines(notify->lines.in(content));
     while (lines.ends_with('\n') || lines.ends_with('\r'))
         lines.pop_back();
-    return std::vector{lines};
+    return Findings{.entries = {lines}, .callOtherHelper = notify->strings.front() != helper};
 }
 
 }

@@ -3,18 +3,33 @@
 
 namespace chimewell {
 
+namespace {
+
+std::string quoted(const std::string& helper)
+{
+    std::string word = "\"";
+    for (const char c : helper) {
+        if (c == '"' || c == '$' || c == '`' || c == '\\') word += '\\';
+        word += c;
+    }
+    return word + '"';
+}
+
+}
+
 std::string hookCommandLine(const std::string& helper, std::string_view provider, std::string_view event)
 {
-    std::string line = "\"";
-    for (const char c : helper) {
-        if (c == '"' || c == '$' || c == '`' || c == '\\') line += '\\';
-        line += c;
-    }
-    line += "\" ";
+    std::string line = quoted(helper) + ' ';
     line += provider;
     line += ' ';
     line += event;
     return line;
+}
+
+bool runsHelper(std::string_view command, const std::string& helper)
+{
+    const std::string word = ' ' + helper + ' ';
+    return command.contains(quoted(helper)) || (' ' + std::string(command) + ' ').contains(word);
 }
 
 bool namesOurHelper(std::string_view command)

@@ -5,6 +5,7 @@
 #include "values/texts.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace chimewell {
@@ -53,15 +54,14 @@ HookInstaller::HookInstaller(Collaborators with, Description description)
 
 HookInstallStatus HookInstaller::status() const
 {
-    using Status = HookInstallStatus::Kind;
-    if (!isAvailable()) return {.kind = Status::comingSoon};
-    const auto file = read();
-    if (!file) return {.kind = Status::error, .message = file.error().description()};
-    const Content& content = *file;
-    if (!content) return {.kind = Status::notInstalled};
-    const auto present = entries(*content);
-    if (!present) return {.kind = Status::error, .message = present.error().description()};
-    return {.kind = present->empty() ? Status::notInstalled : Status::installed};
+    return lookAtFile(state()).status;
+}
+
+HookLook HookInstaller::look(const ProviderInstallState& record) const
+{
+    HookLook look = lookAtFile(record);
+    look.offersRestore = offersRestore();
+    return look;
 }
 
 HookInstaller::Result<ProviderInstallState> HookInstaller::install()
@@ -125,9 +125,14 @@ HookInstaller::Result<ProviderInstallState> HookInstaller::restore()
     return state();
 }
 
-bool HookInstaller::backupExists() const
+bool HookInstaller::offersRestore() const
 {
-    return oldestBackup(with_.files, file_).value_or(std::nullopt).has_value();
+    const auto oldest = oldestBackup(with_.files, file_).value_or(std::nullopt);
+    if (!oldest) return false;
+    // One that cannot be understood holds nothing of ours that we know; to try tells what is wrong with it.
+    const auto content = with_.files.read(*oldest);
+    const auto found = content ? find(*content, "") : Findings();
+    return !found || found->entries.empty();
 }
 
 HookInstaller::Result<std::vector<HookChange>> HookInstaller::changesByInstall() const
@@ -152,15 +157,33 @@ HookInstaller::Result<std::vector<HookChange>> HookInstaller::changesByUninstall
     return changes(before, after->has_value() ? *after : before);
 }
 
-bool HookInstaller::isUpdateDue(const ProviderInstallState& record) const
+HookLook HookInstaller::lookAtFile(const ProviderInstallState& record) const
 {
+    using Status = HookInstallStatus::Kind;
+    if (!isAvailable()) return {.status = {.kind = Status::comingSoon}};
     const auto file = read();
-    if (!file) return false;
+    if (!file) return {.status = {.kind = Status::error, .message = file.error().description()}};
     const Content& content = *file;
-    if (!content) return false;
-    const auto present = entries(*content);
-    if (!present || present->empty()) return false;
-    return record.hookVersion < hookVersion() || lacksEntries(*present);
+    HookLook look{.fingerprint = std::hash<Content>()(content)};
+    if (!content) return look;
+
+    const auto ourHelper = helper();
+    const auto found = find(*content, ourHelper.value_or(""));
+    if (!found) {
+        look.status = {.kind = Status::error, .message = found.error().description()};
+        return look;
+    }
+    look.isUsersChain = found->isUsersChain;
+    if (found->entries.empty() && !found->isUsersChain) return look;
+    look.status.kind = Status::installed;
+    if (found->isUsersChain || !ourHelper) return look; // an update could not be made
+    if (found->callOtherHelper)
+        look.update = HookUpdate::otherHelper;
+    else if (found->lackReminderHooks)
+        look.update = HookUpdate::reminderHooks;
+    else if (record.hookVersion < hookVersion())
+        look.update = HookUpdate::olderVersion;
+    return look;
 }
 
 HookInstallerError HookInstaller::unparseable() const
@@ -171,9 +194,10 @@ HookInstallerError HookInstaller::unparseable() const
 HookInstaller::Result<std::string> HookInstaller::helper() const
 {
     const auto path = helperPathOverride ? helperPathOverride : with_.resources.named(helperName);
+    if (!path) return std::unexpected(HookInstallerError{Kind::helperMissing});
     // A line break cannot stand in a shell command or in a line of TOML.
-    if (!path || path->native().find_first_of("\r\n") != std::string::npos)
-        return std::unexpected(HookInstallerError{Kind::helperMissing});
+    if (path->native().find_first_of("\r\n") != std::string::npos)
+        return std::unexpected(HookInstallerError{Kind::helperMissing, texts::helperPathHasLineBreak});
     return path->string();
 }
 
@@ -206,12 +230,12 @@ HookInstaller::Result<std::optional<std::string>> HookInstaller::backUp(const Co
 HookInstaller::Result<std::vector<HookChange>> HookInstaller::changes(const Content& before,
                                                                       const Content& after) const
 {
-    const auto entriesOf = [&](const Content& content) {
-        return content ? entries(*content) : Result<std::vector<std::string>>();
+    const auto findIn = [&](const Content& content) {
+        return content ? find(*content, "") : Result<Findings>();
     };
-    const auto old = entriesOf(before);
+    const auto old = findIn(before);
     if (!old) return std::unexpected(old.error());
-    const auto fresh = entriesOf(after);
+    const auto fresh = findIn(after);
     if (!fresh) return std::unexpected(fresh.error());
 
     std::vector<HookChange> changes;
@@ -220,8 +244,8 @@ HookInstaller::Result<std::vector<HookChange>> HookInstaller::changes(const Cont
         for (const std::string& entry : from)
             if (std::ranges::find(in, entry) == in.end()) changes.push_back({kind, entry});
     };
-    addMissing(*old, *fresh, HookChange::Kind::removed);
-    addMissing(*fresh, *old, HookChange::Kind::added);
+    addMissing(old->entries, fresh->entries, HookChange::Kind::removed);
+    addMissing(fresh->entries, old->entries, HookChange::Kind::added);
     return changes;
 }
 

@@ -4,6 +4,7 @@
 #include "hooks/hook_change.h"
 #include "hooks/hook_install_status.h"
 #include "hooks/hook_installer_error.h"
+#include "hooks/hook_look.h"
 #include "ports/agent_files.h"
 #include "ports/clock.h"
 #include "ports/resources.h"
@@ -57,36 +58,42 @@ public:
     std::optional<std::filesystem::path> helperPathOverride;
 
     HookInstallStatus status() const;
+    /// The status with what is to be offered, by one reading of the file.
+    HookLook look(const ProviderInstallState& record) const;
     /// Also brings the entries of an older build up to date.
     Result<ProviderInstallState> install();
     Result<ProviderInstallState> uninstall();
-    /// Puts the oldest backup, the one from before our first change, in the file's place.
+    /// Puts the oldest backup in the file's place, whatever it holds.
     Result<ProviderInstallState> restore();
-    bool backupExists() const;
 
     /// What `install` or `uninstall` would change now.
     Result<std::vector<HookChange>> changesByInstall() const;
     Result<std::vector<HookChange>> changesByUninstall() const;
-    /// Whether installing again would do the user good: what the record or the file says is not what this
-    /// build writes.
-    bool isUpdateDue(const ProviderInstallState& record) const;
 
 protected:
     /// The file's content; absent where there is no file.
     using Content = std::optional<std::string>;
 
+    /// What a file holds of ours.
+    struct Findings {
+        std::vector<std::string> entries = {}; ///< In the order of the file.
+        bool callOtherHelper = false;          ///< An entry that an install replaces does.
+        bool lackReminderHooks = false;
+        bool isUsersChain = false; ///< Then there are no entries.
+    };
+
     /// `content` with our entries for this helper, and without older ones.
     virtual Result<std::string> withHooks(const Content& content, const std::string& helper) const = 0;
     /// `content` without our entries; nothing when there are none.
     virtual Result<Content> withoutHooks(const std::string& content) const = 0;
-    /// Our entries in the order of the file.
-    virtual Result<std::vector<std::string>> entries(const std::string& content) const = 0;
-    /// Whether an entry is missing that this build writes, in a file that holds some of ours.
-    virtual bool lacksEntries(const std::vector<std::string>& present) const = 0;
+    /// `helper` is the one that an install would write.
+    virtual Result<Findings> find(const std::string& content, const std::string& helper) const = 0;
 
     HookInstallerError unparseable() const;
 
 private:
+    HookLook lookAtFile(const ProviderInstallState& record) const;
+    bool offersRestore() const;
     Result<std::string> helper() const;
     Result<Content> read() const;
     std::expected<void, ExchangeError> write(const Content& before, const std::string& after);

@@ -11,7 +11,7 @@ Phrase HookInstallerError::description() const
     case Kind::settingsUnparseable:
         return {texts::notJson, {detail}};
     case Kind::helperMissing:
-        return texts::helperMissing;
+        return detail == Phrase() ? Phrase(texts::helperMissing) : detail;
     case Kind::noBackup:
         return texts::noBackup;
     case Kind::ioError:

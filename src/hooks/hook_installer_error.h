@@ -12,7 +12,7 @@ struct HookInstallerError {
     enum class Kind : std::uint8_t { settingsUnparseable, ioError, helperMissing, noBackup };
 
     Kind kind = Kind::ioError;
-    Phrase detail = {}; ///< The file's path, or the whole message of an `ioError`; empty otherwise.
+    Phrase detail = {}; ///< The file's path, or the whole message where the kind does not tell it.
     bool operator==(const HookInstallerError&) const = default;
 
     /// The sentence that the user reads.

@@ -25,12 +25,6 @@ HookInstallerError notSerialised()
     return {HookInstallerError::Kind::ioError, texts::couldNotSerialize};
 }
 
-/// An event's array as it stands in the file begins so.
-std::string startOfLines(std::string_view event)
-{
-    return quoteJSON(event) + ": ";
-}
-
 }
 
 JSONHookInstaller::JSONHookInstaller(Collaborators with, Description description, Format format)
@@ -67,24 +61,23 @@ JSONHookInstaller::withoutHooks(const std::string& content) const
     return Content(std::move(*text));
 }
 
-HookInstaller::Result<std::vector<std::string>> JSONHookInstaller::entries(const std::string& content) const
+HookInstaller::Result<HookInstaller::Findings> JSONHookInstaller::find(const std::string& content,
+                                                                       const std::string& helper) const
 {
     const auto settings = parse(content);
     if (!settings) return std::unexpected(settings.error());
-    std::vector<std::string> list;
-    for (const FoundHook& hook :
-         findOurHooks(*settings, [this](const JSONValue& entry) { return isOurs(entry); }))
-        list.push_back(startOfLines(hook.event) + writeJSON(JSONValue::array(std::array{hook.entry})));
-    return list;
-}
-
-bool JSONHookInstaller::lacksEntries(const std::vector<std::string>& present) const
-{
-    return std::ranges::any_of(format_.events, [&](const Event& event) {
-        const std::string start = startOfLines(event.agentName);
-        return std::ranges::none_of(present,
-                                    [&](const std::string& entry) { return entry.starts_with(start); });
-    });
+    const IsOurHook isOurHook = [this](const JSONValue& entry) { return isOurs(entry); };
+    Findings found;
+    for (const FoundHook& hook : findOurHooks(*settings, isOurHook))
+        found.entries.push_back(quoteJSON(hook.event) + ": " +
+                                writeJSON(JSONValue::array(std::array{hook.entry})));
+    for (const Event& event : format_.events) {
+        const auto present = ourHooksOf(*settings, event.agentName, isOurHook);
+        if (event.endsReminders && present.empty()) found.lackReminderHooks = true;
+        for (const JSONValue& entry : present)
+            if (callsOtherHelper(entry, helper)) found.callOtherHelper = true;
+    }
+    return found;
 }
 
 HookInstaller::Result<JSONValue> JSONHookInstaller::parse(const std::string& content) const
@@ -103,6 +96,13 @@ HookInstaller::Result<std::string> JSONHookInstaller::serialise(const JSONValue&
 bool JSONHookInstaller::isOurs(const JSONValue& entry) const
 {
     return std::ranges::any_of(commands(entry), namesOurHelper);
+}
+
+bool JSONHookInstaller::callsOtherHelper(const JSONValue& entry, const std::string& helper) const
+{
+    return std::ranges::any_of(commands(entry), [&](const std::string& command) {
+        return namesOurHelper(command) && !runsHelper(command, helper);
+    });
 }
 
 }

@@ -19,6 +19,7 @@ public:
     struct Event {
         std::string_view agentName;
         std::string_view rawName;
+        bool endsReminders = false;
     };
     struct Format {
         std::span<const Event> events; ///< In the order in which they are written.
@@ -38,12 +39,12 @@ protected:
 private:
     Result<std::string> withHooks(const Content& content, const std::string& helper) const final;
     Result<Content> withoutHooks(const std::string& content) const final;
-    Result<std::vector<std::string>> entries(const std::string& content) const final;
-    bool lacksEntries(const std::vector<std::string>& present) const final;
+    Result<Findings> find(const std::string& content, const std::string& helper) const final;
 
     Result<JSONValue> parse(const std::string& content) const;
     Result<std::string> serialise(const JSONValue& settings) const;
     bool isOurs(const JSONValue& entry) const;
+    bool callsOtherHelper(const JSONValue& entry, const std::string& helper) const;
 
     Format format_;
 };

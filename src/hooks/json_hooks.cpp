@@ -86,6 +86,14 @@ std::optional<JSONValue> withoutOurHooks(const JSONValue& settings, const IsOurH
     return JSONValue::object(kept);
 }
 
+std::vector<JSONValue> ourHooksOf(const JSONValue& settings, std::string_view event, const IsOurHook& isOurs)
+{
+    const JSONValue hooks = settings.find(hooksKey).value_or(JSONValue());
+    std::vector<JSONValue> entries = hooks.find(event).value_or(JSONValue()).elements();
+    std::erase_if(entries, std::not_fn(isOurs));
+    return entries;
+}
+
 std::vector<FoundHook> findOurHooks(const JSONValue& settings, const IsOurHook& isOurs)
 {
     std::vector<FoundHook> found;

@@ -41,13 +41,16 @@ enum class EmptiedHooks : std::uint8_t { stay, go };
 std::optional<JSONValue> withoutOurHooks(const JSONValue& settings, const IsOurHook& isOurs,
                                          EmptiedHooks emptied);
 
+/// Our entries in the array of an event that the agent reads.
+std::vector<JSONValue> ourHooksOf(const JSONValue& settings, std::string_view event, const IsOurHook& isOurs);
+
 /// An entry of ours and the event it stands under.
 struct FoundHook {
     std::string event;
     JSONValue entry;
 };
 
-/// Our entries in the order of the file.
+/// Our entries in the order of the file, those that the agent does not read included.
 std::vector<FoundHook> findOurHooks(const JSONValue& settings, const IsOurHook& isOurs);
 
 }

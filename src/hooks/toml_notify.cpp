@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "hooks/toml_notify.h"
 
+#include "base/utf8.h"
+
 #include <algorithm>
+#include <charconv>
+#include <system_error>
 
 namespace chimewell {
 
@@ -87,6 +91,55 @@ std::size_t stringEnd(std::string_view toml, std::size_t at)
     return toml.size();
 }
 
+/// The character of an escape, whose backslash is gone already; nothing for a line that is continued.
+std::string takeEscapedCharacter(std::string_view& text)
+{
+    constexpr std::string_view letters = "btnfre";
+    constexpr std::string_view characters = "\b\t\n\f\r\x1B";
+    const char letter = text.front();
+    if (const auto at = letters.find(letter); at != std::string_view::npos) {
+        text.remove_prefix(1);
+        return {characters[at]};
+    }
+    if (const std::size_t digits = letter == 'x' ? 2 : letter == 'u' ? 4 : letter == 'U' ? 8 : 0) {
+        const std::string_view number = text.substr(1, digits);
+        std::uint32_t character = 0;
+        const auto read = std::from_chars(number.data(), number.data() + number.size(), character, 16);
+        text.remove_prefix(1 + number.size());
+        const bool isSurrogate = character >= 0xD800 && character <= 0xDFFF;
+        const bool isCharacter = read.ec == std::errc() && character <= 0x10FFFF && !isSurrogate;
+        return std::string(Utf8Character(isCharacter ? character : 0xFFFD).bytes());
+    }
+    if (constexpr std::string_view gap = " \t\r\n"; gap.contains(letter)) {
+        text.remove_prefix(std::min(text.find_first_not_of(gap), text.size()));
+        return {};
+    }
+    text.remove_prefix(1);
+    return {letter};
+}
+
+/// What a string in quotes says.
+std::string unquoted(std::string_view text)
+{
+    const char quote = text.front();
+    const std::string triple(3, quote);
+    const std::string quotes = text.starts_with(triple) ? triple : std::string(1, quote);
+    text.remove_prefix(quotes.size());
+    if (text.ends_with(quotes)) text.remove_suffix(quotes.size());
+    if (quotes == triple && !take(text, "\n")) take(text, "\r\n");
+    if (quote == '\'') return std::string(text);
+    std::string said;
+    while (!text.empty()) {
+        const char c = text.front();
+        text.remove_prefix(1);
+        if (c == '\\' && !text.empty())
+            said += takeEscapedCharacter(text);
+        else
+            said += c;
+    }
+    return said;
+}
+
 /// Where the statement that begins at `at` ends: behind the line feed that is inside no string, array or
 /// inline table.
 std::size_t statementEnd(std::string_view toml, std::size_t at)
@@ -137,6 +190,25 @@ std::optional<NotifyLines> findNotify(std::string_view toml)
         return found.has_value();
     });
     return found;
+}
+
+std::vector<std::string> notifyStrings(std::string_view setting)
+{
+    std::string_view value = withoutBlanks(setting);
+    takeNotifyKey(value);
+    std::vector<std::string> strings;
+    for (std::size_t at = 0; at < value.size();) {
+        if (value[at] == '"' || value[at] == '\'') {
+            const std::size_t end = stringEnd(value, at);
+            strings.push_back(unquoted(value.substr(at, end - at)));
+            at = end;
+        } else if (value[at] == '#') {
+            at = std::min(value.find('\n', at), value.size());
+        } else {
+            ++at;
+        }
+    }
+    return strings;
 }
 
 bool definesNotifyOtherwise(std::string_view toml)

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace chimewell {
 
@@ -24,6 +25,9 @@ struct NotifyLines {
 /// The first top-level notify setting. Nothing inside a string or an array that spans lines counts, nor
 /// anything behind the first table header.
 std::optional<NotifyLines> findNotify(std::string_view toml);
+
+/// The strings in the value of a notify setting, without their quotes and escapes.
+std::vector<std::string> notifyStrings(std::string_view setting);
 
 /// Whether the text defines `notify` in another way, as a table or by a dotted key: then another definition
 /// of it would make the text invalid.

@@ -41,9 +41,8 @@ std::string ProviderCard::shownFile() const
 
 void ProviderCard::refresh()
 {
-    status_ = with_.installer.status();
-    isUpdateDue_ = isInstalled() && with_.installer.isUpdateDue(record());
-    backupExists_ = with_.installer.backupExists();
+    look_ = with_.installer.look(record());
+    forgetOldMessages();
     subscribers_.notify();
 }
 
@@ -55,9 +54,9 @@ Subscription ProviderCard::onChange(std::function<void()> callback)
 StatusPill ProviderCard::pill() const
 {
     using Kind = StatusPill::Kind;
-    switch (status_.kind) {
+    switch (look_.status.kind) {
     case Status::installed:
-        if (isUpdateDue_) return {Kind::setupNeeded, texts::updateAvailable};
+        if (isUpdateDue()) return {Kind::setupNeeded, texts::updateAvailable};
         return {Kind::installed, texts::installed};
     case Status::error:
         return {Kind::setupNeeded, texts::error};
@@ -71,7 +70,7 @@ StatusPill ProviderCard::pill() const
 
 bool ProviderCard::canInstall() const
 {
-    return status_.kind == Status::notInstalled || status_.kind == Status::error;
+    return look_.status.kind == Status::notInstalled || look_.status.kind == Status::error;
 }
 
 std::optional<Text> ProviderCard::agentNote() const
@@ -87,8 +86,14 @@ std::optional<ProviderCard::Note> ProviderCard::notice() const
         return Note{"folder",
                     Tone::secondary,
                     {texts::nothingToReveal, {file().string(), std::string(displayName())}}};
-    if (isUpdateDue_) return Note{"arrow.triangle.2.circlepath", Tone::orange, texts::updateNotice};
-    if (record().installed && status_.kind == Status::notInstalled)
+    if (look_.isUsersChain) return Note{"info.circle", Tone::secondary, texts::notifyIsChain};
+    if (look_.update == HookUpdate::otherHelper)
+        return Note{"exclamationmark.triangle", Tone::orange, texts::otherHelperNotice};
+    // Claude Code's older entries are those without the ones for reminders.
+    if (look_.update == HookUpdate::reminderHooks ||
+        (look_.update == HookUpdate::olderVersion && providerId() == claudeProvider))
+        return Note{"arrow.triangle.2.circlepath", Tone::orange, texts::updateNotice};
+    if (record().installed && look_.status.kind == Status::notInstalled)
         return Note{"exclamationmark.triangle", Tone::orange, texts::hooksMissing};
     return std::nullopt;
 }
@@ -96,7 +101,7 @@ std::optional<ProviderCard::Note> ProviderCard::notice() const
 std::optional<Phrase> ProviderCard::errorMessage() const
 {
     if (failure_) return failure_;
-    return status_.kind == Status::error ? std::optional(status_.message) : std::nullopt;
+    return look_.status.kind == Status::error ? std::optional(look_.status.message) : std::nullopt;
 }
 
 Confirmation ProviderCard::confirmation(PendingAction action) const
@@ -143,7 +148,10 @@ Confirmation ProviderCard::confirmation(PendingAction action) const
 
 void ProviderCard::perform(PendingAction action)
 {
-    if (isSettling()) return;
+    if (isSettling()) {
+        waiting_ = action;
+        return;
+    }
     clearMessages();
     const auto done = run(action);
     if (done) {
@@ -152,11 +160,9 @@ void ProviderCard::perform(PendingAction action)
     } else {
         failure_ = done.error().description();
     }
-    settling_ = with_.timers.once(settlingTime, [this] {
-        settling_.reset();
-        subscribers_.notify();
-    });
-    refresh();
+    look_ = lookAfterAction_ = with_.installer.look(record());
+    settling_ = with_.timers.once(settlingTime, [this] { settle(); });
+    subscribers_.notify();
 }
 
 std::optional<std::filesystem::path> ProviderCard::fileToReveal()
@@ -172,6 +178,25 @@ void ProviderCard::clearMessages()
     infoMessage_.reset();
     failure_.reset();
     nothingToReveal_ = false;
+}
+
+void ProviderCard::settle()
+{
+    settling_.reset();
+    if (const auto action = std::exchange(waiting_, std::nullopt))
+        perform(*action);
+    else
+        subscribers_.notify();
+}
+
+void ProviderCard::forgetOldMessages()
+{
+    const bool isOtherState =
+        look_.status != lookAfterAction_.status || look_.update != lookAfterAction_.update;
+    if (isOtherState) infoMessage_.reset();
+    // An agent that writes other settings does not undo a success, but a failure may be over.
+    if (isOtherState || look_.fingerprint != lookAfterAction_.fingerprint) failure_.reset();
+    nothingToReveal_ = nothingToReveal_ && !with_.files.kind(file());
 }
 
 HookInstaller::Result<ProviderInstallState> ProviderCard::run(PendingAction action)

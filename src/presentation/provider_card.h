@@ -81,17 +81,17 @@ public:
 
     bool isAvailable() const { return with_.installer.isAvailable(); }
     StatusPill pill() const;
-    bool isInstalled() const { return status_.kind == HookInstallStatus::Kind::installed; }
-    bool isUpdateDue() const { return isUpdateDue_; }
-    /// Nothing can be done for a second after an action: the backup of another one in the same second would
+    bool isInstalled() const { return look_.status.kind == HookInstallStatus::Kind::installed; }
+    bool isUpdateDue() const { return look_.update.has_value(); }
+    /// Nothing is done for a second after an action: the backup of another one in the same second would
     /// take the name, and so the place, of the one before.
     bool isSettling() const { return settling_ != nullptr; }
     static constexpr std::chrono::seconds settlingTime{1};
 
     /// Also offered for a file with an error: trying says what is wrong.
     bool canInstall() const;
-    bool canUninstall() const { return isInstalled(); }
-    bool canRestore() const { return backupExists_; }
+    bool canUninstall() const { return isInstalled() && !look_.isUsersChain; }
+    bool canRestore() const { return look_.offersRestore; }
     /// What is to be known of this agent; nothing for most.
     std::optional<Text> agentNote() const;
     /// What is to be known of this file.
@@ -100,8 +100,8 @@ public:
     std::optional<Phrase> errorMessage() const;
 
     Confirmation confirmation(PendingAction action) const;
-    /// Once the question was answered with yes. The record of the outcome is stored. Does nothing while
-    /// settling.
+    /// Once the question was answered with yes. The record of the outcome is stored. While settling, the
+    /// latest action waits.
     void perform(PendingAction action);
 
     /// The file to show in the file manager; nothing, with a notice, where there is none yet.
@@ -111,16 +111,19 @@ public:
 
 private:
     HookInstaller::Result<ProviderInstallState> run(PendingAction action);
+    void settle();
+    /// Takes back the messages about what is so no longer.
+    void forgetOldMessages();
     ProviderInstallState record() const;
 
     Collaborators with_;
-    HookInstallStatus status_;
-    bool isUpdateDue_ = false;
-    bool backupExists_ = false;
+    HookLook look_;
+    HookLook lookAfterAction_; ///< What the messages are about.
     bool nothingToReveal_ = false;
     std::optional<Text> infoMessage_;
     std::optional<Phrase> failure_; ///< Of the last action.
     std::unique_ptr<Timer> settling_;
+    std::optional<PendingAction> waiting_;
     Subscribers subscribers_;
 };
 

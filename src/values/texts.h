@@ -65,10 +65,16 @@ inline constexpr auto notJson =
 inline constexpr auto helperMissing =
     Text("The bundled chimewell-hook helper could not be found inside the app bundle.")
         .onLinux("The chimewell-hook helper could not be found. Please install Chimewell again.");
+inline constexpr auto helperPathHasLineBreak =
+    Text("The chimewell-hook helper lies in a folder with a line break in its name, where no agent can call "
+         "it. Please move Chimewell to another folder.");
 inline constexpr auto noBackup = Text("No Chimewell backup was found to restore from.");
 inline constexpr auto notifyIsTaken =
     Text("Codex supports only a single `notify` program, and ~/.codex/config.toml already has one "
          "configured. Remove it (or chain Chimewell into it) first, then install again.");
+inline constexpr auto notifyIsChain = Text(
+    "Codex calls Chimewell through a `notify` chain of your own in ~/.codex/config.toml, which Chimewell "
+    "leaves as it is. To disconnect Codex, take chimewell-hook out of that chain yourself.");
 inline constexpr auto couldNotSave = Text("Failed to save settings: %1");
 inline constexpr auto couldNotLaunchAtLogin = Text("Launch at login could not be changed: %1");
 inline constexpr auto notUtf8 = Text("The file is not valid UTF-8.");
@@ -172,6 +178,9 @@ inline constexpr auto cursorNote = Text("Cursor alerts you when the agent finish
 inline constexpr auto updateNotice = Text(
     "An update adds the hook that powers ‘keep reminding me’. Click Update Hooks, then restart your agent "
     "session.");
+inline constexpr auto otherHelperNotice =
+    Text("These hooks call a chimewell-hook at another place, which may be gone: alerts can get lost. Click "
+         "Update Hooks, then restart your agent session.");
 inline constexpr auto hooksMissing = Text("Hooks are missing from this file. Install them again.");
 inline constexpr auto updateHooks = Text("Update Hooks");
 inline constexpr auto uninstall = Text("Uninstall");
@@ -231,6 +240,9 @@ inline constexpr auto testBanner = Text("Test banner permission");
 inline constexpr auto bannersOff =
     Text("Banners are turned off in System Settings — sound and voice still work.")
         .onLinux("Banners are turned off in your desktop's settings — sound and voice still work.");
+inline constexpr auto testBannerNotShown =
+    Text("The test banner could not be shown: banners are unavailable in this build.")
+        .onLinux("The test banner could not be shown: no notification service is running.");
 inline constexpr auto sampleTooltip = Text("Runs a real ‘finished’ event through sound, voice, and banner — "
                                            "respects your Events settings and Mute All.");
 inline constexpr auto setup = Text("Setup");

@@ -69,8 +69,8 @@ bool act(HookInstaller& installer, std::string_view action)
     if (action == "status") return report(installer.status());
     if (action == "changes-by-install") return report(installer.changesByInstall());
     if (action == "changes-by-uninstall") return report(installer.changesByUninstall());
-    if (action == "backup-exists") {
-        say(installer.backupExists() ? "yes" : "no");
+    if (action == "offers-restore") {
+        say(installer.look({}).offersRestore ? "yes" : "no");
         return true;
     }
     return action == "nothing";

@@ -9,7 +9,9 @@
 #include <gtest/gtest.h>
 
 #include <optional>
+#include <regex>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace chimewell::test {
@@ -36,6 +38,10 @@ protected:
         write(before);
         const auto result = installer.uninstall();
         return result ? content().value_or("") : english(result.error().description());
+    }
+    HookLook look(std::int64_t recorded = 0) const
+    {
+        return installer.look({.providerId = "", .hookVersion = recorded});
     }
 
     MemoryFiles files;
@@ -89,7 +95,7 @@ TEST_F(ClaudeHookInstallerTest, MakesTheFileAndItsFolder)
                                             .installedAt = time.now(),
                                             .settingsPath = "/home/me/.claude/settings.json",
                                             .hookVersion = 3}));
-    EXPECT_FALSE(installer.backupExists());
+    EXPECT_FALSE(look().offersRestore);
     EXPECT_EQ(installer.status().kind, HookInstallStatus::Kind::installed);
 }
 
@@ -152,9 +158,12 @@ TEST_F(ClaudeHookInstallerTest, EscapesTheHelpersPathForTheShell)
         << *content();
     for (const char* path : {"/a\nb/chimewell-hook", "/a\rb/chimewell-hook"}) {
         installer.helperPathOverride = path;
-        EXPECT_EQ(installed("{}"),
-                  "The bundled chimewell-hook helper could not be found inside the app bundle.");
+        EXPECT_EQ(
+            installed("{}"),
+            "The chimewell-hook helper lies in a folder with a line break in its name, where no agent can "
+            "call it. Please move Chimewell to another folder.");
     }
+    EXPECT_EQ(installer.install().error().kind, HookInstallerError::Kind::helperMissing);
     installer.helperPathOverride.reset();
     resources.helper.reset();
     EXPECT_EQ(installer.install().error().kind, HookInstallerError::Kind::helperMissing);
@@ -176,7 +185,10 @@ TEST_F(ClaudeHookInstallerTest, RestoresTheOldestBackup)
     ASSERT_TRUE(state);
     EXPECT_FALSE(state->installed);
     EXPECT_EQ(content(), original);
-    EXPECT_TRUE(installer.backupExists());
+    EXPECT_TRUE(look().offersRestore);
+    files.contents["/home/me/.claude/settings.json.chimewell-backup-2025"] = claudeFile();
+    EXPECT_FALSE(look().offersRestore);
+    EXPECT_TRUE(installer.restore() && content() == claudeFile());
 }
 
 TEST_F(ClaudeHookInstallerTest, SaysWhatFailed)
@@ -226,12 +238,34 @@ TEST_F(ClaudeHookInstallerTest, TellsWhatWouldChange)
     EXPECT_EQ(install->at(1).kind, HookChange::Kind::added);
     EXPECT_EQ(install->at(1).entry.find("\"Stop\": [\n  {\n    \"matcher\": \"\","), 0u);
 
-    EXPECT_TRUE(installer.isUpdateDue({.providerId = "claude", .hookVersion = 3})); // four events are missing
     ASSERT_TRUE(installer.install());
-    EXPECT_FALSE(installer.isUpdateDue({.providerId = "claude", .hookVersion = 3}));
-    EXPECT_TRUE(installer.isUpdateDue({.providerId = "claude", .hookVersion = 2}));
     EXPECT_TRUE(installer.changesByInstall()->empty());
     EXPECT_EQ(installer.changesByUninstall()->size(), 5u);
+}
+
+TEST_F(ClaudeHookInstallerTest, AnUpdateIsDueOnlyWhereItDoesGood)
+{
+    const auto none = std::optional<HookUpdate>();
+    const std::tuple<const char*, const char*, int, std::optional<HookUpdate>> cases[] = {
+        {"", "", 3, none},
+        {"", "", 2, HookUpdate::olderVersion},
+        {"Stop", "Mine", 3, none}, // on purpose
+        {"UserPromptSubmit", "Mine", 3, HookUpdate::reminderHooks},
+        {"PostToolUse", "Mine", 2, HookUpdate::reminderHooks},
+        {"/opt/(.*finished)", "/old/$1", 2, HookUpdate::otherHelper},
+        {R"(\\"(/opt/[^\\]*)\\"(.*finished))", "$1$2 &", 3, none}, // the same helper as the user wrote it
+        {R"("hooks": \{)", R"("hooks": {"Mine": [{"hooks": [{"command": "/old/chimewell-hook"}]}],)", 3,
+         none},
+        {R"("Stop")", R"("Stop": [{"hooks": [{"command": "/old/chimewell-hook"}]}], "Stop")", 3,
+         none}, // unread
+    };
+    for (const auto& [replaced, by, recorded, due] : cases) {
+        write(std::regex_replace(claudeFile(), std::regex(replaced), by));
+        EXPECT_EQ(installer.status().kind, HookInstallStatus::Kind::installed) << *content();
+        EXPECT_EQ(look(recorded).update, due) << *content();
+    }
+    resources.helper.reset();
+    EXPECT_EQ(look().update, std::nullopt);
 }
 
 TEST_F(CursorHookInstallerTest, WritesTheDocumentedForm)
@@ -259,6 +293,8 @@ TEST_F(CursorHookInstallerTest, WritesTheDocumentedForm)
     EXPECT_LT(text.find("mine"), text.find("cursor finished"));
     EXPECT_NE(text.find("\"version\": 2"), std::string::npos);
     EXPECT_EQ(installed(text), text);
+    write(R"({"hooks":{"stop":[{"command":"/opt/chimewell-hook cursor finished"}]}})");
+    EXPECT_EQ(look(1).update, std::nullopt); // the other one is not missed
 }
 
 constexpr char ours[] = "notify = [\"/opt/chimewell-hook\", \"codex-notify\"]\n";
@@ -292,6 +328,8 @@ TEST_F(CodexHookInstallerTest, EditsItsOwnLineAlone)
         {"notify=[\n  \"/old/chimewell-hook\", # x ]\n  \"codex-notify\",\n]\nb = 2\n", line + "b = 2\n",
          "b = 2\n"},
         {"\"notify\" = [\"chimewell-hook\"]\n", line, ""},
+        {"notify = [ # x\n  '/old/chimewell-hook', 'other']\n", line, ""},
+        {"notify = [\"\"\"\n/old/\\u0063hime\\\n  well-hook\"\"\"]\n", line, ""},
         {"text = \"\"\"\nnotify = [\"other\"]\n[x]\n\"\"\"\n",
          line + "text = \"\"\"\nnotify = [\"other\"]\n[x]\n\"\"\"\n",
          "text = \"\"\"\nnotify = [\"other\"]\n[x]\n\"\"\"\n"},
@@ -299,6 +337,8 @@ TEST_F(CodexHookInstallerTest, EditsItsOwnLineAlone)
          "list = [\n[1],\nnotify = 2\n]\n" + line, "list = [\n[1],\nnotify = 2\n]\n"},
     };
     for (const auto& c : cases) {
+        write(c.before);
+        EXPECT_EQ(look(1).update.has_value(), c.before.contains("-hook"));
         EXPECT_EQ(installed(c.before), c.after) << c.before;
         EXPECT_EQ(installed(c.after), c.after) << c.before;
         EXPECT_EQ(uninstalled(c.after), c.uninstalled) << c.before;
@@ -309,8 +349,9 @@ TEST_F(CodexHookInstallerTest, EditsItsOwnLineAlone)
 TEST_F(CodexHookInstallerTest, NeverTouchesAnotherNotifyProgram)
 {
     for (const std::string before :
-         {"notify = [\"other\"]\n", "a = 1\n'notify' = [\"other\"]\n", "text = '''\n''' \nnotify=1\n",
-          "notify.program = \"other\"\n", "[notify]\nx = 1\n", "[a]\n[[notify]]\n", "[ \"notify\" . x ]\n"}) {
+         {"notify = [\"other\"] # no chimewell-hook\n", "a = 1\n'notify' = [\"other\"]\n",
+          "text = '''\n''' \nnotify=1\n", "notify.program = \"other\"\n", "[notify]\nx = 1\n",
+          "[a]\n[[notify]]\n", "[ \"notify\" . x ]\n"}) {
         EXPECT_EQ(installed(before), taken) << before;
         EXPECT_EQ(content(), before);
         EXPECT_EQ(uninstalled(before), before);
@@ -320,10 +361,26 @@ TEST_F(CodexHookInstallerTest, NeverTouchesAnotherNotifyProgram)
     EXPECT_EQ(files.contents.size(), 1u); // never a backup
 }
 
+TEST_F(CodexHookInstallerTest, LeavesAChainOfTheUsersAlone)
+{
+    for (const std::string before :
+         {"notify = [\"/home/u/chain.sh\", \"x\", \"/opt/chimewell-hook\", \"codex-notify\"]\n",
+          "notify = [ # mine\n  '/home/u/chimewell-hook/chain.sh',\n]\n"}) {
+        for (const std::string& said : {installed(before), uninstalled(before)})
+            EXPECT_EQ(said.find("Codex calls Chimewell through a `notify` chain of your own"), 0u) << said;
+        EXPECT_EQ(content(), before);
+        EXPECT_EQ(look().status.kind, HookInstallStatus::Kind::installed);
+        EXPECT_TRUE(look().isUsersChain && !look().update) << before;
+        files.contents[installer.settingsFileURL().string() + ".chimewell-backup-2025"] = before;
+        EXPECT_TRUE(look().offersRestore); // an older build may have replaced it
+    }
+}
+
 TEST_F(CodexHookInstallerTest, EscapesTheHelpersPathForToml)
 {
     installer.helperPathOverride = "C:\\a\"b\x01/chimewell-hook";
     EXPECT_EQ(installed(""), "notify = [\"C:\\\\a\\\"b\\u0001/chimewell-hook\", \"codex-notify\"]\n");
+    EXPECT_EQ(look(1).update, std::nullopt);
 }
 
 }

@@ -116,7 +116,7 @@ class HostileDisks(InstallerTest):
         home = self.on_disk(ORIGINAL, "size=1m")
         subprocess.run(["mount", "-o", "remount,bind,ro", home.folder], check=True)
         before = home.picture()
-        self.assertEqual(home.run("status", "uninstall", "backup-exists"), ["not installed", "ok", "yes"])
+        self.assertEqual(home.run("status", "uninstall", "offers-restore"), ["not installed", "ok", "no"])
         self.assertEqual(home.picture(), before)
 
     def test_a_file_that_is_a_mount_point(self):

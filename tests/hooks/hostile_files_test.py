@@ -51,7 +51,6 @@ class HostileFiles(InstallerTest):
                 ("claude", b"", "uninstall", HELPER, UNPARSEABLE),
                 ("cursor", b'{"caf\xe9": 1}', "status", HELPER, UNPARSEABLE),
                 ("claude", ORIGINAL, "install", "", NO_HELPER),
-                ("codex", None, "changes-by-install", "/two\nlines/chimewell-hook", NO_HELPER),
                 ("cursor", b"{}", "restore", HELPER, NO_BACKUP),
                 ("codex", b"notify = ['other']\n", "install", HELPER, SECOND_NOTIFY),
                 ("codex", b"model = 'x'\n", "install", latin1, "Could not encode config.toml."),
@@ -144,7 +143,7 @@ class HostileFiles(InstallerTest):
         home = self.fresh(None)
         os.removedirs(home.folder)
         self.refuses(home, "restore", NO_BACKUP)
-        self.assertEqual(home.run("uninstall", "status", "backup-exists"), ["ok", "not installed", "no"])
+        self.assertEqual(home.run("uninstall", "status", "offers-restore"), ["ok", "not installed", "no"])
         self.assertEqual(home.picture(), {})
         self.assertEqual(home.run("install", umask=0), ["ok"])
         self.is_installed(home, b"{}")

@@ -122,7 +122,7 @@ class KeptFiles(InstallerTest):
                     if make:
                         make(home.backup(FIRST))
                         write(home.backup(SECOND), ORIGINAL)
-                    self.assertEqual(home.run("backup-exists"), ["yes" if make else "no"])
+                    self.assertEqual(home.run("offers-restore"), ["yes" if make else "no"])
                     if isinstance(expected, str):
                         self.refuses(home, "restore", expected)
                         continue

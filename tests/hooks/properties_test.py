@@ -314,8 +314,7 @@ class Toml(Maker):
     """Makes a valid file and knows its pieces: `head`, the statement that sets `notify` at the top level, if
     there is one, and `tail`. `kind` tells whose that is: "none", "ours", "foreign" or "table"."""
     OURS = ('["/old/chimewell-hook", "codex-notify"]', '"chimewell-hook"', "[ '/a b/chimewell-hook' , ]",
-            '[\n  "/old/chimewell-hook", # ] "\n\n  "codex-notify",\n]', '["""\n/old"]\nchimewell-hook"""]',
-            '[["x"], [\n"chimewell-hook"]]', '{ a = "[", b = "chimewell-hook" }')
+            '[\n  "/old/chimewell-hook", # ] "\n\n  "codex-notify",\n]', '["""\n/old"]\n/chimewell-hook"""]')
     FOREIGN = ('["other"]', '"prog"', "[]", '[ # it\n  "notify-send",\n]', "{ a = 1 }", "5", "'''\nx'''")
     KEYS = ("notify", '"notify"', "'notify'", r'"\u006eotify"', r'"notif\U00000079"')
     TABLES = ("{}.program = 'x'\n", ' {}\t. "a b" = 1\n', "{}.x.y = []\n", "[{}]\n", "[[{}]]\nx = 1\n",
@@ -457,32 +456,6 @@ class Helpers(Properties):
 
     def test_every_shell_runs_the_very_helper(self):
         self.each("claude", 20, self.check_case)
-
-
-class Refusals(Properties):
-    def test_leave_everything_as_it_was(self):
-        missing = "The bundled chimewell-hook helper could not be found inside the app bundle."
-        deep = b'{"a":' + b"[" * 100_000 + b"]" * 100_000 + b"}"
-        install, reading = ["install", "changes-by-install"], ["install", "uninstall", "status"]
-        cases = [("codex", b"a = '\xff'\n", HELPER, "config.toml: The file is not valid UTF-8.", reading),
-                 ("codex", b"", b"/\xff/chimewell-hook", "Could not encode config.toml.", install)]
-        for agent in FILES:
-            cases += [(agent, content, helper, missing, install)
-                      for content in (None, b"")
-                      for helper in ("", "/a\n/chimewell-hook", "/\r/chimewell-hook")]
-            cases.append((agent, None, HELPER, "No Chimewell backup was found to restore from.", ["restore"]))
-        for agent in EVENTS:
-            cases += [(agent, content, HELPER, BROKEN, reading)
-                      for content in (b"", b" ", b"\xef\xbb\xbf{}", b"{}\xff", b"{'a': 1}", b"{},")]
-            cases.append((agent, b"{}", b"/\xff/chimewell-hook", "Could not serialize settings.", install))
-            cases.append((agent, deep, HELPER, "Could not serialize settings.", ["install"]))
-        for agent, content, helper, message, actions in cases:
-            with (self.subTest(agent=agent, content=content and content[:20], helper=helper),
-                  tempfile.TemporaryDirectory() as folder):
-                home = Home(folder, agent)
-                if content is not None:
-                    home.write(content)
-                self.assert_refused(home, message, *actions, helper=helper)
 
 
 if __name__ == "__main__":

@@ -88,12 +88,15 @@ TEST_F(ProviderCardTest, TheOriginalsBackupIsNotReplacedWithinItsSecond)
     ProviderCard& claude = card("claude");
     claude.perform(PendingAction::install);
     EXPECT_TRUE(claude.isSettling());
-    claude.perform(PendingAction::uninstall); // a second click
+    claude.perform(PendingAction::update);
+    claude.perform(PendingAction::uninstall);
     EXPECT_TRUE(claude.isInstalled());
     int changes = 0;
     const Subscription subscription = claude.onChange([&] { ++changes; });
     system.time.advance(ProviderCard::settlingTime);
+    EXPECT_FALSE(claude.isInstalled()); // the latest wish
     EXPECT_EQ(changes, 1);
+    system.time.advance(ProviderCard::settlingTime);
     perform(claude, PendingAction::restore);
     EXPECT_EQ(file("claude"), "{}\n");
 }
@@ -111,7 +114,19 @@ TEST_F(ProviderCardTest, OffersAnUpdateAndSaysWhenHooksAreGone)
     EXPECT_EQ(english(claude.pill().text), "Installed");
     EXPECT_EQ(notice(claude), "");
 
-    file("claude") = "{}"; // the agent wrote what it remembered
+    services.installers.find("claude")->helperPathOverride = "/new/chimewell-hook";
+    claude.refresh();
+    EXPECT_EQ(claude.infoMessage(), std::nullopt); // "Installed …" is not all any more
+    EXPECT_NE(notice(claude).find("at another place"), std::string::npos);
+    perform(claude, PendingAction::update);
+    EXPECT_EQ(notice(claude), "");
+
+    file("claude") += "\n"; // the agent wrote other settings
+    const int reads = system.files.reads;
+    claude.refresh();
+    EXPECT_EQ(system.files.reads, reads + 2); // the file and its oldest backup
+    EXPECT_NE(claude.infoMessage(), std::nullopt);
+    file("claude") = "{}"; // and what it remembered
     claude.refresh();
     EXPECT_EQ(english(claude.pill().text), "Not installed");
     EXPECT_EQ(notice(claude), "Hooks are missing from this file. Install them again.");
@@ -128,8 +143,12 @@ TEST_F(ProviderCardTest, ShowsTheInstallersWordsAndKeepsTheStatus)
     EXPECT_EQ(english(codex.pill().text), "Not installed");
     EXPECT_FALSE(record("codex").installed);
     file("codex") = "";
-    perform(codex, PendingAction::install);
+    codex.refresh();
     EXPECT_EQ(codex.errorMessage(), std::nullopt);
+    file("codex") = "notify = [\"chain\", \"chimewell-hook\"]\n";
+    codex.refresh();
+    EXPECT_FALSE(codex.canInstall() || codex.isUpdateDue() || codex.canUninstall());
+    EXPECT_NE(notice(codex).find("chain of your own"), std::string::npos);
 
     file("cursor") = "{";
     ProviderCard& cursor = card("cursor");
@@ -148,7 +167,8 @@ TEST_F(ProviderCardTest, RevealsTheFileOrSaysThatThereIsNone)
     EXPECT_EQ(notice(cursor),
               "Nothing to reveal yet — /home/me/.cursor/hooks.json doesn’t exist. It’s created when "
               "you Install (Cursor may not be set up on this Mac).");
-    perform(cursor, PendingAction::install);
+    file("cursor") = "{}";
+    cursor.refresh();
     EXPECT_EQ(notice(cursor), "");
     EXPECT_EQ(cursor.fileToReveal(), "/home/me/.cursor/hooks.json");
 }

@@ -14,6 +14,7 @@ class MemoryFiles : public AgentFiles {
 public:
     std::expected<std::string, FileError> read(const std::filesystem::path& file) override
     {
+        ++reads;
         if (unreadable) return std::unexpected(FileError{.description = std::string("Input/output error")});
         const auto found = contents.find(file);
         if (found == contents.end())
@@ -78,6 +79,7 @@ public:
 
     std::map<std::filesystem::path, std::string> contents;
     std::set<std::filesystem::path> folders;
+    int reads = 0;
     int writes = 0;
     std::function<void()> beforeExchange; ///< The agent may use this moment to write.
     bool unreadable = false;
