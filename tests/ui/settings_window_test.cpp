@@ -292,6 +292,11 @@ TEST_F(SettingsWindowTest, GeneralTellsWhatGoesWrong)
     EXPECT_FALSE(shows(off));
     click("Test banner permission");
     EXPECT_TRUE(shows(off));
+    system.center.available = false;
+    click("Test banner permission");
+    EXPECT_TRUE(shows("The test banner could not be shown: no notification service is running."));
+    EXPECT_FALSE(find("Open Notification Settings"));
+    system.center.available = true;
     system.center.permission = NotificationPermission::authorized;
     fakes.services.notifications.refreshStatus();
     EXPECT_FALSE(shows(off));

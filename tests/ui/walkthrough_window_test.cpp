@@ -176,13 +176,13 @@ TEST_F(WalkthroughWindowTest, FollowsAgentsAndPermissionWhenTheUserComesBack)
     window->show(OnboardingStep::notifications);
     EXPECT_TRUE(shows("Denied — sound will still play"));
     EXPECT_TRUE(button("Open Notification Settings"));
-    EXPECT_FALSE(button("Allow Notifications"));
+    EXPECT_TRUE(button("Allow Notifications") && !button("Allow Notifications")->isEnabled());
     system.center.permission = NotificationPermission::notDetermined;
     fakes.services.notifications.refreshStatus();
     click("Allow Notifications");
     EXPECT_EQ(system.center.requests, 1);
     EXPECT_TRUE(shows("Allowed"));
-    EXPECT_FALSE(button("Allow Notifications"));
+    EXPECT_TRUE(button("Allow Notifications") && !button("Allow Notifications")->isEnabled());
     window->show(OnboardingStep::installHooks);
     EXPECT_TRUE(shows("is not valid JSON"));
 }

@@ -70,20 +70,24 @@ QWidget* DiagnosticsSection::makeTests()
 
 QWidget* DiagnosticsSection::makeExplanation()
 {
-    auto* note = new Note(TextStyle::subheadline);
-    note->setNote("bell.slash", Tone::orange, services_.words(texts::bannersOff));
-    auto* open = makeButton(services_.words(texts::openSystemSettings));
-    connect(open, &QPushButton::clicked, this, [this] { services_.notifications.openSystemSettings(); });
+    reason_ = new Note(TextStyle::subheadline);
+    open_ = makeButton(services_.words(texts::openSystemSettings));
+    connect(open_, &QPushButton::clicked, this, [this] { services_.notifications.openSystemSettings(); });
     auto* row = new QWidget;
     auto* layout = new QVBoxLayout(row);
     layout->setContentsMargins(inRow(cardEdge), scaled(10) + 1, inRow(cardEdge), scaled(10));
-    layout->addLayout(new RowLayout(note, open));
+    layout->addLayout(new RowLayout(reason_, open_));
     return row;
 }
 
 void DiagnosticsSection::showStatus()
 {
-    explanation_->setVisible(didRunBannerTest_ && services_.notifications.status() == AuthStatus::denied);
+    const AuthStatus status = services_.notifications.status();
+    const bool isDenied = status == AuthStatus::denied;
+    reason_->setNote("bell.slash", Tone::orange,
+                     services_.words(isDenied ? texts::bannersOff : texts::testBannerNotShown));
+    open_->setVisible(isDenied);
+    explanation_->setVisible(didRunBannerTest_ && (isDenied || status == AuthStatus::unavailable));
 }
 
 }

@@ -6,7 +6,11 @@
 
 #include <QWidget>
 
+class QPushButton;
+
 namespace chimewell {
+
+class Note;
 
 /// Lets the user try whether banners come, and says what to do when they do not.
 class DiagnosticsSection final : public QWidget {
@@ -20,6 +24,8 @@ private:
     void showStatus();
 
     const InterfaceServices& services_;
+    Note* reason_ = nullptr;
+    QPushButton* open_ = nullptr;
     QWidget* explanation_;
     bool didRunBannerTest_ = false;
     Subscription statusChange_;

@@ -77,7 +77,7 @@ void NotificationsStep::showStatus()
 {
     const AuthStatus status = notifications_.status();
     status_->setText(words_(permissionText(status)));
-    allow_->setVisible(status == AuthStatus::notDetermined);
+    allow_->setEnabled(status == AuthStatus::notDetermined); // otherwise no question appears
     denied_->setVisible(status == AuthStatus::denied);
 }
 
