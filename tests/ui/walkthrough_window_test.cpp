@@ -154,6 +154,7 @@ TEST_F(WalkthroughWindowTest, InstallsOnlyAfterAYes)
     EXPECT_TRUE(system.files.contents.contains(file));
     ASSERT_TRUE(button("Installed: Claude Code"));
     EXPECT_FALSE(button("Installed: Claude Code")->isEnabled());
+    EXPECT_TRUE(shows("Installed. Restart your agent session to pick up the hooks."));
 }
 
 TEST_F(WalkthroughWindowTest, SaysWhyAnAgentCouldNotBeConnected)
@@ -164,7 +165,10 @@ TEST_F(WalkthroughWindowTest, SaysWhyAnAgentCouldNotBeConnected)
     answer(QDialogButtonBox::AcceptRole);
     settle();
     EXPECT_TRUE(shows("Codex supports only a single `notify` program"));
-    EXPECT_TRUE(button("Install Codex")->isEnabled());
+    click("Install Codex");
+    EXPECT_FALSE(window->findChild<QDialog*>()); // not so soon
+    system.time.advance(ProviderCard::settlingTime);
+    answer(QDialogButtonBox::RejectRole);
 }
 
 TEST_F(WalkthroughWindowTest, FollowsAgentsAndPermissionWhenTheUserComesBack)

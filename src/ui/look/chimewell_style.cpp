@@ -23,6 +23,7 @@ namespace {
 
 constexpr char dueProperty[] = "isDue";
 constexpr char graveProperty[] = "isGrave";
+constexpr char heldProperty[] = "isHeld";
 constexpr char mnemonicsProperty[] = "underlinesMnemonics";
 constexpr int fieldPadding = 8;
 constexpr int buttonPadding = 12;
@@ -160,6 +161,12 @@ void ChimewellStyle::setGrave(QWidget* button)
     button->update();
 }
 
+void ChimewellStyle::setHeld(QWidget* button, bool isHeld)
+{
+    button->setProperty(heldProperty, isHeld);
+    button->update();
+}
+
 void ChimewellStyle::setUnderlinesMnemonics(QWidget* window, bool underlines)
 {
     if (window->property(mnemonicsProperty).toBool() == underlines) return;
@@ -206,6 +213,14 @@ void ChimewellStyle::drawPrimitive(PrimitiveElement element, const QStyleOption*
 void ChimewellStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                                  const QWidget* widget) const
 {
+    if (element == CE_PushButton && widget && widget->property(heldProperty).toBool()) {
+        if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
+            QStyleOptionButton held = *button;
+            held.state &= ~State_Enabled;
+            QProxyStyle::drawControl(element, &held, painter, widget);
+            return;
+        }
+    }
     if (element == CE_PushButtonLabel) {
         if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
             QStyleOptionButton changed = *button;

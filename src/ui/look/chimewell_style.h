@@ -15,6 +15,8 @@ public:
     static void setDue(QWidget* button, bool isDue);
     /// Marks a button whose deed cannot be undone: its words are red.
     static void setGrave(QWidget* button);
+    /// Marks a button whose click has to wait a moment: it is drawn as disabled.
+    static void setHeld(QWidget* button, bool isHeld);
     /// A focus ring is drawn only for somebody who moves by keyboard.
     static bool showsFocus(const QWidget* widget);
     /// Whether the letters that press a button with Alt are underlined in the window.

@@ -18,6 +18,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace chimewell {
 
 namespace {
@@ -142,7 +144,12 @@ QPushButton* ProviderCardView::makeButton(Text text, Text name, PendingAction ac
     auto* button = new QPushButton(services_.words(text));
     button->setAutoDefault(false);
     button->setAccessibleName(named(name));
-    connect(button, &QPushButton::clicked, this, [this, action] { ask(action); });
+    connect(button, &QPushButton::clicked, this, [this, button, action] {
+        if (card_.isSettling())
+            clicked_ = button;
+        else
+            ask(action);
+    });
     return button;
 }
 
@@ -184,12 +191,13 @@ void ProviderCardView::showButtons()
     for (const auto& [button, isOffered] :
          {Offer{update_, card_.isUpdateDue()}, Offer{install_, card_.canInstall()},
           Offer{uninstall_, card_.canUninstall()}, Offer{restore_, card_.canRestore()}}) {
-        const bool canAct = !card_.isSettling();
         // The keyboard stays in this card when its button goes.
-        if (window()->focusWidget() == button && !(isOffered && canAct)) reveal_->setFocus();
-        button->setEnabled(canAct);
+        if (window()->focusWidget() == button && !isOffered) reveal_->setFocus();
+        ChimewellStyle::setHeld(button, card_.isSettling());
         button->setVisible(isOffered);
+        if (clicked_ == button && !isOffered) clicked_ = nullptr;
     }
+    if (clicked_ && !card_.isSettling()) std::exchange(clicked_, nullptr)->click();
 }
 
 void ProviderCardView::ask(PendingAction action)

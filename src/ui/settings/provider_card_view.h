@@ -50,6 +50,7 @@ private:
     QPushButton* uninstall_ = nullptr;
     QPushButton* restore_ = nullptr;
     QPushButton* reveal_ = nullptr;
+    QPushButton* clicked_ = nullptr; ///< While the buttons are held.
     Subscription cardChange_;
 };
 

@@ -5,6 +5,7 @@
 #include "ui/controls/capsule_label.h"
 #include "ui/controls/note.h"
 #include "ui/controls/text_label.h"
+#include "ui/look/chimewell_style.h"
 #include "ui/look/metrics.h"
 #include "values/texts.h"
 
@@ -26,6 +27,7 @@ ProviderInstallRow::ProviderInstallRow(ProviderCard& card, const Words& words, Q
       card_(card),
       words_(words),
       install_(new QPushButton),
+      info_(new Note(TextStyle::subheadline)),
       error_(new Note(TextStyle::subheadline))
 {
     auto* name = new TextLabel(TextStyle::bodyMedium);
@@ -47,6 +49,7 @@ ProviderInstallRow::ProviderInstallRow(ProviderCard& card, const Words& words, Q
     layout->setContentsMargins(scaled(15), scaled(11), scaled(15), scaled(11));
     layout->setSpacing(scaled(6));
     layout->addLayout(line);
+    layout->addWidget(info_);
     layout->addWidget(error_);
 
     connect(install_, &QPushButton::clicked, this, [this] { ask(); });
@@ -62,16 +65,25 @@ void ProviderInstallRow::showCard()
         words_({card_.isInstalled() ? texts::installedOf : texts::installOf, {name}}));
     install_->setEnabled(card_.canInstall());
     install_->setVisible(card_.isAvailable());
+    ChimewellStyle::setHeld(install_, card_.isSettling());
 
+    const auto& news = card_.infoMessage();
+    const QString info = news ? words_(*news) : QString();
     const QString error = words_(card_.errorMessage().value_or(Phrase()));
+    info_->setNote("checkmark.circle", Tone::green, info);
+    info_->setVisible(!info.isEmpty());
     error_->setNote("exclamationmark.triangle", Tone::red, error);
     error_->setVisible(!error.isEmpty());
-    install_->setAccessibleDescription(error); // heard when the keyboard comes back from the question
+    // Heard when the keyboard comes back from the question.
+    install_->setAccessibleDescription(error.isEmpty() ? info : error);
+    isClicked_ = isClicked_ && card_.canInstall();
+    if (isClicked_ && !card_.isSettling()) ask();
 }
 
 void ProviderInstallRow::ask()
 {
-    if (card_.isSettling()) return;
+    isClicked_ = card_.isSettling();
+    if (isClicked_) return;
     auto* question = new ConfirmDialog(card_.confirmation(PendingAction::install), words_, window());
     connect(question, &QDialog::accepted, this, [this] { card_.perform(PendingAction::install); });
     question->open();

@@ -13,7 +13,7 @@ namespace chimewell {
 
 class Note;
 
-/// One agent, and the button that connects it. What went wrong is said below.
+/// One agent, and the button that connects it. What came of it is said below.
 class ProviderInstallRow final : public QWidget {
     Q_OBJECT
 public:
@@ -26,7 +26,9 @@ private:
     ProviderCard& card_;
     Words words_;
     QPushButton* install_;
+    Note* info_;
     Note* error_;
+    bool isClicked_ = false; ///< While the button is held.
     Subscription subscription_;
 };
 
