@@ -84,7 +84,8 @@ int FlowLayout::arrange(const QRect& outer, bool places) const
         int left = area.left();
         for (std::size_t i = first; places && i < end; ++i) {
             const QSize hint = shown[i]->sizeHint().boundedTo(QSize(area.width(), QWIDGETSIZE_MAX));
-            const bool trails = last_ == Last::trails && i + 1 == shown.size() && i != first;
+            const bool isAloneBelow = i == first && first > 0;
+            const bool trails = last_ == Last::trails && i + 1 == shown.size() && !isAloneBelow;
             if (trails) left = area.right() + 1 - hint.width();
             const QRect place(QPoint(left, top + (height - hint.height()) / 2), hint);
             shown[i]->setGeometry(QStyle::visualRect(direction, area, place));
