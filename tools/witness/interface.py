@@ -179,7 +179,7 @@ def until_in_front(name):
     """The window of that title has the keyboard."""
     def title():
         asked = ["xdotool", "getactivewindow", "getwindowname"]
-        return subprocess.run(asked, capture_output=True, text=True, check=False).stdout.startswith(name)
+        return subprocess.run(asked, capture_output=True, text=True, check=False).stdout == f"{name}\n"
     until(title, f"the window {name!r} in front")
 
 

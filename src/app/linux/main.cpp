@@ -44,8 +44,8 @@ int run(int& argc, char** argv)
     survive(SIGXFSZ);
     QApplication qt(argc, argv);
     const Words words(Wording::linuxDesktop, installTranslation(qt, QLocale::system().uiLanguages()));
-    QCoreApplication::setApplicationName(QStringLiteral("chimewell"));
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Chimewell"));
+    // Not as the display name, which Qt appends to every window's title.
+    QCoreApplication::setApplicationName(QStringLiteral("Chimewell"));
     QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("app.chimewell.Chimewell")));
     QGuiApplication::setDesktopFileName(QStringLiteral("app.chimewell.Chimewell"));
     QGuiApplication::setQuitOnLastWindowClosed(false);

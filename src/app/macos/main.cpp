@@ -13,8 +13,8 @@ int main(int argc, char** argv)
     qputenv("QT_MAC_DISABLE_FOREGROUND_APPLICATION_TRANSFORM", "1");
     QApplication qt(argc, argv);
     const Words words(Wording::macOS, installTranslation(qt, QLocale::system().uiLanguages()));
-    QCoreApplication::setApplicationName(QStringLiteral("chimewell"));
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Chimewell"));
+    // Not as the display name, which Qt appends to every window's title.
+    QCoreApplication::setApplicationName(QStringLiteral("Chimewell"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
     const Application application(words);
     return QApplication::exec();
