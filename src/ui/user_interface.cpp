@@ -8,16 +8,28 @@
 #include "ui/window_keys.h"
 
 #include <QApplication>
+#include <QEvent>
 
 namespace chimewell {
 
-UserInterface::UserInterface(const InterfaceServices& services) : services_(services) {}
+UserInterface::UserInterface(const InterfaceServices& services) : services_(services)
+{
+    qApp->installEventFilter(this);
+}
 
 UserInterface::~UserInterface()
 {
     delete panel_;
     delete settings_;
     delete walkthrough_;
+}
+
+bool UserInterface::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched != qApp || event->type() != QEvent::Quit) return QObject::eventFilter(watched, event);
+    // Qt would first close every window, as if the user had done so.
+    QCoreApplication::exit();
+    return true;
 }
 
 void UserInterface::showIcon()

@@ -26,7 +26,7 @@ public:
 
     /// Once there is something that shows icons.
     void showIcon();
-    /// The first run begins with the walkthrough, which then never opens by itself again.
+    /// The walkthrough opens by itself until the user has ended it once.
     void start();
     /// The user started the application, which runs already.
     void activate();
@@ -39,6 +39,7 @@ public:
     void setDark(std::optional<bool> isDark);
 
 private:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     Windows windows();
     void addKeys(QWidget* window);
     void bringForward(QWidget& window);

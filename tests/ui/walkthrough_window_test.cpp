@@ -2,6 +2,7 @@
 #include "support/interface_on_fakes.h"
 #include "ui/controls/mnemonics.h"
 #include "ui/look/chimewell_style.h"
+#include "ui/user_interface.h"
 #include "ui/walkthrough/walkthrough_window.h"
 
 #include <QApplication>
@@ -13,6 +14,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -118,6 +120,14 @@ TEST_F(WalkthroughWindowTest, EndsForGoodHoweverItIsLeft)
         EXPECT_EQ(ends, ++expected);
         EXPECT_FALSE(window);
     }
+}
+
+TEST_F(WalkthroughWindowTest, IsNotEndedByTheEndOfTheApplication)
+{
+    const UserInterface interface(fakes.interface);
+    QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+    QApplication::exec();
+    EXPECT_FALSE(store.settings().hasCompletedOnboarding);
 }
 
 TEST_F(WalkthroughWindowTest, GoesFromStepToStepByKeyboard)

@@ -15,8 +15,8 @@ namespace chimewell {
 class StepPage;
 class WalkthroughBar;
 
-/// Leads through the set-up in five steps, each of which may be skipped. However it ends, it does not open by
-/// itself again, and it deletes itself.
+/// Leads through the set-up in five steps, each of which may be skipped. However the user ends it, it does
+/// not open by itself again, and it deletes itself.
 class WalkthroughWindow final : public QWidget {
     Q_OBJECT
 public:
