@@ -32,8 +32,10 @@ bool UserInterface::eventFilter(QObject* watched, QEvent* event)
     return true;
 }
 
-void UserInterface::showIcon()
+void UserInterface::setIcon(bool isShown)
 {
+    icon_.reset();
+    if (!isShown) return;
     icon_.emplace(services_, TrayIcon::Actions{.openPanel = [this](const QRect& icon) { openPanel(icon); },
                                                .openSettings = [this] { openSettings(); }});
 }

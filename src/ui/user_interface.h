@@ -24,8 +24,8 @@ public:
     explicit UserInterface(const InterfaceServices& services);
     ~UserInterface() override;
 
-    /// Once there is something that shows icons.
-    void showIcon();
+    /// Whether there is something that shows icons.
+    void setIcon(bool isShown);
     /// The walkthrough opens by itself until the user has ended it once.
     void start();
     /// The user started the application, which runs already.

@@ -63,7 +63,7 @@ Application::Application(const QDBusConnection& bus, FreedesktopApplication& sea
                                 .privacyPolicy = CHIMEWELL_PRIVACY_PAGE,
                                 .terms = CHIMEWELL_TERMS_PAGE},
                   .quit = [this] { quitByUser(); }}),
-      trayHost_(bus, [this] { interface_.showIcon(); }),
+      trayHost_(bus, [this](bool isThere) { interface_.setIcon(isThere); }),
       appearance_(bus, [this](std::optional<bool> isDark) { interface_.setDark(isDark); })
 {
     seat.setHandlers({.open = [this](const auto& url) { services_.urls.handleURLEvent(url); },

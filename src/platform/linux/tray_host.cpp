@@ -41,14 +41,14 @@ xcb_atom_t atom(xcb_connection_t* connection, std::string_view name)
 
 }
 
-TrayHost::TrayHost(QDBusConnection bus, std::function<void()> appeared)
+TrayHost::TrayHost(QDBusConnection bus, std::function<void(bool)> changed)
     : bus_(std::move(bus)),
-      watcher_(watcherName, bus_, QDBusServiceWatcher::WatchForRegistration),
-      appeared_(std::move(appeared))
+      watcher_(watcherName, bus_, QDBusServiceWatcher::WatchForOwnerChange),
+      changed_(std::move(changed))
 {
-    connect(&watcher_, &QDBusServiceWatcher::serviceRegistered, this, &TrayHost::look);
-    bus_.connect(watcherName, watcherPath, watcherName, QStringLiteral("StatusNotifierHostRegistered"), this,
-                 SLOT(look()));
+    connect(&watcher_, &QDBusServiceWatcher::serviceOwnerChanged, this, &TrayHost::look);
+    for (const char* signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"})
+        bus_.connect(watcherName, watcherPath, watcherName, QString::fromLatin1(signal), this, SLOT(look()));
     if (xcb_connection_t* const x11 = x11Connection()) {
         // System Tray Protocol: a new owner of the selection announces itself to the root window, whose
         // events Qt selects for its own icons.
@@ -71,36 +71,48 @@ void TrayHost::look()
     call << watcherName << QStringLiteral("IsStatusNotifierHostRegistered");
     call.setAutoStartService(false);
     callAsync(bus_, call, this, [this](const QDBusMessage& reply) {
-        if (reply.type() == QDBusMessage::ReplyMessage &&
-            reply.arguments().value(0).value<QDBusVariant>().variant().toBool())
-            appear();
-        else
-            lookAtSelection();
+        tell(reply.type() == QDBusMessage::ReplyMessage &&
+             reply.arguments().value(0).value<QDBusVariant>().variant().toBool());
     });
 }
 
-void TrayHost::lookAtSelection()
+bool TrayHost::hasSelectionOwner()
 {
     xcb_connection_t* const x11 = x11Connection();
-    if (!x11) return;
+    if (!x11) return false;
     const std::unique_ptr<xcb_get_selection_owner_reply_t, FreeReply> reply(
         xcb_get_selection_owner_reply(x11, xcb_get_selection_owner(x11, selectionAtom_), nullptr));
-    if (reply && reply->owner != XCB_WINDOW_NONE) appear();
+    selectionOwner_ = reply ? reply->owner : xcb_window_t{XCB_WINDOW_NONE};
+    if (selectionOwner_ == XCB_WINDOW_NONE) return false;
+    // System Tray Protocol: it lets go of the selection by destroying its window. Qt, whose connection this
+    // is, selects the same events for its own icons.
+    const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    xcb_change_window_attributes(x11, selectionOwner_, XCB_CW_EVENT_MASK, &events);
+    xcb_flush(x11);
+    return true;
+}
+
+void TrayHost::tell(bool hasNotifierHost)
+{
+    const bool hasOwner = hasSelectionOwner();
+    if (!kind_ && (hasNotifierHost || hasOwner))
+        kind_ = hasNotifierHost ? Kind::statusNotifier : Kind::selection;
+    const bool isThere = kind_ == Kind::selection ? hasOwner : hasNotifierHost;
+    if (std::exchange(isThere_, isThere) != isThere) changed_(isThere);
 }
 
 bool TrayHost::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*)
 {
-    if (!appeared_ || eventType != "xcb_generic_event_t") return false;
+    if (eventType != "xcb_generic_event_t") return false;
     const auto* event = static_cast<const xcb_generic_event_t*>(message);
-    if ((event->response_type & ~0x80U) != XCB_CLIENT_MESSAGE) return false;
-    const auto* announcement = reinterpret_cast<const xcb_client_message_event_t*>(event);
-    if (announcement->type == managerAtom_ && announcement->data.data32[1] == selectionAtom_) look();
+    const unsigned int type = event->response_type & ~0x80U;
+    if (type == XCB_CLIENT_MESSAGE) {
+        const auto* announcement = reinterpret_cast<const xcb_client_message_event_t*>(event);
+        if (announcement->type == managerAtom_ && announcement->data.data32[1] == selectionAtom_) look();
+    } else if (type == XCB_DESTROY_NOTIFY) {
+        if (reinterpret_cast<const xcb_destroy_notify_event_t*>(event)->window == selectionOwner_) look();
+    }
     return false;
-}
-
-void TrayHost::appear()
-{
-    if (const auto appeared = std::exchange(appeared_, nullptr)) appeared();
 }
 
 }

@@ -13,6 +13,9 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <vector>
+
 namespace chimewell::test {
 
 const QString watcherName = QStringLiteral("org.kde.StatusNotifierWatcher");
@@ -30,11 +33,12 @@ public:
         connection_.registerService(watcherName);
     }
     bool hasHost() const { return host_; }
-    void registerHost()
+    void setHost(bool host)
     {
-        host_ = true;
+        host_ = host;
         connection_.send(QDBusMessage::createSignal(watcherPath, watcherName,
-                                                    QStringLiteral("StatusNotifierHostRegistered")));
+                                                    host ? QStringLiteral("StatusNotifierHostRegistered")
+                                                         : QStringLiteral("StatusNotifierHostUnregistered")));
     }
 
 private:
@@ -59,36 +63,31 @@ protected:
     }
 
     PrivateBus bus;
-    int appeared = 0;
 };
 
-TEST_F(TrayHostTest, IsThereOrComesLater)
+TEST_F(TrayHostTest, FollowsHostsThatComeAndGo)
 {
-    {
-        const Watcher watcher(panel(), true);
-        const TrayHost host(bus.connection(QStringLiteral("application")), [&] { ++appeared; });
-        EXPECT_EQ(appeared, 0); // never before the event loop
-        EXPECT_TRUE(waitUntil([&] { return appeared == 1; }));
-    }
+    std::vector<bool> told;
+    const auto hears = [&](bool isThere) {
+        return waitUntil([&] { return !told.empty() && told.back() == isThere; });
+    };
+    auto firstPanel = std::make_unique<Watcher>(panel(), true);
+    const TrayHost host(bus.connection(QStringLiteral("application")),
+                        [&](bool isThere) { told.push_back(isThere); });
+    EXPECT_TRUE(told.empty()); // never before the event loop
+    EXPECT_TRUE(hears(true));
+    firstPanel.reset(); // it crashes
     bus.disconnect(QStringLiteral("panel"));
-    const TrayHost host(bus.connection(QStringLiteral("application")), [&] { ++appeared; });
+    EXPECT_TRUE(hears(false));
+    Watcher watcher(panel(), false); // a watcher alone shows nothing yet
     settle();
-    EXPECT_EQ(appeared, 1);
-    Watcher watcher(panel(), true);
-    EXPECT_TRUE(waitUntil([&] { return appeared == 2; }));
-    watcher.registerHost(); // a second host: the icon is there already
-    settle();
-    EXPECT_EQ(appeared, 2);
-}
-
-TEST_F(TrayHostTest, AWatcherWithoutAHostShowsNothingYet)
-{
-    Watcher watcher(panel(), false);
-    const TrayHost host(bus.connection(QStringLiteral("application")), [&] { ++appeared; });
-    settle();
-    EXPECT_EQ(appeared, 0);
-    watcher.registerHost();
-    EXPECT_TRUE(waitUntil([&] { return appeared == 1; }));
+    EXPECT_EQ(told.size(), 2u);
+    watcher.setHost(true);
+    EXPECT_TRUE(hears(true));
+    watcher.setHost(true); // a second one changes nothing
+    watcher.setHost(false);
+    EXPECT_TRUE(hears(false));
+    EXPECT_EQ(told, (std::vector{true, false, true, false}));
 }
 
 }
