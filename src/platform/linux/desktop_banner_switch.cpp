@@ -53,7 +53,9 @@ bool isOffInXfce(const QDBusMessage& reply)
 {
     if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty()) return false;
     const QVariant value = reply.arguments().constFirst().value<QDBusVariant>().variant();
-    if (!value.canConvert<QDBusArgument>()) return false;
+    // Reading another type than the one that is there would crash.
+    if (!value.canConvert<QDBusArgument>() || value.value<QDBusArgument>().currentSignature() != u"av")
+        return false;
     const auto names = qdbus_cast<QVariantList>(value);
     return names.contains(QStringLiteral("app.chimewell.Chimewell"));
 }

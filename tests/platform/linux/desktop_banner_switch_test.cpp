@@ -6,6 +6,9 @@
 #include "support/private_bus.h"
 #include "support/wait_until.h"
 
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QDBusVirtualObject>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -21,6 +24,16 @@ namespace chimewell::test {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+class AnsweringObject : public QDBusVirtualObject {
+public:
+    QVariant answer;
+    QString introspect(const QString&) const override { return {}; }
+    bool handleMessage(const QDBusMessage& call, const QDBusConnection& connection) override
+    {
+        return connection.send(call.createReply(answer));
+    }
+};
 
 class DesktopBannerSwitchTest : public ::testing::Test {
 protected:
@@ -111,6 +124,24 @@ TEST_F(DesktopBannerSwitchTest, ReadsXfces)
     mute({u"Other"_s});
     EXPECT_TRUE(waitUntil([&] { return changes == 2; }));
     EXPECT_FALSE(isOff());
+}
+
+TEST_F(DesktopBannerSwitchTest, SurvivesAnswersOfOtherTypes)
+{
+    AnsweringObject settings;
+    QDBusConnection service = bus.connection(u"settings"_s);
+    service.registerVirtualObject(u"/org/xfce/Xfconf"_s, &settings);
+    service.registerService(u"org.xfce.Xfconf"_s);
+    startOn("XFCE");
+    const QString name = u"app.chimewell.Chimewell"_s;
+    for (const QVariant& value :
+         {QVariant(name), QVariant(QStringList(name)), QVariant(QVariantMap{{name, true}}),
+          QVariant::fromValue(QList<int>{1}), QVariant(QByteArray("x"))}) {
+        for (const QVariant& answer : {value, QVariant::fromValue(QDBusVariant(value))}) {
+            settings.answer = answer;
+            EXPECT_FALSE(isOff()) << value.typeName();
+        }
+    }
 }
 
 TEST_F(DesktopBannerSwitchTest, ReadsPlasmas)
