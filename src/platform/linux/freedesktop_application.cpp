@@ -1,13 +1,35 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/freedesktop_application.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace chimewell {
 
+namespace {
+
+constexpr qsizetype maxUrls = 256; // of one request; nobody sends more by way of business
+
+}
+
 FreedesktopApplication::FreedesktopApplication(QDBusConnection bus) : bus_(std::move(bus))
 {
+    connect(&next_, &QTimer::timeout, this, &FreedesktopApplication::handleNext);
     new FreedesktopApplicationAdaptor(*this); // owned by this object
+}
+
+void FreedesktopApplication::later(std::function<void()> request)
+{
+    requests_.push_back(std::move(request));
+    next_.start();
+}
+
+void FreedesktopApplication::handleNext()
+{
+    const auto request = std::move(requests_.front());
+    requests_.pop_front();
+    if (requests_.empty()) next_.stop();
+    request();
 }
 
 bool FreedesktopApplication::claim()
@@ -24,20 +46,20 @@ FreedesktopApplicationAdaptor::FreedesktopApplicationAdaptor(FreedesktopApplicat
 
 void FreedesktopApplicationAdaptor::Activate(const QVariantMap&)
 {
-    application_.handlers_.activate();
+    application_.later([this] { application_.handlers_.activate(); });
 }
 
 void FreedesktopApplicationAdaptor::Open(const QStringList& uris, const QVariantMap&)
 {
-    if (uris.isEmpty()) application_.handlers_.open(std::nullopt);
-    for (const QString& uri : uris)
-        application_.handlers_.open(uri.toStdString());
+    if (uris.isEmpty()) application_.later([this] { application_.handlers_.open(std::nullopt); });
+    for (const QString& uri : uris.first(std::min(uris.size(), maxUrls)))
+        application_.later([this, url = uri.toStdString()] { application_.handlers_.open(url); });
 }
 
 void FreedesktopApplicationAdaptor::ActivateAction(const QString& name, const QVariantList&,
                                                    const QVariantMap&)
 {
-    application_.handlers_.action(name.toStdString());
+    application_.later([this, action = name.toStdString()] { application_.handlers_.action(action); });
 }
 
 }

@@ -6,9 +6,11 @@
 #include <QObject>
 #include <QString>
 #include <QStringList>
+#include <QTimer>
 #include <QVariantList>
 #include <QVariantMap>
 
+#include <deque>
 #include <functional>
 #include <optional>
 #include <string>
@@ -21,9 +23,10 @@ namespace chimewell {
 class FreedesktopApplication final : public QObject {
     Q_OBJECT
 public:
-    /// What a request sets off; all run on the event loop.
+    /// What a request sets off. Requests are answered first and handled later, in their order, one in each
+    /// turn of the event loop: neither the sender nor our own windows wait for a long row of them.
     struct Handlers {
-        /// Once for each URL of a request; absent for a request that named none.
+        /// Once for each URL of a request, up to 256; absent for a request that named none.
         std::function<void(const std::optional<std::string>& url)> open;
         std::function<void()> activate;
         std::function<void(const std::string& name)> action;
@@ -42,8 +45,13 @@ public:
 private:
     friend class FreedesktopApplicationAdaptor;
 
+    void later(std::function<void()> request);
+    void handleNext();
+
     QDBusConnection bus_;
     Handlers handlers_;
+    std::deque<std::function<void()>> requests_; ///< Answered and not handled yet, oldest first.
+    QTimer next_;                                ///< Runs while there are any.
 };
 
 /// The interface as QtDBus exports it.

@@ -62,8 +62,25 @@ TEST_F(FreedesktopApplicationTest, HandsEveryRequestOver)
     call("Activate", {QVariantMap()});
     call("ActivateAction", {QStringLiteral("mute"), QVariantList(), QVariantMap()});
     EXPECT_EQ(call("Open", {QStringLiteral("no list"), QVariantMap()}).type(), QDBusMessage::ErrorMessage);
+    ASSERT_TRUE(waitUntil([&] { return seen.size() == 5; }));
     EXPECT_EQ(seen, (std::vector<std::string>{"open chimewell:a", "open é ü", "open (none)", "activate",
                                               "action mute"}));
+}
+
+TEST_F(FreedesktopApplicationTest, HandlesALongRequestAfterItsAnswerAndOnlyInPart)
+{
+    FreedesktopApplication application(bus.connection(QStringLiteral("application")));
+    application.setHandlers(recording());
+    QStringList urls;
+    for (int i = 0; i < 300; ++i)
+        urls.append(QString::number(i));
+    auto* const calls = application.findChild<FreedesktopApplicationAdaptor*>();
+    calls->Open(urls, {});
+    calls->Activate({});
+    EXPECT_TRUE(seen.empty());
+    ASSERT_TRUE(waitUntil([&] { return !seen.empty() && seen.back() == "activate"; }));
+    EXPECT_EQ(seen.size(), 257U);
+    EXPECT_EQ(seen[255], "open 255");
 }
 
 TEST_F(FreedesktopApplicationTest, HasOneSeat)
