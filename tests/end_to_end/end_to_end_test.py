@@ -84,6 +84,17 @@ class EndToEnd(unittest.TestCase):
         self.installed.claude("finished", "c", "/srv/first")
         self.watch.until_shown("Finished — first")
 
+    def test_a_start_that_comes_to_nothing_says_so_and_leaves(self):
+        hung = self.start_by_hand()
+        os.kill(hung, signal.SIGSTOP)
+        self.addCleanup(os.kill, hung, signal.SIGCONT)
+        headless = {name: value for name, value in os.environ.items() if name not in ("DISPLAY", "QT_QPA_PLATFORM")}
+        for arguments, environment in ((), os.environ), (("chimewell:x",), os.environ), ((), headless), \
+                ((), {**os.environ, "DISPLAY": ":4711"}):
+            left = subprocess.run([self.installed.program, *arguments], env=environment, capture_output=True,
+                                  timeout=10, check=False)
+            self.assertEqual((left.returncode, left.stderr.count(b"\n")), (1, 1), left.stderr)
+
     def test_a_hung_notification_server_holds_nothing_up(self):
         self.start_by_hand()
         old = chimewell.process_of(NOTIFICATIONS)

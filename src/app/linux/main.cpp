@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/linux/application.h"
+#include "platform/linux/display_check.h"
 #include "platform/linux/freedesktop_application.h"
 #include "platform/linux/running_instance.h"
 #include "ui/translation.h"
@@ -20,12 +21,24 @@ namespace {
 
 using namespace chimewell;
 
+int fail(const char* reason)
+{
+    std::fprintf(stderr, "chimewell: %s\n", reason);
+    return 1;
+}
+
+/// Ends this start of the program; the running instance takes it over.
+int leaveTo(const QDBusConnection& bus, const QStringList& urls)
+{
+    return handOver(bus, urls) ? 0 : fail("no session bus, or nobody answers on it");
+}
+
 /// Launchers that know nothing of D-Bus activation run us with the URL as an argument, and some wait for our
 /// end: so this process never becomes the application.
 int forward(int& argc, char** argv)
 {
     const QCoreApplication qt(argc, argv);
-    return handOver(QDBusConnection::sessionBus(), QCoreApplication::arguments().mid(1)) ? 0 : 1;
+    return leaveTo(QDBusConnection::sessionBus(), QCoreApplication::arguments().mid(1));
 }
 
 /// A write that cannot be done then fails instead of ending us. Unlike an ignored signal, a handler is not
@@ -42,6 +55,7 @@ int run(int& argc, char** argv)
 {
     survive(SIGPIPE);
     survive(SIGXFSZ);
+    if (!canOpenDisplay()) return fail("no display can be opened");
     QApplication qt(argc, argv);
     const Words words(Wording::linuxDesktop, installTranslation(qt, QLocale::system().uiLanguages()));
     // Not as the display name, which Qt appends to every window's title.
@@ -52,11 +66,7 @@ int run(int& argc, char** argv)
 
     const QDBusConnection bus = QDBusConnection::sessionBus();
     FreedesktopApplication seat(bus);
-    if (!seat.claim()) {
-        if (handOver(bus, {})) return 0;
-        std::fputs("chimewell: no session bus, or nobody answers on it\n", stderr);
-        return 1;
-    }
+    if (!seat.claim()) return leaveTo(bus, {});
     const std::filesystem::path here = QCoreApplication::applicationDirPath().toStdString();
     const Application application(bus, seat, words,
                                   {.program = QCoreApplication::applicationFilePath().toStdString(),
