@@ -143,6 +143,7 @@ public:
     bool isInstalled(const TerminalApplication&) const override { return false; }
     void openActivating(const TerminalApplication&) override {}
     bool activateRunning(const TerminalApplication&) override { return false; }
+    void findKind(const std::filesystem::path&, std::function<void(FileKind)>) override {}
     bool openFolder(const std::filesystem::path&) override { return false; }
     void reveal(const std::filesystem::path&) override {}
 };

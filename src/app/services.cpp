@@ -17,7 +17,7 @@ Services::Services(const Ports& ports, const std::filesystem::path& folder)
               .voice = voice,
               .reminders = reminders,
               .clock = ports.clock}),
-      focus(ports.workspace, ports.files),
+      focus(ports.workspace),
       installers({.files = ports.files,
                   .clock = ports.clock,
                   .folders = ports.folders,

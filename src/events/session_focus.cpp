@@ -24,11 +24,11 @@ bool SessionFocus::activateApp(const TerminalApplication& application)
 void SessionFocus::showFolder(const std::string& cwd)
 {
     const std::filesystem::path path(cwd);
-    if (!path.is_absolute()) return;
-    const auto kind = files_.kind(path);
-    if (!kind) return;
-    // Anything but a folder is only pointed at: opening it could run it.
-    if (*kind != FileKind::folder || !workspace_.openFolder(path)) workspace_.reveal(path);
+    if (!path.is_absolute() || cwd.contains('\0')) return;
+    workspace_.findKind(path, [this, path](FileKind kind) {
+        // Anything but a folder is only pointed at: opening it could run it.
+        if (kind != FileKind::folder || !workspace_.openFolder(path)) workspace_.reveal(path);
+    });
 }
 
 }

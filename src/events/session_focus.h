@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ports/files.h"
 #include "ports/workspace.h"
 #include "values/terminal_application.h"
 
@@ -14,7 +13,7 @@ namespace chimewell {
 /// silently: there is nothing the user could do about them.
 class SessionFocus {
 public:
-    SessionFocus(Workspace& workspace, Files& files) : workspace_(workspace), files_(files) {}
+    explicit SessionFocus(Workspace& workspace) : workspace_(workspace) {}
 
     void focusSession(const std::optional<std::string>& term, const std::optional<std::string>& cwd);
     /// True when the application was brought forward, or asked to come.
@@ -24,7 +23,6 @@ private:
     void showFolder(const std::string& cwd);
 
     Workspace& workspace_;
-    Files& files_;
 };
 
 }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "events/session_focus.h"
 
-#include "support/memory_files.h"
 #include "support/recording_workspace.h"
 
 #include <gtest/gtest.h>
@@ -16,19 +15,14 @@ using Asked = std::vector<std::string>;
 
 class SessionFocusTest : public ::testing::Test {
 protected:
-    SessionFocusTest()
-    {
-        files.folders.insert("/proj");
-        files.contents["/proj/file"] = "";
-    }
+    SessionFocusTest() { workspace.paths = {{"/proj", FileKind::folder}, {"/proj/file", FileKind::regular}}; }
     Asked focus(const std::optional<std::string>& term, const std::optional<std::string>& cwd)
     {
         workspace.asked.clear();
-        SessionFocus(workspace, files).focusSession(term, cwd);
+        SessionFocus(workspace).focusSession(term, cwd);
         return workspace.asked;
     }
 
-    MemoryFiles files;
     RecordingWorkspace workspace;
 };
 
@@ -49,6 +43,7 @@ TEST_F(SessionFocusTest, NeverOpensWhatIsNoFolder)
     EXPECT_EQ(focus(std::nullopt, "/proj/file"), (Asked{"reveal /proj/file"}));
     EXPECT_EQ(focus(std::nullopt, "/gone"), Asked{});
     EXPECT_EQ(focus(std::nullopt, "proj"), Asked{});
+    EXPECT_EQ(focus(std::nullopt, std::string("/proj\0", 6)), Asked{});
     EXPECT_EQ(focus(std::nullopt, std::nullopt), Asked{});
     workspace.fileManager = false;
     EXPECT_EQ(focus(std::nullopt, "/proj"), (Asked{"reveal /proj"}));

@@ -3,6 +3,7 @@
 
 #include "ports/workspace.h"
 
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -25,6 +26,11 @@ public:
         asked.push_back("activate " + std::string(application.bundleIdentifier));
         return running.contains(application.bundleIdentifier);
     }
+    void findKind(const std::filesystem::path& path, std::function<void(FileKind)> done) override
+    {
+        // A system reads a path up to its first NUL.
+        if (const auto found = paths.find(path.c_str()); found != paths.end()) done(found->second);
+    }
     bool openFolder(const std::filesystem::path& folder) override
     {
         if (!fileManager) return false;
@@ -35,6 +41,7 @@ public:
 
     std::set<std::string_view> installed;
     std::set<std::string_view> running;
+    std::map<std::filesystem::path, FileKind> paths;
     bool fileManager = true;
     std::vector<std::string> asked;
 };

@@ -266,7 +266,7 @@ TEST_F(SettingsWindowTest, AlertsOfThePastAreGoneThroughByKeyboard)
     EventHistory& history = fakes.services.history;
     history.add({.type = CanonicalEvent::finished, .provider = "claude", .cwd = "/srv/one"}, false);
     history.add({.type = CanonicalEvent::error, .provider = "claude"}, false);
-    system.files.folders.insert("/srv/one");
+    system.workspace.paths["/srv/one"] = FileKind::folder;
     open(Pane::recent);
     at<QWidget>("Error, The agent reported an error., 14:05 (0 seconds ago)").setFocus();
     QTest::keyClick(window->focusWidget(), Qt::Key_Return); // there is no session

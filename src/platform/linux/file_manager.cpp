@@ -5,25 +5,19 @@
 #include "platform/linux/dbus_refusal.h"
 #include "platform/linux/detached_process.h"
 #include "platform/linux/file_uri.h"
+#include "platform/linux/path_inspector.h"
 
 #include <QDBusMessage>
 #include <QStandardPaths>
 #include <QString>
 #include <QStringList>
 
-#include <system_error>
 #include <utility>
 #include <vector>
 
 namespace chimewell {
 
 namespace {
-
-bool isFolder(const std::filesystem::path& path)
-{
-    std::error_code error;
-    return std::filesystem::is_directory(path, error);
-}
 
 /// A command that opens a URI by the user's choice of programs, without the URI; empty if there is none.
 std::vector<std::string> openingCommand()
@@ -35,15 +29,15 @@ std::vector<std::string> openingCommand()
 
 }
 
-FileManager::FileManager(QDBusConnection bus, std::filesystem::path home)
+FileManager::FileManager(QDBusConnection bus, std::filesystem::path home, PathInspector& paths)
     : bus_(std::move(bus)),
-      home_(std::move(home))
+      home_(std::move(home)),
+      paths_(paths)
 {
 }
 
 bool FileManager::openFolder(const std::filesystem::path& folder, const std::string& activationToken)
 {
-    if (!folder.is_absolute() || !isFolder(folder)) return false;
     if (!bus_.isConnected() && openingCommand().empty()) return false;
     show(QStringLiteral("ShowFolders"), folder, folder, activationToken);
     return true;
@@ -67,13 +61,15 @@ void FileManager::show(const QString& method, const std::filesystem::path& shown
     });
 }
 
-void FileManager::openByChoice(const std::filesystem::path& folder, const std::string& activationToken) const
+void FileManager::openByChoice(const std::filesystem::path& folder, const std::string& activationToken)
 {
-    std::vector<std::string> command = openingCommand();
-    // Asked again, as time has passed: these programs would run a file.
-    if (command.empty() || !isFolder(folder)) return;
-    command.push_back(fileUri(folder));
-    startDetached(command, home_, activationToken);
+    // Asked again, as time has passed, or for the first time of a parent: these programs would run a file.
+    paths_.findKind(folder, [this, folder, activationToken](FileKind kind) {
+        std::vector<std::string> command = openingCommand();
+        if (command.empty() || kind != FileKind::folder) return;
+        command.push_back(fileUri(folder));
+        startDetached(command, home_, activationToken);
+    });
 }
 
 }

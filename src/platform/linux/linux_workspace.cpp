@@ -14,7 +14,7 @@ namespace chimewell {
 LinuxWorkspace::LinuxWorkspace(Desktop desktop)
     : desktop_(std::move(desktop)),
       launcher_(desktop_.bus, desktop_.folders.home()),
-      fileManager_(desktop_.bus, desktop_.folders.home())
+      fileManager_(desktop_.bus, desktop_.folders.home(), paths_)
 {
 }
 
@@ -34,6 +34,11 @@ void LinuxWorkspace::openActivating(const TerminalApplication& application)
 bool LinuxWorkspace::activateRunning(const TerminalApplication& application)
 {
     return desktop_.xDisplay && activateNewestWindow(*desktop_.xDisplay, application.windowClasses);
+}
+
+void LinuxWorkspace::findKind(const std::filesystem::path& path, std::function<void(FileKind)> done)
+{
+    paths_.findKind(path, std::move(done));
 }
 
 bool LinuxWorkspace::openFolder(const std::filesystem::path& folder)

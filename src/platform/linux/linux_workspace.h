@@ -3,6 +3,7 @@
 
 #include "platform/linux/application_launcher.h"
 #include "platform/linux/file_manager.h"
+#include "platform/linux/path_inspector.h"
 #include "ports/workspace.h"
 
 #include <QDBusConnection>
@@ -35,12 +36,14 @@ public:
     bool isInstalled(const TerminalApplication& application) const override;
     void openActivating(const TerminalApplication& application) override;
     bool activateRunning(const TerminalApplication& application) override;
+    void findKind(const std::filesystem::path& path, std::function<void(FileKind)> done) override;
     bool openFolder(const std::filesystem::path& folder) override;
     void reveal(const std::filesystem::path& path) override;
 
 private:
     Desktop desktop_;
     ApplicationLauncher launcher_;
+    PathInspector paths_;
     FileManager fileManager_;
 };
 

@@ -11,6 +11,7 @@ public:
     bool isInstalled(const TerminalApplication& application) const override;
     void openActivating(const TerminalApplication& application) override;
     bool activateRunning(const TerminalApplication& application) override;
+    void findKind(const std::filesystem::path& path, std::function<void(FileKind)> done) override;
     bool openFolder(const std::filesystem::path& folder) override;
     void reveal(const std::filesystem::path& path) override;
 };

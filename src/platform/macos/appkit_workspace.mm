@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "platform/macos/appkit_workspace.h"
 
+#include "platform/macos/main_queue.h"
 #include "platform/macos/text.h"
+#include "platform/posix/posix_files.h"
+
+#include <chrono>
+#include <optional>
 
 #import <AppKit/AppKit.h>
 
@@ -10,6 +15,7 @@ namespace chimewell {
 namespace {
 
 constexpr std::string_view finder = "com.apple.finder";
+constexpr std::chrono::seconds patience{1};
 
 NSURL* installed(std::string_view bundleIdentifier)
 {
@@ -27,6 +33,15 @@ NSWorkspaceOpenConfiguration* activating()
 NSURL* fileUrl(const std::filesystem::path& path, BOOL isFolder)
 {
     return [NSURL fileURLWithPath:foundationText(path.native()) isDirectory:isFolder];
+}
+
+/// May take as long as the disk, or the network, likes.
+std::optional<FileKind> kindOf(const std::filesystem::path& path)
+{
+    const auto kind = PosixFiles().kind(path);
+    const bool isPackage = kind == FileKind::folder &&
+                           [NSWorkspace.sharedWorkspace isFilePackageAtPath:foundationText(path.native())];
+    return isPackage ? FileKind::other : kind;
 }
 
 }
@@ -51,6 +66,18 @@ bool AppKitWorkspace::activateRunning(const TerminalApplication& application)
     NSRunningApplication* const running =
         [NSRunningApplication runningApplicationsWithBundleIdentifier:identifier].firstObject;
     return [running activateWithOptions:static_cast<NSApplicationActivationOptions>(0)];
+}
+
+void AppKitWorkspace::findKind(const std::filesystem::path& path, std::function<void(FileKind)> done)
+{
+    const std::filesystem::path asked = path; // a block would keep the reference
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    NSOperationQueue* const queue =
+        [[NSOperationQueue alloc] init]; // its own: another path may hang for ever
+    [queue addOperationWithBlock:^{
+        const auto kind = kindOf(asked);
+        if (kind && std::chrono::steady_clock::now() < deadline) postToMain([done, kind] { done(*kind); });
+    }];
 }
 
 bool AppKitWorkspace::openFolder(const std::filesystem::path& folder)

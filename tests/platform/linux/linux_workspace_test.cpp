@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "events/session_focus.h"
 #include "platform/linux/activation_tokens.h"
 #include "platform/linux/linux_workspace.h"
 #include "platform/posix/posix_files.h"
@@ -17,6 +18,7 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <sys/stat.h>
 
 namespace chimewell::test {
@@ -87,6 +89,18 @@ protected:
     {
         folder.write("data/applications/" + id + ".desktop",
                      "[Desktop Entry]\nType=Application\nName=Terminal\n" + lines);
+    }
+    /// On a mount whose server is gone; the process that asks writes its id to "asking".
+    std::string hangingPath()
+    {
+        const std::string hanging = folder.path() / "hanging";
+        const auto stat =
+            folder.write("bin/stat", "#!/bin/sh\n[ \"$5\" = " + hanging +
+                                         " ] || exec /usr/bin/stat \"$@\"\n"
+                                         "echo $$ >" +
+                                         (folder.path() / "asking").string() + "\nexec sleep 600\n");
+        ::chmod(stat.c_str(), 0755);
+        return hanging;
     }
     LinuxWorkspace workspace(const std::optional<std::string>& display = std::nullopt)
     {
@@ -169,12 +183,13 @@ TEST_F(LinuxWorkspaceTest, AsksTheFileManagerForFoldersOnly)
     std::filesystem::create_directory(odd);
     const auto file = folder.write("file.desktop", "[Desktop Entry]\nType=Application\nExec=false\n");
     LinuxWorkspace desktop = workspace();
-    EXPECT_FALSE(desktop.openFolder(file));
-    EXPECT_FALSE(desktop.openFolder("."));
-    EXPECT_FALSE(desktop.openFolder(folder.path() / "none"));
+    SessionFocus focus(desktop);
+    focus.focusSession(std::nullopt, hangingPath());
+    focus.focusSession(std::nullopt, folder.path() / "none");
     tokens.put("permission");
-    EXPECT_TRUE(desktop.openFolder(odd));
-    desktop.reveal(file);
+    focus.focusSession(std::nullopt, odd);
+    ASSERT_TRUE(waitUntil([&] { return manager.calls.size() == 1; }));
+    focus.focusSession(std::nullopt, file);
     ASSERT_TRUE(waitUntil([&] { return manager.calls.size() == 2; }));
     const QString base = QStringLiteral("file://") + QString::fromStdString(folder.path());
     EXPECT_EQ(manager.calls,
@@ -182,6 +197,8 @@ TEST_F(LinuxWorkspaceTest, AsksTheFileManagerForFoldersOnly)
                                QStringLiteral("/50%25%20%FF%C3%BC%20%23%3F permission"),
                            QStringLiteral("items ") + base + QStringLiteral("/file.desktop ")}));
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "bin/gio.log"));
+    const int asking = std::stoi(folder.read("asking"));
+    EXPECT_TRUE(waitUntil([&] { return ::kill(asking, 0) != 0; })) << "the one who asks is not given up";
 }
 
 TEST_F(LinuxWorkspaceTest, WithoutAFileManagerTheUsersChoiceOpensTheFolder)

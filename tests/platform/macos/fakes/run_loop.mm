@@ -11,6 +11,7 @@
 #include <deque>
 #include <mutex>
 #include <string>
+#include <thread>
 #include <vector>
 
 using namespace chimewell::test::mac;
@@ -60,6 +61,14 @@ std::chrono::nanoseconds nanoseconds(NSTimeInterval seconds)
 
 - (void)addOperationWithBlock:(void (^)(void))block
 {
+    if (self != state->mainQueue) { // on a thread of its own, which has ended before anybody looks
+        std::thread([block] {
+            @autoreleasepool {
+                block();
+            }
+        }).join();
+        return;
+    }
     const std::scoped_lock locked(operations().mutex);
     operations().waiting.push_back(block);
 }

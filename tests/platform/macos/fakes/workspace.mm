@@ -121,6 +121,12 @@ std::string manner(NSWorkspaceOpenConfiguration* configuration)
             (done ? " and wait" : ""));
 }
 
+- (BOOL)isFilePackageAtPath:(NSString*)path
+{
+    if (onMainThread()) std::abort(); // it looks at the disk
+    return plain(path).ends_with(".app");
+}
+
 - (void)activateFileViewerSelectingURLs:(NSArray<NSURL*>*)urls
 {
     for (NSURL* const url in urls)

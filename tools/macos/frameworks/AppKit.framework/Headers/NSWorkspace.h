@@ -26,6 +26,7 @@ NS_EXTERN const NSNotificationName NSWorkspaceDidWakeNotification;
            configuration:(NSWorkspaceOpenConfiguration*)configuration
        completionHandler:(void (^_Nullable)(NSRunningApplication* _Nullable app,
                                             NSError* _Nullable error))completionHandler; // 10.15
+- (BOOL)isFilePackageAtPath:(NSString*)fullPath;
 - (void)activateFileViewerSelectingURLs:(NSArray<NSURL*>*)fileURLs;
 @end
 
