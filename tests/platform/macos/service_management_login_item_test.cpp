@@ -42,7 +42,8 @@ TEST(ServiceManagementLoginItemTest, ChangesOnlyWhatIsNotSo)
     ServiceManagementLoginItem item;
     for (const Case& each : cases) {
         mac::loginItem() = {.status = each.status, .refusal = each.refusal, .asked = {}};
-        EXPECT_EQ(setLaunchAtLogin(item, each.wanted), each.answer) << each.status << each.wanted;
+        const auto message = setLaunchAtLogin(item, each.wanted);
+        EXPECT_EQ(message ? Answer(english(*message)) : Answer(), each.answer) << each.status << each.wanted;
         EXPECT_EQ(mac::loginItem().asked, each.asked) << each.status << each.wanted;
         if (!each.refusal && !each.asked.empty()) EXPECT_EQ(item.isEnabled(), each.wanted);
     }

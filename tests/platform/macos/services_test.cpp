@@ -23,6 +23,7 @@
 #include "platform/macos/service_management_login_item.h"
 #include "platform/macos/user_notification_center.h"
 #include "platform/posix/posix_files.h"
+#include "support/english_translator.h"
 #include "support/fixed_random.h"
 #include "support/temporary_folder.h"
 
@@ -58,6 +59,7 @@ protected:
                                                     .timers = timers,
                                                     .random = random,
                                                     .locale = locale,
+                                                    .translator = translator,
                                                     .folders = folders,
                                                     .resources = resources,
                                                     .sounds = systemSounds,
@@ -90,6 +92,7 @@ protected:
     FixedRandom random;
     RunLoopTimers timers{clock};
     FoundationUserLocale locale;
+    EnglishTranslator translator;
     FoundationUserFolders folders;
     BundleResources resources;
     AppKitSystemSounds systemSounds;

@@ -8,6 +8,7 @@
 #include "fakes/user_environment.h"
 #include "fakes/user_notifications.h"
 #include "fakes/workspace.h"
+#include "support/english_translator.h"
 #include "support/fixed_random.h"
 
 #include <gtest/gtest.h>
@@ -49,8 +50,10 @@ protected:
     }
 
     FixedRandom random;
+    EnglishTranslator translator;
     std::unique_ptr<UserNotificationCenter> center = std::make_unique<UserNotificationCenter>();
-    std::unique_ptr<NotificationService> service = std::make_unique<NotificationService>(*center, random);
+    std::unique_ptr<NotificationService> service =
+        std::make_unique<NotificationService>(*center, random, translator);
     std::vector<Session> opened;
 };
 
