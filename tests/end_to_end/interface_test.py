@@ -73,7 +73,7 @@ class InterfaceTest(unittest.TestCase):
 
     def answer(self, title, button):
         """The question before an agent's file is changed."""
-        self.window(title).find(button, "push button").press()
+        self.window(title).find(button, "button").press()
         self.until_gone(title)
 
 
@@ -90,25 +90,25 @@ class Windows(InterfaceTest):
         press_keys("alt+b")
         steps.until_shows("Know the moment your AI coding agent finishes")
         for text in ("A tiny hook in your agent", "Banners let you jump straight back", "Install hooks so your"):
-            steps.find("Continue", "push button").press()
+            steps.find("Continue", "button").press()
             steps.until_shows(text)
-        steps.find("Install Claude Code", "push button").press()
+        steps.find("Install Claude Code", "button").press()
         self.answer("Install Claude Code hooks?", "Cancel")
         self.assertEqual(CLAUDE.read_text(), '{\n  "model": "opus"\n}\n')
-        steps.find("Install Claude Code", "push button").press()
+        steps.find("Install Claude Code", "button").press()
         self.answer("Install Claude Code hooks?", "Install")
         until(lambda: "chimewell-hook" in CLAUDE.read_text(), "the hooks in the file")
         self.assertTrue(provider("claude")["installed"])
         self.assertEqual(list(json.loads(CLAUDE.read_text())), ["model", "hooks"])
 
-        steps.find("Continue", "push button").press()
+        steps.find("Continue", "button").press()
         steps.find("Sound for Finished", "combo box").choose("Hero")
         until(lambda: event("finished")["soundId"] == "Hero", "another sound")
         steps.find("Read aloud for Finished", "check box").press()
         until(lambda: event("finished")["speak"], "the wish to hear it")
         steps.find("Start Chimewell when I log in", "check box").press()
         until(lambda: settings()["launchAtLogin"], "the wish to be started")
-        steps.find("Done", "push button").press()
+        steps.find("Done", "button").press()
         self.until_gone("Welcome")
         self.assertTrue(settings()["hasCompletedOnboarding"])
         if TRAY == "sni":
@@ -126,7 +126,7 @@ class Windows(InterfaceTest):
         pane.find("Show banner for Waiting for input", "check box").press()
         until(lambda: not event("waiting_input")["showPopup"], "no banner")
         with Recording() as recording:
-            pane.find("Preview the Waiting for input alert", "push button").press()
+            pane.find("Preview the Waiting for input alert", "button").press()
             until(lambda: "Ping" in [sound.name for sound in recording.heard(INSTALLED.sounds)], "the sound")
         pane.find("Speak for Waiting for input", "check box").press()
         until(lambda: event("waiting_input")["speak"], "a phrase to speak")
@@ -174,10 +174,10 @@ class Windows(InterfaceTest):
         CODEX.write_text(original)
         for name, key, file in (("Claude Code", "claude", CLAUDE), ("Codex", "codex", CODEX),
                                 ("Cursor", "cursor", CURSOR)):
-            pane.find(f"Install {name}", "push button").press()
+            pane.find(f"Install {name}", "button").press()
             self.answer(f"Install {name} hooks?", "Install")
             until(lambda: provider(key)["installed"] and "chimewell-hook" in file.read_text(), f"{name} connected")
-            button = pane.find(f"Uninstall {name}", "push button")
+            button = pane.find(f"Uninstall {name}", "button")
             until(lambda: button.is_enabled, "the second after it")
             button.press()
             self.answer("Uninstall hooks?", "Cancel")
@@ -186,14 +186,14 @@ class Windows(InterfaceTest):
             self.answer("Uninstall hooks?", "Uninstall")
             until(lambda: "chimewell-hook" not in file.read_text(), f"{name} disconnected")
             pane.until_shows("Uninstalled. Your other hooks were left untouched.")
-        button = pane.find("Restore the original settings of Codex", "push button")
+        button = pane.find("Restore the original settings of Codex", "button")
         until(lambda: button.is_enabled, "the second after it")
         CODEX.write_text("broken")
         button.press()
         self.answer("Restore original settings?", "Restore")
         until(lambda: CODEX.read_text() == original, "the original")
         CODEX.write_text('notify = ["other"]\n')
-        button = pane.find("Install Codex", "push button")
+        button = pane.find("Install Codex", "button")
         until(lambda: button.is_enabled, "the second after it")
         button.press()
         self.answer("Install Codex hooks?", "Install")
@@ -208,15 +208,15 @@ class Windows(InterfaceTest):
         project.mkdir(exist_ok=True)
         INSTALLED.claude("waiting_input", "s", project, "Claude needs your permission")
         pane.until_shows("Claude needs your permission")
-        pane.find("Clear", "push button").press()
+        pane.find("Clear", "button").press()
         pane.until_shows("No recent activity yet")
 
     def test_the_general_pane(self):
         self.start(hasCompletedOnboarding=True)
         pane = self.open_settings("General")
-        pane.find("Test banner permission", "push button").press()
+        pane.find("Test banner permission", "button").press()
         self.watch.until_shown("Chimewell")
-        pane.find("Play a sample alert", "push button").press()
+        pane.find("Play a sample alert", "button").press()
         self.watch.until_shown("Test event")
         pane.find("Launch at login", "check box").press()
         entry = pathlib.Path(os.environ["XDG_CONFIG_HOME"], "autostart/app.chimewell.Chimewell.desktop")
@@ -225,7 +225,7 @@ class Windows(InterfaceTest):
         until(lambda: settings()["globalMuted"], "silence")
         pane.find("Show setup walkthrough…").press()
         steps = self.window("Welcome")
-        steps.find("Skip setup", "push button").press()
+        steps.find("Skip setup", "button").press()
         self.until_gone("Welcome")
 
     def test_keys_close_windows_and_end_the_application(self):
@@ -267,20 +267,20 @@ class Panel(InterfaceTest):
         until(lambda: settings()["globalMuted"], "silence")
         panel.find("Mute all", "check box").press()
         until(lambda: not settings()["globalMuted"], "the end of the silence")
-        panel.find("Clear", "push button").press()
+        panel.find("Clear", "button").press()
         panel.until_shows("No recent activity yet")
-        panel.find("Play a sample alert", "push button").press()
+        panel.find("Play a sample alert", "button").press()
         self.watch.until_shown("Test event")
-        panel.find("Quit", "push button").press()
+        panel.find("Quit", "button").press()
         until(lambda: not chimewell.has_owner(chimewell.NAME), "its end")
         self.assertTrue((chimewell.folder() / "dormant").exists())
 
     def test_every_window_can_be_reached_from_it(self):
         self.start(hasCompletedOnboarding=True)
-        self.open_panel().find("Finish setup", "push button").press()
-        self.window("Welcome").find("Skip setup", "push button").press()
+        self.open_panel().find("Finish setup", "button").press()
+        self.window("Welcome").find("Skip setup", "button").press()
         self.until_gone("Welcome")
-        self.open_panel().find("Open Settings…", "push button").press()
+        self.open_panel().find("Open Settings…", "button").press()
         self.window("Chimewell Settings")
 
     @unittest.skipIf(len(sys.argv) > 2 and sys.argv[2] == "none", "no tray can go")

@@ -169,14 +169,14 @@ class RealAgents(unittest.TestCase):
         process = chimewell.process_of(chimewell.NAME)
         steps = window(process, "Welcome")
         for title in ("How it works", "Allow notifications", "Connect your agents"):
-            steps.find("Continue", "push button").press()
+            steps.find("Continue", "button").press()
             steps.until_shows(title)
-        steps.find("Install Claude Code", "push button").press()
-        window(process, "Install Claude Code hooks?").find("Install", "push button").press()
+        steps.find("Install Claude Code", "button").press()
+        window(process, "Install Claude Code hooks?").find("Install", "button").press()
         until(lambda: "chimewell-hook" in hooks.file.read_text(), "the hooks in the file")
-        steps.find("Continue", "push button").press()
+        steps.find("Continue", "button").press()
         steps.until_shows("Sounds & voice")
-        steps.find("Done", "push button").press()
+        steps.find("Done", "button").press()
 
         terminal_window = subprocess.Popen(["xterm", "-class", "kitty", "-e", "sleep", "600"])
         self.addCleanup(terminal_window.wait)
@@ -209,8 +209,8 @@ class RealAgents(unittest.TestCase):
 
         chimewell.act("settings")
         settings.find("Providers", "list item").click()
-        settings.find("Uninstall Claude Code", "push button").press()
-        window(process, "Uninstall hooks?").find("Uninstall", "push button").press()
+        settings.find("Uninstall Claude Code", "button").press()
+        window(process, "Uninstall hooks?").find("Uninstall", "button").press()
         until(lambda: hooks.file.read_text() == hooks.content, "the file as it was")
 
 

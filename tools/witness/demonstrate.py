@@ -32,7 +32,7 @@ def main():
     walkthrough = window(process, "Welcome")
     walkthrough.until_shows("Welcome to Chimewell")
     photograph(screenshot.with_stem("walkthrough"))
-    walkthrough.find("Skip setup", "push button").press()
+    walkthrough.find("Skip setup", "button").press()
     until(lambda: not has_window(process, "Welcome"), "the end of the walkthrough")
     chimewell.act("settings")
     settings = window(process, "Chimewell Settings")

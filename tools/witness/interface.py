@@ -13,8 +13,8 @@ from waiting import until  # noqa: E402
 Atspi.set_timeout(5000, 5000)
 State = Atspi.StateType
 
-WINDOWS = ("frame", "dialog", "alert", "window")
-BUTTONS = ("push button", "check box", "toggle button", "radio button")
+# What AT-SPI called roles before 2.54, and since: the new names are used here.
+RENAMED_ROLES = {"push button": "button"}
 
 
 class Element:
@@ -27,7 +27,8 @@ class Element:
 
     @property
     def role(self):
-        return self.node.get_role_name()
+        name = self.node.get_role_name()
+        return RENAMED_ROLES.get(name, name)
 
     @property
     def name(self):
@@ -116,7 +117,8 @@ class Element:
         actions.do_action(next(offered.index(name) for name in names if name in offered))
 
     def press(self):
-        self._act("Press", "Toggle")
+        # Newer versions of Qt offer check boxes both, and press only after a moment.
+        self._act("Toggle", "Press")
 
     def focus(self):
         self.node.get_component_iface().grab_focus()
