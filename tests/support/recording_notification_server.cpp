@@ -60,6 +60,10 @@ QString RecordingNotificationServer::introspect(const QString&) const
 bool RecordingNotificationServer::handleMessage(const QDBusMessage& message, const QDBusConnection&)
 {
     QDBusMessage reply;
+    if (message.member() == QStringLiteral("GetServerInformation")) {
+        bus_.send(message.createReply({software, QString(), QString(), QString()}));
+        return true;
+    }
     if (message.member() == QStringLiteral("GetCapabilities")) {
         ++capabilityQuestions;
         reply = message.createReply(capabilities_);

@@ -44,6 +44,7 @@ public:
 
     std::vector<Banner> banners;
     int capabilityQuestions = 0;
+    QString software = QStringLiteral("Test"); ///< What it calls itself.
 
     QString introspect(const QString& path) const override;
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;

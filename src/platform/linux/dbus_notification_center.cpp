@@ -34,6 +34,13 @@ QString serverPath()
     return QStringLiteral("/org/freedesktop/Notifications");
 }
 
+/// Xfce's server never tells of a click beside the buttons. It draws the default action as one more button,
+/// and since version 0.9 also when it has no label.
+QString drawsDefaultActionAsButton()
+{
+    return QStringLiteral("Xfce Notify Daemon");
+}
+
 QDBusMessage serverCall(const char* method)
 {
     return QDBusMessage::createMethodCall(serverName(), serverPath(), serverName(),
@@ -107,7 +114,7 @@ void DbusNotificationCenter::post(const NotificationRequest& request)
     if (!isAvailable() || waiting_.size() + unanswered_ >= maxUnanswered) return;
     if (capabilities_ || waitedLongEnough_) {
         send(request);
-        if (!capabilities_ && owner_ && !owner_->isEmpty()) askCapabilities();
+        if (!capabilities_ && owner_ && !owner_->isEmpty()) askServer();
         return;
     }
     waiting_.push_back(request);
@@ -162,7 +169,7 @@ void DbusNotificationCenter::proceed()
     if (!readers_.empty()) answerReaders();
     if (waiting_.empty()) return;
     if (serverThere) {
-        askCapabilities();
+        askServer();
     } else if (*activatable_) {
         startServer();
     } else {
@@ -196,21 +203,32 @@ void DbusNotificationCenter::startServer()
     });
 }
 
-void DbusNotificationCenter::askCapabilities()
+void DbusNotificationCenter::askServer()
 {
     if (std::exchange(capabilitiesAsked_, true)) return;
-    callAsync(bus_, serverCall("GetCapabilities"), this, [this, asked = owner_](const QDBusMessage& reply) {
-        if (asked != owner_) return;
-        if (isReply(reply)) {
-            const QStringList names = reply.arguments().constFirst().toStringList();
-            capabilities_ = {.actions = names.contains(QStringLiteral("actions")),
-                             .bodyMarkup = names.contains(QStringLiteral("body-markup"))};
-        } else { // goes on without, and asks again with the next banner
-            capabilitiesAsked_ = false;
-            waitedLongEnough_ = true;
-        }
-        sendWaiting();
-    });
+    callAsync(bus_, serverCall("GetServerInformation"), this,
+              [this, asked = owner_](const QDBusMessage& reply) {
+                  if (asked != owner_) return;
+                  askCapabilities(isReply(reply) ? reply.arguments().constFirst().toString() : QString());
+              });
+}
+
+void DbusNotificationCenter::askCapabilities(const QString& serverSoftware)
+{
+    callAsync(bus_, serverCall("GetCapabilities"), this,
+              [this, asked = owner_, serverSoftware](const QDBusMessage& reply) {
+                  if (asked != owner_) return;
+                  if (isReply(reply)) {
+                      const QStringList names = reply.arguments().constFirst().toStringList();
+                      capabilities_ = {.actions = names.contains(QStringLiteral("actions")),
+                                       .bodyMarkup = names.contains(QStringLiteral("body-markup")),
+                                       .bannerClicks = serverSoftware != drawsDefaultActionAsButton()};
+                  } else { // goes on without, and asks again with the next banner
+                      capabilitiesAsked_ = false;
+                      waitedLongEnough_ = true;
+                  }
+                  sendWaiting();
+              });
 }
 
 void DbusNotificationCenter::sendWaiting()
@@ -240,8 +258,9 @@ QDBusMessage DbusNotificationCenter::notifyCall(const NotificationRequest& reque
     const Capabilities server = capabilities_.value_or(Capabilities{});
     QStringList actions;
     if (server.actions) {
-        // Servers that draw every action as a button leave out one without a label.
-        actions << QString::fromLatin1(defaultNotificationAction) << QString();
+        // No label, so that servers which also draw this action as a button do not draw the same button
+        // twice.
+        if (server.bannerClicks) actions << QString::fromLatin1(defaultNotificationAction) << QString();
         if (request.categoryIdentifier == category_.identifier && !category_.actionIdentifier.empty())
             actions << fromUtf8(category_.actionIdentifier) << fromUtf8(category_.actionTitle);
     }

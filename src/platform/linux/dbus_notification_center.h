@@ -53,6 +53,7 @@ private:
     struct Capabilities {
         bool actions = true;
         bool bodyMarkup = true;
+        bool bannerClicks = true; ///< A click on the banner beside its buttons can be told to us.
     };
     struct Banner {
         uint id;
@@ -66,7 +67,8 @@ private:
     void proceed();
     void answerReaders();
     void startServer();
-    void askCapabilities();
+    void askServer();
+    void askCapabilities(const QString& serverSoftware);
     void sendWaiting();
     void send(const NotificationRequest& request);
     QDBusMessage notifyCall(const NotificationRequest& request) const;

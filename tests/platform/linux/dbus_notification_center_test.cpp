@@ -158,6 +158,13 @@ TEST_F(DbusNotificationCenterTest, AsksAReplacedServerAnew)
     EXPECT_EQ(second->banners[0].body, u"&lt;&amp;&gt;"_s);
     EXPECT_EQ(second->banners[0].actions.size(), 4);
     EXPECT_EQ(first->banners.size(), 1U);
+
+    const auto buttonsOnly = startServer(u"third"_s);
+    buttonsOnly->software = u"Xfce Notify Daemon"_s;
+    settle();
+    center->post(request("c", ""));
+    ASSERT_TRUE(waitUntil([&] { return buttonsOnly->banners.size() == 1; }));
+    EXPECT_EQ(buttonsOnly->banners[0].actions, QStringList({u"FOCUS_SESSION"_s, u"Open Session"_s}));
 }
 
 TEST_F(DbusNotificationCenterTest, AServerThatIsReplacedBeforeItAnsweredDecidesNothing)
