@@ -2,12 +2,13 @@
 #include "ui/tray_icon.h"
 
 #include "presentation/panel_model.h"
+#include "ui/look/symbol_icon.h"
 #include "values/texts.h"
 
 #include <QCursor>
-#include <QIcon>
 #include <QString>
 
+#include <string_view>
 #include <utility>
 
 namespace chimewell {
@@ -50,10 +51,11 @@ void TrayIcon::show()
 {
     const AppSettings& settings = services_.store.settings();
     muteAll_->setChecked(settings.globalMuted);
-    const bool armed = menuBarIcon(settings) == "bell.badge";
+    const std::string_view symbol = menuBarIcon(settings);
     // By name, so that the desktop draws it in its own colours.
-    icon_.setIcon(QIcon::fromTheme(armed ? QStringLiteral("chimewell-armed-symbolic")
-                                         : QStringLiteral("chimewell-symbolic")));
+    icon_.setIcon(themedIcon(symbol == "bell.badge" ? QStringLiteral("chimewell-armed-symbolic")
+                                                    : QStringLiteral("chimewell-symbolic"),
+                             symbol));
     icon_.setToolTip(
         services_.words({texts::titleAndDetail, {texts::panelName, panelHeader(settings).status}}));
 }

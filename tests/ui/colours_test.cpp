@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/look/colours.h"
 
+#include "ui/look/symbol_icon.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -77,6 +79,23 @@ TEST(Colours, DarkIsWhatThePaletteSays)
         EXPECT_EQ(Colours::from(desktop.palette).isDark,
                   desktop.name.find("dark") != std::string::npos || desktop.name.starts_with("black"))
             << desktop.name;
+}
+
+TEST(ThemedIcon, IsDrawnUnderItsNameInAReadableColourWhereNoThemeHasIt)
+{
+    for (const char* symbol : {"bell", "bell.badge", "app.chimewell.Chimewell"}) {
+        const QIcon icon = themedIcon(QStringLiteral("in-no-theme"), symbol);
+        EXPECT_EQ(icon.name(), QStringLiteral("in-no-theme"));
+        const QImage image = icon.pixmap(22, 22).toImage();
+        int readable = 0;
+        for (int i = 0; i < image.width() * image.height(); ++i) {
+            const QColor colour = image.pixelColor(i % image.width(), i / image.width());
+            if (colour.alpha() == 255 && Colours::contrast(colour, Qt::white) >= mark &&
+                Colours::contrast(colour, QColor(0x2A2E32)) >= mark)
+                ++readable;
+        }
+        EXPECT_GT(readable, 5) << symbol;
+    }
 }
 
 }

@@ -3,13 +3,13 @@
 #include "platform/linux/display_check.h"
 #include "platform/linux/freedesktop_application.h"
 #include "platform/linux/running_instance.h"
+#include "ui/look/symbol_icon.h"
 #include "ui/translation.h"
 #include "ui/words.h"
 
 #include <QApplication>
 #include <QCoreApplication>
 #include <QDBusConnection>
-#include <QIcon>
 #include <QLocale>
 #include <QStringList>
 
@@ -60,7 +60,8 @@ int run(int& argc, char** argv)
     const Words words(Wording::linuxDesktop, installTranslation(qt, QLocale::system().uiLanguages()));
     // Not as the display name, which Qt appends to every window's title.
     QCoreApplication::setApplicationName(QStringLiteral("Chimewell"));
-    QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("app.chimewell.Chimewell")));
+    QGuiApplication::setWindowIcon(
+        themedIcon(QStringLiteral("app.chimewell.Chimewell"), "app.chimewell.Chimewell"));
     QGuiApplication::setDesktopFileName(QStringLiteral("app.chimewell.Chimewell"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
 

@@ -16,7 +16,7 @@ namespace chimewell {
 
 namespace {
 
-class SymbolIconEngine final : public QIconEngine {
+class SymbolIconEngine : public QIconEngine {
 public:
     SymbolIconEngine(std::string name, Tone tone) : name_(std::move(name)), tone_(tone) {}
 
@@ -41,7 +41,7 @@ public:
     QIconEngine* clone() const override { return new SymbolIconEngine(name_, tone_); }
 
 private:
-    QColor colour(QIcon::Mode mode) const
+    virtual QColor colour(QIcon::Mode mode) const
     {
         const QColor full = colours().mark(tone_);
         return mode == QIcon::Disabled ? Colours::faint(full, Colours::disabled) : full;
@@ -51,11 +51,34 @@ private:
     Tone tone_;
 };
 
+/// Stands in for an icon of the desktop's theme.
+class StandInEngine final : public SymbolIconEngine {
+public:
+    StandInEngine(QString themeName, std::string symbol)
+        : SymbolIconEngine(std::move(symbol), Tone::neutral),
+          themeName_(std::move(themeName))
+    {
+    }
+
+    QString iconName() override { return themeName_; }
+    QIconEngine* clone() const override { return new StandInEngine(*this); }
+
+private:
+    QColor colour(QIcon::Mode) const override { return {0x80, 0x80, 0x80}; }
+
+    QString themeName_;
+};
+
 }
 
 QIcon symbolIcon(std::string_view name, Tone tone)
 {
     return QIcon(new SymbolIconEngine(std::string(name), tone)); // the icon owns it
+}
+
+QIcon themedIcon(const QString& name, std::string_view symbol)
+{
+    return QIcon::fromTheme(name, QIcon(new StandInEngine(name, std::string(symbol))));
 }
 
 }

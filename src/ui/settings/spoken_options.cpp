@@ -77,10 +77,9 @@ QWidget* SpokenOptions::makeVoice()
     voice_->setMinimumWidth(scaled(voiceWidth));
     voice_->addItem(editor_.words()(texts::systemDefault));
     connect(voice_, &QComboBox::currentIndexChanged, this, [this](int index) {
-        editor_.change([&](EventSetting& setting) {
-            setting.voiceIdentifier.reset();
-            if (index > 0) setting.voiceIdentifier = choices_[static_cast<std::size_t>(index) - 1].identifier;
-        });
+        std::optional<std::string> chosen;
+        if (index > 0) chosen = choices_[static_cast<std::size_t>(index) - 1].identifier;
+        editor_.change([&](EventSetting& setting) { setting.voiceIdentifier = chosen; });
     });
 
     auto* holder = new QWidget;
