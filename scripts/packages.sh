@@ -1,7 +1,8 @@
 # shellcheck shell=bash
 # SPDX-License-Identifier: MIT
 # shellcheck disable=SC2034 # the lists are for those who source this
-# To be sourced: which Debian 12 packages each purpose needs, and a function that installs what is missing.
+# To be sourced: which packages of Debian 12 and 13 each purpose needs, and a function that installs what is missing.
+# Of names with | between them, the first one that this release has is meant.
 
 # To build the application.
 build_packages=(
@@ -12,15 +13,15 @@ build_packages=(
 
 # To run it as an installed program, with every kind of alert.
 run_packages=(
-    libqt6svg6 libpulse-mainloop-glib0 qt6-translations-l10n
+    'qt6-svg-plugins|libqt6svg6' qt6-translations-l10n
     speech-dispatcher speech-dispatcher-espeak-ng espeak-ng
-    desktop-file-utils libglib2.0-bin libgtk-3-bin hicolor-icon-theme
+    desktop-file-utils libglib2.0-bin hicolor-icon-theme
 )
 
 # The virtual desktop, and what watches it.
 desktop_packages=(
     xvfb x11-utils x11-xserver-utils openbox dbus-daemon dbus-bin
-    xfce4-panel xfce4-notifyd trayer dunst libnotify-bin
+    xfce4-panel xfce4-notifyd dunst
     pulseaudio pulseaudio-utils at-spi2-core
     python3-gi gir1.2-atspi-2.0 xdotool imagemagick xterm
     fonts-dejavu-core adwaita-icon-theme librsvg2-common
@@ -31,9 +32,8 @@ test_packages=(
     libgtest-dev libgmock-dev clang-19 clang-tidy-19 clang-format-19 ccache
     libclang-rt-19-dev libdbus-1-dev
     appstream man-db shellcheck unicode-data
-    thunar dex dconf-service gsettings-desktop-schemas xfconf
-    python3-dbus python3-dbusmock strace
-    e2fsprogs mount
+    trayer thunar dex dconf-service gsettings-desktop-schemas xfconf
+    git strace e2fsprogs mount
     golang-github-burntsushi-toml-dev
 )
 
@@ -44,7 +44,7 @@ macos_packages=(
 )
 
 # To measure it: the frame, the peers, the counter of instructions.
-benchmark_packages=(libbenchmark-dev nlohmann-json3-dev rapidjson-dev valgrind)
+benchmark_packages=(libbenchmark-dev nlohmann-json3-dev rapidjson-dev valgrind libnotify-bin)
 
 # To run real agents.
 agent_packages=(tmux)
@@ -53,13 +53,21 @@ if ! command -v npm >/dev/null; then
     macos_packages+=(nodejs npm)
 fi
 
+# missing_packages PACKAGE...: those that are not installed, a line for each.
+missing_packages() {
+    local names name
+    for names in "$@"; do
+        for name in ${names//|/ }; do
+            [ "$name" != "${names##*|}" ] && apt-cache show "$name" >/dev/null 2>&1 && break
+        done
+        [ "$(dpkg-query -W -f='${db:Status-Status}' "$name" 2>/dev/null || true)" = installed ] || echo "$name"
+    done
+}
+
 # ensure_packages PACKAGE...: installs those that are missing, and nothing where none is.
 ensure_packages() {
-    local missing=() package as_root=()
-    for package in "$@"; do
-        [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null || true)" = installed ] ||
-            missing+=("$package")
-    done
+    local missing as_root=()
+    mapfile -t missing < <(missing_packages "$@")
     [ ${#missing[@]} -gt 0 ] || return 0
 
     if ! command -v apt-get >/dev/null; then
@@ -69,10 +77,11 @@ ensure_packages() {
     [ "$(id -u)" -eq 0 ] || as_root=(sudo)
     echo "Installing ${missing[*]}"
     local install=(${as_root[@]+"${as_root[@]}"} env DEBIAN_FRONTEND=noninteractive
-        apt-get install --yes --quiet=2 --no-install-recommends "${missing[@]}")
+        apt-get install --yes --quiet=2 --no-install-recommends)
     # A machine that never fetched the package lists, or long ago, fails the first time.
-    "${install[@]}" >/dev/null 2>&1 || {
+    "${install[@]}" "${missing[@]}" >/dev/null 2>&1 || {
         ${as_root[@]+"${as_root[@]}"} apt-get update --quiet=2
-        "${install[@]}" >/dev/null
+        mapfile -t missing < <(missing_packages "$@")
+        "${install[@]}" "${missing[@]}" >/dev/null
     }
 }
