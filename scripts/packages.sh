@@ -24,7 +24,7 @@ desktop_packages=(
     xfce4-panel xfce4-notifyd dunst
     pulseaudio pulseaudio-utils at-spi2-core
     python3-gi gir1.2-atspi-2.0 xdotool imagemagick xterm
-    fonts-dejavu-core adwaita-icon-theme librsvg2-common
+    fonts-dejavu-core librsvg2-common
 )
 
 # To test it: the checks, the second compiler, the programs that tests use.
