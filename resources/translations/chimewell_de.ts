@@ -873,5 +873,13 @@
         <source>The test banner could not be shown: no notification service is running.</source>
         <translation>Das Test-Banner konnte nicht angezeigt werden: Es läuft kein Benachrichtigungsdienst.</translation>
     </message>
+    <message>
+        <source>Another program is writing into the file</source>
+        <translation>Ein anderes Programm schreibt gerade in die Datei</translation>
+    </message>
+    <message>
+        <source>A symbolic link leads to %1, which does not exist</source>
+        <translation>Ein symbolischer Link verweist auf %1, dort ist aber nichts</translation>
+    </message>
 </context>
 </TS>

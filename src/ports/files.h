@@ -24,7 +24,8 @@ enum class FileKind { regular, folder, other };
 class Files {
 public:
     virtual ~Files() = default;
-    /// The whole content. Fails for anything but a regular file and never waits for a writer.
+    /// The whole content. Fails for anything but a regular file, and for one that another program does not
+    /// finish writing within some milliseconds.
     virtual std::expected<std::string, FileError> read(const std::filesystem::path& file) = 0;
     /// Afterwards the file is wholly `content`, or on failure wholly what it was. Leaves no other file.
     virtual std::expected<void, FileError> replace(const std::filesystem::path& file,

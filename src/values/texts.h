@@ -79,6 +79,8 @@ inline constexpr auto couldNotSave = Text("Failed to save settings: %1");
 inline constexpr auto couldNotLaunchAtLogin = Text("Launch at login could not be changed: %1");
 inline constexpr auto notUtf8 = Text("The file is not valid UTF-8.");
 inline constexpr auto notARegularFile = Text("Not a regular file");
+inline constexpr auto beingWritten = Text("Another program is writing into the file");
+inline constexpr auto linkLeadsNowhere = Text("A symbolic link leads to %1, which does not exist");
 inline constexpr auto changedByAnother = Text("The file was changed by another program");
 inline constexpr auto changedAndKept = Text("The file was changed by another program, and is kept as %1");
 

@@ -69,6 +69,36 @@ def write(path, text, mode):
         pass  # a file system without attributes
 
 
+# The ways in which an agent writes its file, each as two steps. The program goes on between them, unless the first
+# one has to wait for it.
+
+def by_renaming(file, text):
+    beside = file.with_name("agent.tmp")
+    beside.write_text(text)
+    beside.rename(file)
+    yield
+
+
+def at_once(file, text):
+    file.write_text(text)
+    yield
+
+
+def in_pieces(file, text, empty_first=True):
+    with open(file, "r+b", buffering=0) as opened:
+        if empty_first:
+            opened.truncate(0)
+        yield
+        opened.truncate(0)
+        for piece in (text[:len(text) // 2], text[len(text) // 2:]):
+            time.sleep(0.002)  # an agent's own pace: whatever it is, nothing may be lost
+            opened.write(piece.encode())
+
+
+def in_pieces_emptied_late(file, text):
+    return in_pieces(file, text, empty_first=False)
+
+
 class Scenario:
     def __init__(self, driver, provider, action, file, prepare):
         self._driver, self._provider, self.action, self.file, self._prepare = driver, provider, action, file, prepare
@@ -263,7 +293,7 @@ class Sweep:
 
     # The agent
 
-    def check_rewrite(self, stops, in_place, *more):
+    def check_rewrite(self, stops, writes, *more):
         """At each of the calls given the process is stopped, and the agent writes another text."""
         home = self._scenario.home(self._scratch)
         file = home / self._target
@@ -274,21 +304,27 @@ class Sweep:
                 return [f"{self._scenario.name}, {stops}: it did not stop"]
             committed = file.exists() and Entry.at(file) == self._after[self._target]
             text = self._agents_text(number)
-            if in_place:
-                file.write_text(text)
-            else:
-                beside = file.with_name("agent.tmp")
-                beside.write_text(text)
-                beside.rename(file)
-            process.go_on()
+            steps = writes(file, text)
+            waits = writes is not by_renaming and is_held_off(file)
+            if waits:
+                process.go_on()
+            next(steps)
+            if not waits:
+                process.go_on()
+            next(steps, None)
         status = process.wait()
         found = file.read_text()
         shutil.rmtree(home)
-        # Written behind our last look, the agent's text stays as it is; before, it is what the change is made on.
-        kept = found == text if committed and len(stops) == 1 else self._is_changed(found, text)
-        if status == 0 and kept:
+        # Written behind our last look, the agent's text stays as it is; before, it is what the change is made on. An
+        # agent that had to wait may come first or last.
+        if committed and len(stops) == 1:
+            kept = found == text
+        else:
+            kept = self._is_changed(found, text) or (waits and found == text)
+        # An agent that took very long was not waited for.
+        if status == 0 and kept or status == 1 and found == text and writes not in (by_renaming, at_once):
             return []
-        return [f"{self._scenario.name}, the agent writes after {stops} ({in_place=}): {status}, {found!r}"]
+        return [f"{self._scenario.name}, the agent writes {writes.__name__} after {stops}: {status}, {found!r}"]
 
     def _agents_text(self, number):
         """As much an agent's file as the first one, with the same entries of ours in it, if any."""
@@ -303,6 +339,15 @@ class Sweep:
         found, text = json.loads(found), json.loads(text)
         without = lambda settings: {key: value for key, value in settings.items() if key != "hooks"}
         return without(found) == without(text) and found.get("hooks") != text.get("hooks")
+
+
+def is_held_off(file):
+    """Whether who writes into the file has to wait."""
+    try:
+        os.close(os.open(file, os.O_WRONLY | os.O_NONBLOCK))
+    except BlockingIOError:
+        return True
+    return False
 
 
 class StoppedProcess:
@@ -339,9 +384,9 @@ def main():
             at = list(sweep.points())
             points += len(at)
             checks += [pool.submit(sweep.check, point) for point in at]
-            agents = [pool.submit(sweep.check_rewrite, stops, in_place)
-                      for stops in sweep.rewrites() for in_place in (False, True)]
-            agents += [pool.submit(sweep.check_rewrite, stops, False, "-e", f"inject={SWAP[0]}:error=EINVAL")
+            agents = [pool.submit(sweep.check_rewrite, stops, writes) for stops in sweep.rewrites()
+                      for writes in (by_renaming, at_once, in_pieces, in_pieces_emptied_late)]
+            agents += [pool.submit(sweep.check_rewrite, stops, by_renaming, "-e", f"inject={SWAP[0]}:error=EINVAL")
                        for stops in sweep.rewrites_without_swap()]
             rewrites += len(agents)
             checks += agents

@@ -33,4 +33,15 @@ const timespec& modificationTime(const struct stat& status)
     return status.st_mtimespec;
 }
 
+// The system has no leases.
+
+WriteBarrier::WriteBarrier(int file) : file_(file) {}
+
+WriteBarrier::~WriteBarrier() = default;
+
+Writers WriteBarrier::writers() const
+{
+    return atFirst_;
+}
+
 }

@@ -13,7 +13,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 namespace chimewell {
@@ -22,8 +24,9 @@ namespace {
 
 constexpr int maximumLinks = 40; // what Linux itself follows
 
-/// How often a file is read that somebody writes into meanwhile.
-constexpr int maxReads = 5;
+// So long we wait for a program that writes into a file without replacing it, and so often we look.
+constexpr std::chrono::milliseconds maxWait{40};
+constexpr std::chrono::milliseconds betweenLooks{1};
 
 std::unexpected<FileError> failure(int error)
 {
@@ -88,6 +91,27 @@ std::expected<std::filesystem::path, FileError> followLinks(std::filesystem::pat
         path = path.parent_path() / target; // an absolute target replaces the whole
     }
     return failure(ELOOP);
+}
+
+struct QuietRead {
+    std::string content;
+    bool isCertain = false; ///< The system knows that nobody has the file open for writing.
+};
+
+/// Nothing if somebody writes into the file: what was read may be half of one text and half of another.
+std::expected<std::optional<QuietRead>, FileError> readQuietly(const FileDescriptor& file)
+{
+    const WriteBarrier barrier(file.get());
+    if (barrier.writers() == Writers::some) return std::nullopt;
+    struct stat before = {};
+    struct stat after = {};
+    if (::fstat(file.get(), &before) != 0) return failure(errno);
+    auto content = readAll(file);
+    if (!content) return std::unexpected(content.error());
+    if (::fstat(file.get(), &after) != 0) return failure(errno);
+    const Writers writers = barrier.writers();
+    if (writers == Writers::some || !isSameState(before, after)) return std::nullopt;
+    return QuietRead{.content = std::move(*content), .isCertain = writers == Writers::none};
 }
 
 /// Makes `to` as private, and owned by the same, as the file it will replace, if there is one.
@@ -170,15 +194,22 @@ std::unexpected<ExchangeError> changed()
     return std::unexpected(ExchangeError{.changed = true, .description = texts::changedByAnother});
 }
 
-/// Whether a file of exactly that content stands at `name`.
+enum class Look { once, twiceIfUncertain };
+
+/// Whether a file of exactly that content stands at `name`, and nobody writes into it.
 std::expected<bool, FileError> holds(const FileDescriptor& folder, const std::string& name,
-                                     std::string_view content)
+                                     std::string_view content, Look look = Look::once)
 {
     const auto opened = openRegular(folder.get(), name);
-    const auto present = opened ? readAll(*opened) : std::unexpected(opened.error());
-    if (present) return *present == content;
-    if (present.error().missing) return false;
-    return std::unexpected(present.error());
+    if (!opened && opened.error().missing) return false;
+    if (!opened) return std::unexpected(opened.error());
+    const auto read = readQuietly(*opened);
+    if (!read) return std::unexpected(read.error());
+    const std::optional<QuietRead>& present = *read;
+    if (!present || present->content != content) return false;
+    if (present->isCertain || look == Look::once) return true;
+    std::this_thread::sleep_for(maxWait);
+    return holds(folder, name, content);
 }
 
 std::expected<void, ExchangeError> takeFreePlace(Replacement& with)
@@ -214,7 +245,7 @@ std::expected<void, ExchangeError> exchangeKnown(Replacement& with, std::string_
     if (!isKnown) return failed(isKnown.error());
     if (!*isKnown) return changed();
     if (temporary.swap(name)) {
-        const auto wasKnown = holds(folder, temporary.name(), expected);
+        const auto wasKnown = holds(folder, temporary.name(), expected, Look::twiceIfUncertain);
         if (!wasKnown) return swapBack(with, content, failed(wasKnown.error()));
         return *wasKnown ? std::expected<void, ExchangeError>() : swapBack(with, content, changed());
     }
@@ -229,19 +260,16 @@ std::expected<void, ExchangeError> exchangeKnown(Replacement& with, std::string_
 
 std::expected<std::string, FileError> PosixFiles::read(const std::filesystem::path& file)
 {
-    const auto opened = openRegular(AT_FDCWD, file);
-    if (!opened) return std::unexpected(opened.error());
-    for (int attempt = 1;; ++attempt) {
-        struct stat before = {};
-        struct stat after = {};
-        if (::fstat(opened->get(), &before) != 0) return failure(errno);
-        auto content = readAll(*opened);
-        if (!content) return content;
-        if (::fstat(opened->get(), &after) != 0) return failure(errno);
-        if (isSameState(before, after)) return content;
-        // Somebody writes into it: what we have may be half of one text and half of another.
-        if (attempt == maxReads) return failure(EBUSY);
-        if (::lseek(opened->get(), 0, SEEK_SET) != 0) return failure(errno);
+    const auto limit = std::chrono::steady_clock::now() + maxWait;
+    while (true) {
+        const auto opened = openRegular(AT_FDCWD, file);
+        if (!opened) return std::unexpected(opened.error());
+        auto read = readQuietly(*opened);
+        if (!read) return std::unexpected(read.error());
+        if (std::optional<QuietRead>& present = *read) return std::move(present->content);
+        if (std::chrono::steady_clock::now() >= limit)
+            return std::unexpected(FileError{.missing = false, .description = texts::beingWritten});
+        std::this_thread::sleep_for(betweenLooks);
     }
 }
 
