@@ -18,11 +18,11 @@ UNREAD, UNMADE = "Could not read {file}: ", "Could not create backup: "
 UNWRITTEN, UNRESTORED = "Could not write {file}: ", "Could not restore from backup: "
 
 DENIED = os.strerror(errno.EACCES)
-MISSING = os.strerror(errno.ENOENT)
 IS_FOLDER = os.strerror(errno.EISDIR)
 NO_FOLDER = os.strerror(errno.ENOTDIR)
 LOOP = os.strerror(errno.ELOOP)
 NO_FILE = "Not a regular file"
+NOWHERE = "A symbolic link leads to {gone}, which does not exist"
 
 
 def make_socket(path):
@@ -156,9 +156,9 @@ class HostileFiles(InstallerTest):
                   "status": UNREAD + NO_FOLDER, "restore": UNRESTORED + NO_FOLDER}),
                 ("file for the home folder", ".", write, {"install": UNREAD + NO_FOLDER}),
                 ("link to no folder", ".claude", link_to("gone"),
-                 {"install": UNWRITTEN + os.strerror(errno.EEXIST), "restore": NO_BACKUP}),
+                 {"install": UNWRITTEN + NOWHERE, "restore": NO_BACKUP}),
                 ("link into no folder", ".claude/settings.json", link_to("gone/settings.json"),
-                 {"install": UNWRITTEN + MISSING, "restore": NO_BACKUP})):
+                 {"install": UNWRITTEN + NOWHERE, "restore": NO_BACKUP})):
             for action, sentence in sentences.items():
                 with self.subTest(name, action=action):
                     home = self.fresh(None)
@@ -168,7 +168,8 @@ class HostileFiles(InstallerTest):
                     if path == home.path:
                         os.rmdir(path)
                     make(path)
-                    self.refuses(home, action, sentence.format(file=home.file))
+                    gone = os.path.join(os.path.dirname(path), "gone")
+                    self.refuses(home, action, sentence.format(file=home.file, gone=gone))
 
     def test_what_the_user_may_not_do_is_said_and_not_done(self):
         folder, file = ".claude", ".claude/settings.json"

@@ -31,7 +31,21 @@ constexpr std::chrono::milliseconds betweenLooks{1};
 std::unexpected<FileError> failure(int error)
 {
     return std::unexpected(
-        FileError{.missing = error == ENOENT, .description = std::generic_category().message(error)});
+        FileError{.missing = false, .description = std::generic_category().message(error)});
+}
+
+/// For calls that take a path: those alone can tell that nothing stands there.
+std::unexpected<FileError> failureAtPath(int error)
+{
+    auto failed = failure(error);
+    failed.error().missing = error == ENOENT;
+    return failed;
+}
+
+/// The system would take such a path for the part before the NUL character.
+bool namesAnotherFile(const std::filesystem::path& path)
+{
+    return path.native().contains('\0');
 }
 
 std::unexpected<FileError> notRegular(mode_t mode)
@@ -43,8 +57,9 @@ std::unexpected<FileError> notRegular(mode_t mode)
 /// Open for reading and proven to be a regular file. Never waits: a pipe without a writer opens too.
 std::expected<FileDescriptor, FileError> openRegular(int folder, const std::filesystem::path& path)
 {
+    if (namesAnotherFile(path)) return failure(EINVAL);
     FileDescriptor file(::openat(folder, path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-    if (!file.isOpen()) return failure(errno);
+    if (!file.isOpen()) return failureAtPath(errno);
     struct stat status = {};
     if (::fstat(file.get(), &status) != 0) return failure(errno);
     if (!S_ISREG(status.st_mode)) return notRegular(status.st_mode);
@@ -78,21 +93,6 @@ bool isSameState(const struct stat& a, const struct stat& b)
     return a.st_size == b.st_size && timeOfA.tv_sec == timeOfB.tv_sec && timeOfA.tv_nsec == timeOfB.tv_nsec;
 }
 
-/// The path behind the last link, whether something stands there or not.
-std::expected<std::filesystem::path, FileError> followLinks(std::filesystem::path path)
-{
-    for (int links = 0; links < maximumLinks; ++links) {
-        struct stat status = {};
-        if (::lstat(path.c_str(), &status) != 0 && errno != ENOENT) return failure(errno);
-        if (!S_ISLNK(status.st_mode)) return path;
-        std::error_code error;
-        const std::filesystem::path target = std::filesystem::read_symlink(path, error);
-        if (error) return failure(error.value());
-        path = path.parent_path() / target; // an absolute target replaces the whole
-    }
-    return failure(ELOOP);
-}
-
 struct QuietRead {
     std::string content;
     bool isCertain = false; ///< The system knows that nobody has the file open for writing.
@@ -112,6 +112,49 @@ std::expected<std::optional<QuietRead>, FileError> readQuietly(const FileDescrip
     const Writers writers = barrier.writers();
     if (writers == Writers::some || !isSameState(before, after)) return std::nullopt;
     return QuietRead{.content = std::move(*content), .isCertain = writers == Writers::none};
+}
+
+/// The path behind the last link, whether something stands there or not.
+std::expected<std::filesystem::path, FileError> followLinks(std::filesystem::path path)
+{
+    for (int links = 0; links < maximumLinks; ++links) {
+        struct stat status = {};
+        if (::lstat(path.c_str(), &status) != 0 && errno != ENOENT) return failure(errno);
+        if (!S_ISLNK(status.st_mode)) return path;
+        std::error_code error;
+        const std::filesystem::path target = std::filesystem::read_symlink(path, error);
+        if (error) return failure(error.value());
+        path = path.parent_path() / target; // an absolute target replaces the whole
+    }
+    return failure(ELOOP);
+}
+
+std::unexpected<FileError> leadsNowhere(const std::filesystem::path& end)
+{
+    return std::unexpected(
+        FileError{.missing = false, .description = {texts::linkLeadsNowhere, {end.string()}}});
+}
+
+/// Where the first link on the way to `path` leads behind which nothing stands; nothing if there is none.
+std::optional<std::filesystem::path> deadEnd(const std::filesystem::path& path)
+{
+    std::filesystem::path way;
+    for (const std::filesystem::path& part : path) {
+        way /= part;
+        struct stat status = {};
+        if (::lstat(way.c_str(), &status) != 0) return std::nullopt;
+        if (!S_ISLNK(status.st_mode) || ::stat(way.c_str(), &status) == 0) continue;
+        const int error = errno;
+        const auto end = followLinks(way);
+        return error == ENOENT && end ? std::optional(*end) : std::nullopt;
+    }
+    return std::nullopt;
+}
+
+/// 0 or the error.
+int makeFolder(const std::filesystem::path& folder)
+{
+    return ::mkdir(folder.c_str(), S_IRWXU) == 0 ? 0 : errno;
 }
 
 /// Makes `to` as private, and owned by the same, as the file it will replace, if there is one.
@@ -145,13 +188,20 @@ struct Replacement {
 std::expected<Replacement, FileError> prepare(const std::filesystem::path& file, std::string_view content,
                                               const std::filesystem::path& original)
 {
+    if (namesAnotherFile(file)) return failure(EINVAL);
     const auto target = followLinks(file);
     if (!target) return std::unexpected(target.error());
     std::string name = target->filename();
     if (name.empty()) return failure(EISDIR);
     const std::filesystem::path parent = target->has_parent_path() ? target->parent_path() : ".";
     FileDescriptor folder(::open(parent.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!folder.isOpen()) return failure(errno);
+    if (!folder.isOpen()) {
+        const int error = errno;
+        if (error != ENOENT) return failure(error);
+        if (*target != file) return leadsNowhere(parent);
+        const auto end = deadEnd(parent);
+        return end ? leadsNowhere(*end) : failure(error);
+    }
 
     auto temporary = TemporaryFile::create(folder.get());
     if (!temporary) return failure(errno);
@@ -302,10 +352,12 @@ std::expected<void, ExchangeError> PosixFiles::exchange(const std::filesystem::p
 
 std::expected<std::vector<std::string>, FileError> PosixFiles::list(const std::filesystem::path& folder)
 {
-    std::vector<std::string> names;
+    if (namesAnotherFile(folder)) return failure(EINVAL);
     std::error_code error;
-    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error))
+    std::filesystem::directory_iterator entry(folder, error);
+    if (error) return failureAtPath(error.value());
+    std::vector<std::string> names;
+    for (const std::filesystem::directory_iterator end; !error && entry != end; entry.increment(error))
         names.push_back(entry->path().filename());
     if (error) return failure(error.value());
     return names;
@@ -313,24 +365,30 @@ std::expected<std::vector<std::string>, FileError> PosixFiles::list(const std::f
 
 std::expected<void, FileError> PosixFiles::createFolders(const std::filesystem::path& folder)
 {
+    if (namesAnotherFile(folder)) return failure(EINVAL);
     if (kind(folder) == FileKind::folder) return {};
-    if (::mkdir(folder.c_str(), S_IRWXU) == 0) return {};
-    if (errno != ENOENT || !folder.has_relative_path()) return failure(errno);
-    if (auto parents = createFolders(folder.parent_path()); !parents) return parents;
-    if (::mkdir(folder.c_str(), S_IRWXU) == 0 || kind(folder) == FileKind::folder) return {};
-    return failure(errno);
+    int error = makeFolder(folder);
+    if (error == ENOENT && folder.has_relative_path()) {
+        if (auto parents = createFolders(folder.parent_path()); !parents) return parents;
+        error = makeFolder(folder);
+    }
+    // Somebody else may have made it in the same moment.
+    if (error == 0 || (error == EEXIST && kind(folder) == FileKind::folder)) return {};
+    if (const auto end = deadEnd(folder)) return leadsNowhere(*end);
+    return failure(error);
 }
 
 std::expected<void, FileError> PosixFiles::remove(const std::filesystem::path& file)
 {
-    if (::unlink(file.c_str()) != 0) return failure(errno);
+    if (namesAnotherFile(file)) return failure(EINVAL);
+    if (::unlink(file.c_str()) != 0) return failureAtPath(errno);
     return {};
 }
 
 std::optional<FileKind> PosixFiles::kind(const std::filesystem::path& path)
 {
     struct stat status = {};
-    if (::stat(path.c_str(), &status) != 0) return std::nullopt;
+    if (namesAnotherFile(path) || ::stat(path.c_str(), &status) != 0) return std::nullopt;
     if (S_ISREG(status.st_mode)) return FileKind::regular;
     return S_ISDIR(status.st_mode) ? FileKind::folder : FileKind::other;
 }

@@ -10,10 +10,12 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <csignal>
 #include <fstream>
 #include <optional>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace chimewell::test {
@@ -185,6 +187,22 @@ TEST_F(PosixFilesTest, NeitherReadsNorExchangesWhatSomebodyWritesInto)
 }
 #endif
 
+TEST_F(PosixFilesTest, TakesNoPathForTheOneBeforeItsNullCharacter)
+{
+    const fs::path file = folder.write("file", "old");
+    const fs::path odd = file.native() + std::string("\0x", 2);
+    EXPECT_FALSE(files.read(odd));
+    EXPECT_FALSE(files.replace(odd, "new"));
+    EXPECT_FALSE(files.exchange(odd, "old", "new"));
+    EXPECT_FALSE(files.writeCopy(odd, "new", file));
+    EXPECT_FALSE(files.remove(odd));
+    EXPECT_FALSE(files.kind(odd));
+    EXPECT_FALSE(files.createFolders(folder.path().native() + std::string("/a\0x", 4)));
+    EXPECT_FALSE(files.list(folder.path().native() + std::string("\0x", 2)));
+    EXPECT_EQ(folder.names(), std::vector<std::string>{"file"});
+    EXPECT_EQ(folder.read("file"), "old");
+}
+
 TEST_F(PosixFilesTest, ACopyIsAsPrivateAsItsOriginal)
 {
     const fs::path original = folder.write("original", "text");
@@ -211,6 +229,16 @@ TEST_F(PosixFilesTest, MakesFoldersRemovesFilesAndTellsKinds)
     EXPECT_EQ(modeOf(at / "a"), mode_t{0700});
     EXPECT_FALSE(files.createFolders(at / "file"));
     EXPECT_FALSE(files.createFolders(at / "file/below"));
+    std::atomic<int> failures = 0;
+    const auto makeMany = [&] {
+        for (int i = 0; i < 500; ++i)
+            if (!PosixFiles().createFolders(at / std::to_string(i) / "b")) ++failures;
+    };
+    {
+        const std::jthread other(makeMany);
+        makeMany();
+    }
+    EXPECT_EQ(failures, 0);
 
     EXPECT_EQ(files.kind(at / "link"), FileKind::folder);
     EXPECT_EQ(files.kind(at / "file"), FileKind::regular);
