@@ -16,7 +16,7 @@ FIRST, SECOND = "2025-01-01T00-00-00Z", "2026-01-01T00-00-00Z"
 BUSY = "error: Could not write {file}: The file was changed by another program"
 # What an installer may say whose file was removed under its hands. Only in the last case it leaves something.
 GONE = re.compile(f"error: Could not (create backup|write .*): ({os.strerror(errno.ENOENT)}|The file was "
-                  "changed by another program(, and is kept as (?P<kept>[.]chimewell-[-0-9A-F]+))?)")
+                  "changed by another program(, and is kept as (?P<kept>[.]chimewell-kept-[-0-9A-F]+))?)")
 # Where nothing waits for a disk, more happens at the same time.
 QUICK = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/linux/application.h"
 
+#include "platform/posix/temporary_file.h"
 #include "settings/application_folder.h"
 
 #include <QApplication>
@@ -81,6 +82,7 @@ Application::Application(const QDBusConnection& bus, FreedesktopApplication& sea
     connect(qApp, &QCoreApplication::aboutToQuit, this,
             [this] { services_.delegate.applicationWillTerminate(quitReason_); });
 
+    removeAbandonedFiles(services_.store.folder());
     services_.delegate.applicationDidFinishLaunching();
     interface_.start();
 }

@@ -2,6 +2,7 @@
 #include "app/macos/application.h"
 
 #include "platform/macos/system_symbols.h"
+#include "platform/posix/temporary_file.h"
 #include "presentation/panel_model.h"
 #include "settings/application_folder.h"
 #include "ui/look/symbol.h"
@@ -84,6 +85,7 @@ Application::Application(const Words& words)
 
     settings_ = services_.store.onChange([this] { showIcon(); });
     showIcon();
+    removeAbandonedFiles(services_.store.folder());
     services_.delegate.applicationDidFinishLaunching();
     interface_.start();
 }

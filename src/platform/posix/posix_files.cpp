@@ -203,6 +203,7 @@ std::expected<Replacement, FileError> prepare(const std::filesystem::path& file,
         return end ? leadsNowhere(*end) : failure(error);
     }
 
+    removeAbandonedFiles(parent);
     auto temporary = TemporaryFile::create(folder.get());
     if (!temporary) return failure(errno);
     if (!temporary->write(content)) return failure(errno);

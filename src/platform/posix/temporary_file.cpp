@@ -9,10 +9,38 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <chrono>
+#include <ctime>
+#include <system_error>
 #include <utility>
 
 namespace chimewell {
+
+namespace {
+
+// Short, and without the target's name, which may be as long as a name can be.
+constexpr std::string_view prefix = ".chimewell-";
+constexpr std::string_view keptPrefix = ".chimewell-kept-";
+constexpr std::string_view uuidForm = "XXXXXXXX-XXXX-XXXX-XXXX-XXXXXXXXXXXX";
+constexpr std::chrono::seconds longestUse = std::chrono::minutes(1);
+
+bool isTemporaryName(std::string_view name)
+{
+    if (!name.starts_with(prefix)) return false;
+    return std::ranges::equal(name.substr(prefix.size()), uuidForm, [](char character, char form) {
+        return form == 'X' ? std::string_view("0123456789ABCDEF").contains(character) : character == form;
+    });
+}
+
+bool isAbandoned(const struct stat& status)
+{
+    return S_ISREG(status.st_mode) && status.st_uid == ::geteuid() &&
+           modificationTime(status).tv_sec < std::time(nullptr) - longestUse.count();
+}
+
+}
 
 TemporaryFile::TemporaryFile(int folder, FileDescriptor file, std::string name)
     : folder_(folder),
@@ -38,8 +66,7 @@ TemporaryFile::~TemporaryFile()
 
 std::optional<TemporaryFile> TemporaryFile::create(int folder)
 {
-    // The name is short and does not contain the target's, which may be as long as a name can be.
-    std::string name = ".chimewell-" + RandomDevice().uuid();
+    std::string name = std::string(prefix) + RandomDevice().uuid();
     FileDescriptor file(::openat(folder, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
                                  S_IRUSR | S_IWUSR));
     if (!file.isOpen()) return std::nullopt;
@@ -85,7 +112,24 @@ bool TemporaryFile::renameToFree(const std::string& name)
 
 bool TemporaryFile::swap(const std::string& name)
 {
+    if (!name_.starts_with(keptPrefix)) {
+        std::string kept = std::string(keptPrefix) + name_.substr(prefix.size());
+        if (::renameat(folder_, name_.c_str(), folder_, kept.c_str()) != 0) return false;
+        name_ = std::move(kept);
+    }
     return exchangeNames(folder_, name_.c_str(), name.c_str());
+}
+
+void removeAbandonedFiles(const std::filesystem::path& folder)
+{
+    std::error_code error; // what cannot be removed stays
+    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        struct stat status = {};
+        if (isTemporaryName(entry->path().filename().native()) &&
+            ::lstat(entry->path().c_str(), &status) == 0 && isAbandoned(status))
+            ::unlink(entry->path().c_str());
+    }
 }
 
 }

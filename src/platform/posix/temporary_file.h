@@ -3,6 +3,7 @@
 
 #include "platform/posix/file_descriptor.h"
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -30,7 +31,8 @@ public:
     /// Takes the place of `name` only if nothing stands there; EEXIST otherwise.
     bool renameToFree(const std::string& name);
     /// Trades places with `name` in one step: then this object holds what stood there, and removes it in the
-    /// end. ENOTSUP where the file system cannot.
+    /// end. Before, it takes a name that `removeAbandonedFiles` spares: if the process dies before it has
+    /// looked at what stood there, that may be the only copy. ENOTSUP where the file system cannot.
     bool swap(const std::string& name);
     /// Leaves the file where it is, for somebody to find.
     void keep() { name_.clear(); }
@@ -42,5 +44,9 @@ private:
     FileDescriptor file_;
     std::string name_; ///< Empty once it is no longer ours to remove.
 };
+
+/// Removes the user's own temporary files that a process left behind when it was killed; none that is younger
+/// than a minute, which may be in use.
+void removeAbandonedFiles(const std::filesystem::path& folder);
 
 }

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <csignal>
 #include <fstream>
 #include <optional>
@@ -186,6 +187,23 @@ TEST_F(PosixFilesTest, NeitherReadsNorExchangesWhatSomebodyWritesInto)
     EXPECT_TRUE(files.exchange(file, "older", "new"));
 }
 #endif
+
+TEST_F(PosixFilesTest, WritesRemoveWhatAKilledOneLeftAndNothingElse)
+{
+    const std::string uuid = "0F0F0F0F-0F0F-4F0F-8F0F-0F0F0F0F0F0F";
+    const auto left = folder.write(".chimewell-" + uuid, "left");
+    fs::create_directory(folder.path() / (".chimewell-1" + uuid.substr(1)));
+    for (const std::string& name : {".chimewell-" + uuid + "0", ".chimewell-f" + uuid.substr(1),
+                                    ".chimewell-kept-" + uuid, "x.chimewell-" + uuid})
+        folder.write(name, "");
+    ASSERT_TRUE(files.replace(folder.path() / "file", "text"));
+    EXPECT_TRUE(fs::exists(left)); // somebody may be at work with it
+    for (const auto& entry : fs::directory_iterator(folder.path()))
+        fs::last_write_time(entry.path(), fs::file_time_type::clock::now() - std::chrono::seconds(62));
+    ASSERT_TRUE(files.replace(folder.path() / "file", "text"));
+    EXPECT_FALSE(fs::exists(left));
+    EXPECT_EQ(folder.names().size(), 6U);
+}
 
 TEST_F(PosixFilesTest, TakesNoPathForTheOneBeforeItsNullCharacter)
 {
