@@ -15,8 +15,6 @@ SettingsStore::SettingsStore(Files& files, std::filesystem::path folder)
       folder_(std::move(folder)),
       file_(folder_ / "settings.json")
 {
-    // A folder that cannot be made is reported by the write that needs it.
-    static_cast<void>(files_.createFolders(folder_));
     load();
 }
 
@@ -34,7 +32,8 @@ void SettingsStore::load()
 
 void SettingsStore::save()
 {
-    const auto written = files_.replace(file_, encodeSettings(settings_));
+    auto written = files_.createFolders(folder_);
+    if (written) written = files_.replace(file_, encodeSettings(settings_));
     lastError_ =
         written ? std::nullopt : std::optional(Phrase(texts::couldNotSave, {written.error().description}));
     subscribers_.notify();

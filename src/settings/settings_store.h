@@ -17,7 +17,7 @@ namespace chimewell {
 /// file is written after it. A file that cannot be read is replaced by the defaults on purpose.
 class SettingsStore {
 public:
-    /// `folder` is the application's own; it is made if need be. Never fails: the settings are usable
+    /// `folder` is the application's own; each save makes it if need be. Never fails: the settings are usable
     /// afterwards.
     SettingsStore(Files& files, std::filesystem::path folder);
 

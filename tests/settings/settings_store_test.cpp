@@ -175,8 +175,10 @@ TEST_F(SettingsStoreTest, ReportsAFailedSaveAndKeepsTheChange)
     EXPECT_TRUE(store.settings().globalMuted);
 
     files.full = false;
+    files.folders.clear(); // somebody removed it
     store.save();
     EXPECT_FALSE(store.lastError());
+    EXPECT_TRUE(files.folders.contains("/data/Chimewell"));
     EXPECT_EQ(told, 2);
 }
 
