@@ -144,13 +144,13 @@ std::string stringValue(std::string_view text)
         case '\r':
             value += "\\r";
             break;
-        case ' ':
-            value += value.empty() ? "\\s" : " ";
-            break; // a reader trims what leads
         default:
             value += character;
         }
     }
+    // A reader trims both ends.
+    if (value.ends_with(' ')) value.replace(value.size() - 1, 1, "\\s");
+    if (value.starts_with(' ')) value.replace(0, 1, "\\s");
     return value;
 }
 

@@ -41,10 +41,10 @@ protected:
     TemporaryFolder folder;
     const EnvironmentVariable own{"XDG_CONFIG_HOME", folder.path() / "own"};
     const EnvironmentVariable shared{"XDG_CONFIG_DIRS", folder.path() / "system"};
-    // A path that needs every kind of quoting but a percent sign, which GLib does not find in a program's
-    // path. The marker is written beside the program.
+    // A path that needs every kind of quoting, and a blank at its end, but no percent sign, which GLib does
+    // not find in a program's path. The marker is written beside the program.
     const std::filesystem::path program =
-        folder.write("a \"b\" $c `d` \\e/start", "#!/bin/sh\nprintf started > \"${0%/*}/marker\"\n");
+        folder.write("a \"b\" $c `d` \\e/start ", "#!/bin/sh\nprintf started > \"${0%/*}/marker\"\n");
     const XdgUserFolders folders;
     PosixFiles files;
     AutostartLoginItem item{folders, files, {program}};
