@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "helper/bus_address.h"
 #include "helper/deliver.h"
+#include "helper/home_folder.h"
 #include "helper/session_bus.h"
 
 #include <fcntl.h>
@@ -19,7 +20,7 @@ constexpr std::chrono::seconds detachedLimit{25};
 bool isDormant(const Environment& environment)
 {
     std::string folder(environment["XDG_DATA_HOME"]);
-    if (!folder.starts_with('/')) folder = std::string(environment["HOME"]) + "/.local/share";
+    if (!folder.starts_with('/')) folder = homeFolder(environment, getuid()) + "/.local/share";
     return access((folder + "/Chimewell/dormant").c_str(), F_OK) == 0;
 }
 
@@ -36,7 +37,7 @@ bool detach(int descriptor, const Environment& environment)
     constexpr int firstOther = STDERR_FILENO + 1;
     if (descriptor > firstOther) close_range(firstOther, static_cast<unsigned int>(descriptor) - 1, 0);
     close_range(static_cast<unsigned int>(descriptor >= firstOther ? descriptor + 1 : firstOther), ~0U, 0);
-    const bool hasMoved = chdir(std::string(environment["HOME"]).c_str()) == 0 || chdir("/") == 0;
+    const bool hasMoved = chdir(homeFolder(environment, getuid()).c_str()) == 0 || chdir("/") == 0;
     static_cast<void>(hasMoved); // only to keep no folder of the agent's busy
     return true;
 }

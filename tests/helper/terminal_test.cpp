@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
+#include "helper/home_folder.h"
 #include "helper/terminal.h"
+#include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 namespace chimewell::test {
@@ -40,6 +44,21 @@ TEST(Terminal, IsToldByItsVariables)
         const std::string_view last = block.empty() ? "" : block.back();
         block.push_back(nullptr);
         EXPECT_EQ(terminalOf(Environment(block.data())), expected) << last;
+    }
+}
+
+TEST(HomeFolder, IsThatOfTheUserDatabaseWithoutTheVariable)
+{
+    const TemporaryFolder folder;
+    const auto users =
+        folder.write("users", "a:x:10:1::/home/a:/bin/sh\nb:x:1:10:B:/home/b:/bin/sh\n1:x:2:1::odd");
+    for (const auto& [variable, user, expected] : {std::tuple{"HOME=/h", 1U, "/h"},
+                                                   {"HOME=", 1U, "/home/b"},
+                                                   {"HOME=h", 10U, "/home/a"},
+                                                   {"X=", 2U, "/"},
+                                                   {"X=", 3U, "/"}}) {
+        const std::array<const char*, 2> block = {variable, nullptr};
+        EXPECT_EQ(homeFolder(Environment(block.data()), user, users.c_str()), expected) << variable << user;
     }
 }
 
