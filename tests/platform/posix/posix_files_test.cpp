@@ -95,18 +95,6 @@ TEST_F(PosixFilesTest, ReplacesTheEndOfAChainOfLinksAndKeepsTheLinks)
     EXPECT_TRUE(fs::is_symlink(at / "dangling"));
 }
 
-TEST_F(PosixFilesTest, KeepsTheModeAndMakesNewFilesPrivate)
-{
-    const fs::path file = folder.write("file", "old");
-    for (const mode_t mode : {0600U, 0644U, 0444U, 0750U, 02640U}) {
-        ASSERT_EQ(::chmod(file.c_str(), mode), 0);
-        ASSERT_TRUE(files.replace(file, "new"));
-        EXPECT_EQ(modeOf(file), mode);
-    }
-    ASSERT_TRUE(files.replace(folder.path() / "fresh", "text"));
-    EXPECT_EQ(modeOf(folder.path() / "fresh"), mode_t{0600});
-}
-
 TEST_F(PosixFilesTest, LeavesEverythingAsItWasWhenItCannotReplace)
 {
     const fs::path at = folder.path();
