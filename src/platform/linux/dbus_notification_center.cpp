@@ -242,15 +242,17 @@ void DbusNotificationCenter::send(const NotificationRequest& request)
 {
     ++unanswered_;
     listenWhileNeeded();
-    callAsync(bus_, notifyCall(request), this,
-              [this, userInfo = request.userInfo](const QDBusMessage& reply) {
-                  --unanswered_;
-                  // An answer of a server that was replaced meanwhile names a banner that is gone.
-                  if (isReply(reply) && reply.service() == owner_)
-                      remember(reply.arguments().constFirst().toUInt(), userInfo);
-                  replayEarlySignals();
-                  listenWhileNeeded();
-              });
+    callAsync(
+        bus_, notifyCall(request), this,
+        [this, userInfo = request.userInfo, asked = owner_.value_or(QString())](const QDBusMessage& reply) {
+            --unanswered_;
+            // An answer of a server that was replaced meanwhile names a banner that is gone. A reply does
+            // not tell its sender in every version of Qt.
+            if (isReply(reply) && (asked.isEmpty() || asked == owner_))
+                remember(reply.arguments().constFirst().toUInt(), userInfo);
+            replayEarlySignals();
+            listenWhileNeeded();
+        });
 }
 
 QDBusMessage DbusNotificationCenter::notifyCall(const NotificationRequest& request) const
