@@ -12,7 +12,7 @@ import chimewell
 from banners import BannerWatch
 from interface import has_window, press_keys, until_in_front, window
 from sounds import Recording
-from tray import EmbeddedIcon, StatusNotifierIcon, TrayProcess
+from tray import EmbeddedIcon, StatusNotifierIcon
 from waiting import until
 
 HOME = pathlib.Path(os.environ["HOME"])
@@ -282,21 +282,6 @@ class Panel(InterfaceTest):
         self.until_gone("Welcome")
         self.open_panel().find("Open Settings…", "button").press()
         self.window("Chimewell Settings")
-
-    @unittest.skipIf(len(sys.argv) > 2 and sys.argv[2] == "none", "no tray can go")
-    def test_it_is_a_window_while_there_is_no_tray(self):
-        self.start(hasCompletedOnboarding=True)
-        self.open_panel().find("Mute all", "check box")
-        press_keys("Escape")
-        self.until_gone("Chimewell")
-        tray = TrayProcess(TRAY)
-        tray.kill()
-        until(lambda: chimewell.activate() or has_window(self.process, "Chimewell"), "the panel as a window")
-        until_in_front("Chimewell")
-        press_keys("Escape")
-        tray.start()
-        self.until_gone("Chimewell")
-        self.open_panel()
 
     @unittest.skipUnless(len(sys.argv) > 2 and sys.argv[2] == "sni", "only this tray shows menus of its own")
     def test_the_menu_offers_the_same(self):

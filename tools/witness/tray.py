@@ -1,7 +1,5 @@
 # SPDX-License-Identifier: MIT
 """The application's icon in the tray, of either kind, as the user clicks it."""
-import os
-import pathlib
 import re
 import subprocess
 
@@ -14,23 +12,6 @@ WATCHER = "org.kde.StatusNotifierWatcher"
 ITEM = "org.kde.StatusNotifierItem"
 
 
-class TrayProcess:
-    """What shows the icons."""
-
-    def __init__(self, kind):
-        search = ["xdotool", "search", "--class", "^trayer$", "getwindowpid"]
-        found = (chimewell.process_of(WATCHER) if kind == "sni" else
-                 subprocess.run(search, capture_output=True, text=True, check=True).stdout.split()[0])
-        self._process = int(found)
-        self._command = pathlib.Path(f"/proc/{found}/cmdline").read_text().split("\0")[:-1]
-
-    def kill(self):
-        os.kill(self._process, 9)
-
-    def start(self):
-        subprocess.Popen(self._command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-
-
 class StatusNotifierIcon:
     """An icon that its host draws and asks for by D-Bus."""
 
@@ -41,7 +22,7 @@ class StatusNotifierIcon:
 
     @staticmethod
     def _items():
-        return chimewell.has_owner(WATCHER) and chimewell.call(WATCHER, "/StatusNotifierWatcher", "org.freedesktop.DBus.Properties", "Get",
+        return chimewell.call(WATCHER, "/StatusNotifierWatcher", "org.freedesktop.DBus.Properties", "Get",
                               GLib.Variant("(ss)", (WATCHER, "RegisteredStatusNotifierItems")))[0]
 
     def click(self):

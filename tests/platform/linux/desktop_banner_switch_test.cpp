@@ -133,14 +133,10 @@ TEST_F(DesktopBannerSwitchTest, SurvivesAnswersOfOtherTypes)
     service.registerVirtualObject(u"/org/xfce/Xfconf"_s, &settings);
     service.registerService(u"org.xfce.Xfconf"_s);
     startOn("XFCE");
-    const QString name = u"app.chimewell.Chimewell"_s;
-    for (const QVariant& value :
-         {QVariant(name), QVariant(QStringList(name)), QVariant(QVariantMap{{name, true}}),
-          QVariant::fromValue(QList<int>{1}), QVariant(QByteArray("x"))}) {
-        for (const QVariant& answer : {value, QVariant::fromValue(QDBusVariant(value))}) {
-            settings.answer = answer;
-            EXPECT_FALSE(isOff()) << value.typeName();
-        }
+    for (const QVariant& value : {QVariant::fromValue(QList<int>{1}), QVariant(QVariantMap{{u"a"_s, 1}}),
+                                  QVariant(QStringList(u"app.chimewell.Chimewell"_s))}) {
+        settings.answer = QVariant::fromValue(QDBusVariant(value));
+        EXPECT_FALSE(isOff()) << value.typeName();
     }
 }
 

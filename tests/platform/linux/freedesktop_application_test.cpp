@@ -71,25 +71,12 @@ TEST_F(FreedesktopApplicationTest, HandlesALongRequestAfterItsAnswerAndOnlyInPar
 {
     FreedesktopApplication application(bus.connection(QStringLiteral("application")));
     application.setHandlers(recording());
-    QStringList urls;
-    for (int i = 0; i < 300; ++i)
-        urls.append(QString::number(i));
     auto* const calls = application.findChild<FreedesktopApplicationAdaptor*>();
-    calls->Open(urls, {});
+    calls->Open(QStringList(300, QStringLiteral("url")), {});
     calls->Activate({});
     EXPECT_TRUE(seen.empty());
     ASSERT_TRUE(waitUntil([&] { return !seen.empty() && seen.back() == "activate"; }));
     EXPECT_EQ(seen.size(), 257U);
-    EXPECT_EQ(seen[255], "open 255");
-}
-
-TEST_F(FreedesktopApplicationTest, HasOneSeat)
-{
-    FreedesktopApplication first(bus.connection(QStringLiteral("first")));
-    FreedesktopApplication second(bus.connection(QStringLiteral("second")));
-    EXPECT_TRUE(first.claim());
-    EXPECT_FALSE(second.claim());
-    EXPECT_FALSE(FreedesktopApplication(QDBusConnection(QStringLiteral("no such bus"))).claim());
 }
 
 }

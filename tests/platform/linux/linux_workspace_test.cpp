@@ -90,18 +90,6 @@ protected:
         folder.write("data/applications/" + id + ".desktop",
                      "[Desktop Entry]\nType=Application\nName=Terminal\n" + lines);
     }
-    /// On a mount whose server is gone; the process that asks writes its id to "asking".
-    std::string hangingPath()
-    {
-        const std::string hanging = folder.path() / "hanging";
-        const auto stat =
-            folder.write("bin/stat", "#!/bin/sh\n[ \"$5\" = " + hanging +
-                                         " ] || exec /usr/bin/stat \"$@\"\n"
-                                         "echo $$ >" +
-                                         (folder.path() / "asking").string() + "\nexec sleep 600\n");
-        ::chmod(stat.c_str(), 0755);
-        return hanging;
-    }
     LinuxWorkspace workspace(const std::optional<std::string>& display = std::nullopt)
     {
         return LinuxWorkspace({.folders = folders,
@@ -184,7 +172,11 @@ TEST_F(LinuxWorkspaceTest, AsksTheFileManagerForFoldersOnly)
     const auto file = folder.write("file.desktop", "[Desktop Entry]\nType=Application\nExec=false\n");
     LinuxWorkspace desktop = workspace();
     SessionFocus focus(desktop);
-    focus.focusSession(std::nullopt, hangingPath());
+    const auto stat = folder.write(
+        "bin/stat", "#!/bin/sh\ncase $5 in */hanging) echo $$ >\"$0.id\"; exec sleep 600;; esac\n"
+                    "exec /usr/bin/stat \"$@\"\n");
+    ::chmod(stat.c_str(), 0755);
+    focus.focusSession(std::nullopt, folder.path() / "hanging"); // its server is gone
     focus.focusSession(std::nullopt, folder.path() / "none");
     tokens.put("permission");
     focus.focusSession(std::nullopt, odd);
@@ -197,7 +189,7 @@ TEST_F(LinuxWorkspaceTest, AsksTheFileManagerForFoldersOnly)
                                QStringLiteral("/50%25%20%FF%C3%BC%20%23%3F permission"),
                            QStringLiteral("items ") + base + QStringLiteral("/file.desktop ")}));
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "bin/gio.log"));
-    const int asking = std::stoi(folder.read("asking"));
+    const int asking = std::stoi(folder.read("bin/stat.id"));
     EXPECT_TRUE(waitUntil([&] { return ::kill(asking, 0) != 0; })) << "the one who asks is not given up";
 }
 
