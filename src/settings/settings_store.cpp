@@ -26,18 +26,8 @@ void SettingsStore::load()
             settings_ = std::move(*decoded);
             return;
         }
-        if (!keepUnreadable(*bytes)) return;
     }
     save();
-}
-
-bool SettingsStore::keepUnreadable(const std::string& content)
-{
-    const std::filesystem::path copy = folder_ / "settings.json.unreadable";
-    if (files_.kind(copy)) return true;
-    const auto written = files_.replace(copy, content);
-    if (!written) lastError_ = Phrase(texts::couldNotSave, {written.error().description});
-    return written.has_value();
 }
 
 void SettingsStore::save()

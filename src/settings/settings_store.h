@@ -9,14 +9,12 @@
 #include <filesystem>
 #include <functional>
 #include <optional>
-#include <string>
 #include <string_view>
 
 namespace chimewell {
 
 /// The one owner of the live settings. Loaded once; every change is in memory at once and the whole
-/// file is written after it. A file that cannot be understood is replaced by the defaults, after it was
-/// copied to `settings.json.unreadable`, unless there is such a copy.
+/// file is written after it. A file that cannot be read is replaced by the defaults on purpose.
 class SettingsStore {
 public:
     /// `folder` is the application's own; each save makes it if need be. Never fails: the settings are usable
@@ -43,8 +41,6 @@ public:
 
 private:
     void load();
-    /// False if there is still no copy, and `lastError` says why.
-    bool keepUnreadable(const std::string& content);
 
     Files& files_;
     std::filesystem::path folder_;

@@ -28,7 +28,6 @@ TEST_F(SettingsStoreTest, WritesTheDefaultsAtFirstStart)
     EXPECT_EQ(store.settings(), AppSettings());
     EXPECT_FALSE(store.lastError());
     EXPECT_TRUE(files.folders.contains("/data/Chimewell"));
-    EXPECT_EQ(files.contents.size(), 1U);
     EXPECT_TRUE(files.contents.at(file).starts_with(R"({
   "events": [
     {
@@ -52,7 +51,6 @@ TEST_F(SettingsStoreTest, WritesTheDefaultsAtFirstStart)
 TEST_F(SettingsStoreTest, ReplacesAFileThatItCannotUseByTheDefaults)
 {
     const std::string unusable[] = {
-        "{ the first",
         "",
         "{",
         "[]",
@@ -84,7 +82,6 @@ TEST_F(SettingsStoreTest, ReplacesAFileThatItCannotUseByTheDefaults)
         files.contents[file] = content;
         EXPECT_EQ(open().settings(), AppSettings()) << content.substr(0, 80);
         EXPECT_EQ(files.contents.at(file), defaults) << content.substr(0, 80);
-        EXPECT_EQ(files.contents.at("/data/Chimewell/settings.json.unreadable"), "{ the first");
     }
 }
 
