@@ -132,10 +132,15 @@ public:
 
 class English final : public UserLocale {
 public:
-    std::string languageCode() const override { return "en"; }
     std::string shortTime(Date) const override { return {}; }
     std::string relativeTime(Date, Date) const override { return {}; }
     std::string shortRelativeTime(Date, Date) const override { return {}; }
+};
+
+class EnglishWords final : public Translator {
+public:
+    std::string translate(const Phrase& phrase) const override { return english(phrase); }
+    std::string language() const override { return "en"; }
 };
 
 class NoWorkspace final : public Workspace {
@@ -151,8 +156,8 @@ public:
 class NoLoginItem final : public LoginItem {
 public:
     bool isEnabled() const override { return false; }
-    std::expected<void, std::string> registerItem() override { return {}; }
-    std::expected<void, std::string> unregisterItem() override { return {}; }
+    std::expected<void, Phrase> registerItem() override { return {}; }
+    std::expected<void, Phrase> unregisterItem() override { return {}; }
 };
 
 struct InMenuBar : ApplicationActivation {
@@ -170,6 +175,7 @@ struct Road {
     MuteSpeech speech;
     NoBanners center;
     English locale;
+    EnglishWords translator;
     NoHome folders;
     NoResources resources;
     NoWorkspace workspace;
@@ -180,6 +186,7 @@ struct Road {
                        .timers = timers,
                        .random = random,
                        .locale = locale,
+                       .translator = translator,
                        .folders = folders,
                        .resources = resources,
                        .sounds = sounds,

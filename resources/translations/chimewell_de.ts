@@ -145,7 +145,7 @@
     </message>
     <message>
         <source>Open Settings…</source>
-        <translation>Einstellungen öffnen …</translation>
+        <translation>Einstellungen öffnen&#xa0;…</translation>
     </message>
     <message>
         <source>Open Chimewell</source>
@@ -197,7 +197,7 @@
     </message>
     <message>
         <source>Choose which agent state changes notify you, and how.</source>
-        <translation>Auswählen, welche Zustandsänderungen der Agenten gemeldet werden, und wie.</translation>
+        <translation>Hier wird festgelegt, welche Zustandsänderungen der Agenten gemeldet werden und wie.</translation>
     </message>
     <message>
         <source>Enabled</source>
@@ -253,7 +253,7 @@
     </message>
     <message>
         <source>Custom…</source>
-        <translation>Eigener Wert …</translation>
+        <translation>Eigener Wert&#xa0;…</translation>
     </message>
     <message>
         <source>30 seconds</source>
@@ -299,7 +299,7 @@
     </message>
     <message>
         <source>Install hooks so your agent tells Chimewell when its state changes.</source>
-        <translation>Mit installierten Hooks melden die Agenten ihre Zustandsänderungen an Chimewell.</translation>
+        <translation>Über Hooks melden die Agenten ihre Zustandsänderungen an Chimewell.</translation>
     </message>
     <message>
         <source>Not installed</source>
@@ -495,7 +495,7 @@
     </message>
     <message>
         <source>Show setup walkthrough…</source>
-        <translation>Geführte Einrichtung anzeigen …</translation>
+        <translation>Geführte Einrichtung anzeigen&#xa0;…</translation>
     </message>
     <message>
         <source>Replay the guided setup — allow notifications, connect Claude Code, and pick your sounds. You can skip any step.</source>

@@ -235,7 +235,7 @@ TEST_F(InAPseudoLanguage, EveryWindowSaysNothingElse)
     system.files.full = true;
     services.store.save(); // the panel and the settings say that it failed
     UserInterface icon(fakes.interface);
-    icon.showIcon();
+    icon.setIcon(true);
     for (const QWidget* menu : QApplication::topLevelWidgets())
         expectMarked(*menu, "icon");
     forEach([this](const std::string& name, QWidget& window) {
