@@ -18,7 +18,8 @@ namespace chimewell {
 
 namespace {
 
-constexpr std::chrono::seconds patience{1};
+constexpr std::chrono::seconds timeout{1};
+
 /// `mode` is st_mode in hexadecimal digits.
 std::optional<FileKind> kindOf(const QByteArray& mode)
 {
@@ -41,7 +42,7 @@ void PathInspector::findKind(const std::filesystem::path& path, std::function<vo
     QObject::connect(process, &QProcess::finished, &context_, [process, done = std::move(done)] {
         if (const auto kind = kindOf(process->readAllStandardOutput())) done(*kind);
     });
-    QTimer::singleShot(patience, process, &QProcess::kill);
+    QTimer::singleShot(timeout, process, &QProcess::kill);
     // QProcess itself knows only arguments that are text.
     process->setChildProcessModifier([path] {
         ::execlp("stat", "stat", "-L", "-c", "%f", "--", path.c_str(), nullptr);
