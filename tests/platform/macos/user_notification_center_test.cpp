@@ -106,9 +106,9 @@ TEST_F(UserNotificationCenterTest, PostsBannersOfOneCategory)
               (std::vector<mac::BannerCategory>{
                   {"AGENT_EVENT", {{"FOCUS_SESSION", "Open Session", foreground}}, 0, 0}}));
 
-    EXPECT_TRUE(service->post("Claude ✓", "Fertig", "/srv/ä", "kitty"));
-    EXPECT_TRUE(service->post("Claude ✓", "Fertig", std::nullopt, std::nullopt));
-    EXPECT_TRUE(service->post("Claude", "no \xff text", "/srv/\xc3", std::nullopt));
+    EXPECT_TRUE(service->post(std::string("Claude ✓"), std::string("Fertig"), "/srv/ä", "kitty"));
+    EXPECT_TRUE(service->post(std::string("Claude ✓"), std::string("Fertig"), std::nullopt, std::nullopt));
+    EXPECT_TRUE(service->post(std::string("Claude"), std::string("no \xff text"), "/srv/\xc3", std::nullopt));
     EXPECT_EQ(mac::banners().posted,
               (std::vector<mac::PostedBanner>{
                   {"uuid-1", "AGENT_EVENT", "Claude ✓", "Fertig", {{"cwd", "/srv/ä"}, {"term", "kitty"}}},
@@ -147,7 +147,7 @@ TEST_F(UserNotificationCenterTest, IsUnavailableOutsideABundle)
     service->configure();
     service->requestAuthorization();
     EXPECT_EQ(service->status(), AuthStatus::unavailable);
-    EXPECT_FALSE(service->post("Title", "Body", std::nullopt, std::nullopt));
+    EXPECT_FALSE(service->post(std::string("Title"), std::string("Body"), std::nullopt, std::nullopt));
     EXPECT_FALSE(mac::banners().hasDelegate());
     EXPECT_TRUE(mac::banners().categories.empty());
     EXPECT_TRUE(mac::banners().posted.empty());
