@@ -56,7 +56,7 @@ static_assert(allCanonicalEvents.size() == tableSize(), "allCanonicalEvents lack
 
 Facts factsOf(CanonicalEvent event)
 {
-    return *findFacts(event);
+    return *findFacts(event); // NOLINT(bugprone-unchecked-optional-access): every event has a row
 }
 
 }

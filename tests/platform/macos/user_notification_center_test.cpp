@@ -113,7 +113,7 @@ TEST_F(UserNotificationCenterTest, PostsBannersOfOneCategory)
               (std::vector<mac::PostedBanner>{
                   {"uuid-1", "AGENT_EVENT", "Claude ✓", "Fertig", {{"cwd", "/srv/ä"}, {"term", "kitty"}}},
                   {"uuid-2", "AGENT_EVENT", "Claude ✓", "Fertig", {}},
-                  {"uuid-3", "AGENT_EVENT", "Claude", "", {{"cwd", ""}}}}));
+                  {"uuid-3", "AGENT_EVENT", "Claude", "no \uFFFD text", {{"cwd", ""}}}}));
     EXPECT_EQ(mac::banners().present(), listAndBanner);
 }
 
