@@ -57,7 +57,10 @@ void SsipConnection::handleLine(std::string_view text)
     if (!line) return fail();
     if (line->isEvent()) return handleEvent(*line);
     if (!isAwaitingReply_) return;
-    if (!line->isLast) return commands_.front().onReply(*line);
+    if (!line->isLast) {
+        replyLimit_.start(); // a reply of thousands of lines may take a busy machine a while
+        return commands_.front().onReply(*line);
+    }
     const Reply onReply = std::move(commands_.front().onReply);
     commands_.pop_front();
     isAwaitingReply_ = false;

@@ -15,7 +15,7 @@
 namespace chimewell {
 
 /// The conversation with a speech service: one command at a time, each answered by one reply, with events
-/// between them. A service that leaves a command unanswered for ten seconds counts as gone.
+/// between them. A service that says nothing for ten seconds while a command is unanswered counts as gone.
 class SsipConnection {
 public:
     /// Called from the event loop only. They may close the connection and open it again, not destroy it.
