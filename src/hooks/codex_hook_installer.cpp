@@ -36,7 +36,7 @@ struct Notify {
 
     bool isOurs() const
     {
-        return !strings.empty() && std::filesystem::path(strings.front()).filename() == "chimewell-hook";
+        return !strings.empty() && std::filesystem::path(strings.front()).filename() == helperName;
     }
     /// Whether another program is told of ours, to call it in its turn.
     bool isUsersChain() const { return !isOurs() && std::ranges::any_of(strings, namesOurHelper); }

@@ -34,7 +34,7 @@ bool runsHelper(std::string_view command, const std::string& helper)
 
 bool namesOurHelper(std::string_view command)
 {
-    return command.contains("chimewell-hook");
+    return command.contains(helperName);
 }
 
 }

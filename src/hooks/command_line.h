@@ -6,6 +6,9 @@
 
 namespace chimewell {
 
+/// The name of our helper's program; what carries it in its command is ours.
+inline constexpr std::string_view helperName = "chimewell-hook";
+
 /// The shell command that runs our helper for an agent's event. The path stands in double quotes, within
 /// which a POSIX shell gives meaning to `"`, `$`, `` ` `` and `\` alone; these are escaped.
 std::string hookCommandLine(const std::string& helper, std::string_view provider, std::string_view event);

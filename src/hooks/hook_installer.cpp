@@ -2,6 +2,7 @@
 #include "hooks/hook_installer.h"
 
 #include "base/iso8601.h"
+#include "hooks/command_line.h"
 #include "values/texts.h"
 
 #include <algorithm>
@@ -17,7 +18,6 @@ using Kind = HookInstallerError::Kind;
 /// How often a change is made anew on a file that the agent rewrote meanwhile.
 constexpr int maxAttempts = 5;
 
-constexpr std::string_view helperName = "chimewell-hook";
 constexpr std::string_view backupInfix = ".chimewell-backup-";
 
 std::unexpected<HookInstallerError> ioError(Phrase message)
