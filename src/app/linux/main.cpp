@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/linux/application.h"
-#include "platform/linux/display_check.h"
-#include "platform/linux/freedesktop_application.h"
-#include "platform/linux/running_instance.h"
+#include "platform/linux/session/display_check.h"
+#include "platform/linux/session/freedesktop_application.h"
+#include "platform/linux/session/running_instance.h"
 #include "ui/look/symbol_icon.h"
 #include "ui/translation.h"
 #include "ui/words.h"

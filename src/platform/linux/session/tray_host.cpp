@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/session/tray_host.h"
+
+#include "platform/linux/freedesktop/dbus_call.h"
+
+#include <QDBusVariant>
+#include <QGuiApplication>
+#include <QVariant>
+
+#include <cstdlib>
+#include <memory>
+#include <string_view>
+#include <utility>
+
+#include <xcb/xcb.h>
+
+namespace chimewell {
+
+namespace {
+
+const QString watcherName = QStringLiteral("org.kde.StatusNotifierWatcher");
+const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
+
+struct FreeReply {
+    void operator()(void* reply) const { std::free(reply); }
+};
+
+xcb_connection_t* x11Connection()
+{
+    auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 ? x11->connection() : nullptr;
+}
+
+xcb_atom_t atom(xcb_connection_t* connection, std::string_view name)
+{
+    const auto cookie = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
+    const std::unique_ptr<xcb_intern_atom_reply_t, FreeReply> reply(
+        xcb_intern_atom_reply(connection, cookie, nullptr));
+    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+}
+
+}
+
+TrayHost::TrayHost(QDBusConnection bus, std::function<void(bool)> changed)
+    : bus_(std::move(bus)),
+      watcher_(watcherName, bus_, QDBusServiceWatcher::WatchForOwnerChange),
+      changed_(std::move(changed))
+{
+    connect(&watcher_, &QDBusServiceWatcher::serviceOwnerChanged, this, &TrayHost::look);
+    for (const char* signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"})
+        bus_.connect(watcherName, watcherPath, watcherName, QString::fromLatin1(signal), this, SLOT(look()));
+    if (xcb_connection_t* const x11 = x11Connection()) {
+        // System Tray Protocol: a new owner of the selection announces itself to the root window, whose
+        // events Qt selects for its own icons.
+        managerAtom_ = atom(x11, "MANAGER");
+        selectionAtom_ = atom(x11, "_NET_SYSTEM_TRAY_S0");
+        qApp->installNativeEventFilter(this);
+    }
+    look();
+}
+
+TrayHost::~TrayHost()
+{
+    qApp->removeNativeEventFilter(this);
+}
+
+void TrayHost::look()
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        watcherName, watcherPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    call << watcherName << QStringLiteral("IsStatusNotifierHostRegistered");
+    call.setAutoStartService(false);
+    callAsync(bus_, call, this, [this](const QDBusMessage& reply) {
+        tell(reply.type() == QDBusMessage::ReplyMessage &&
+             reply.arguments().value(0).value<QDBusVariant>().variant().toBool());
+    });
+}
+
+bool TrayHost::hasSelectionOwner()
+{
+    xcb_connection_t* const x11 = x11Connection();
+    if (!x11) return false;
+    const std::unique_ptr<xcb_get_selection_owner_reply_t, FreeReply> reply(
+        xcb_get_selection_owner_reply(x11, xcb_get_selection_owner(x11, selectionAtom_), nullptr));
+    selectionOwner_ = reply ? reply->owner : xcb_window_t{XCB_WINDOW_NONE};
+    if (selectionOwner_ == XCB_WINDOW_NONE) return false;
+    // System Tray Protocol: it lets go of the selection by destroying its window. Qt, whose connection this
+    // is, selects the same events for its own icons.
+    const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    xcb_change_window_attributes(x11, selectionOwner_, XCB_CW_EVENT_MASK, &events);
+    xcb_flush(x11);
+    return true;
+}
+
+void TrayHost::tell(bool hasNotifierHost)
+{
+    const bool hasOwner = hasSelectionOwner();
+    if (!kind_ && (hasNotifierHost || hasOwner))
+        kind_ = hasNotifierHost ? Kind::statusNotifier : Kind::selection;
+    const bool isThere = kind_ == Kind::selection ? hasOwner : hasNotifierHost;
+    if (std::exchange(isThere_, isThere) != isThere) changed_(isThere);
+}
+
+bool TrayHost::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*)
+{
+    if (eventType != "xcb_generic_event_t") return false;
+    const auto* event = static_cast<const xcb_generic_event_t*>(message);
+    const unsigned int type = event->response_type & ~0x80U;
+    if (type == XCB_CLIENT_MESSAGE) {
+        const auto* announcement = reinterpret_cast<const xcb_client_message_event_t*>(event);
+        if (announcement->type == managerAtom_ && announcement->data.data32[1] == selectionAtom_) look();
+    } else if (type == XCB_DESTROY_NOTIFY) {
+        if (reinterpret_cast<const xcb_destroy_notify_event_t*>(event)->window == selectionOwner_) look();
+    }
+    return false;
+}
+
+}
