@@ -4,7 +4,7 @@
 // process that does it.
 #include "agent_settings.h"
 
-#include "hooks/claude_hook_installer.h"
+#include "hooks/json_hook_installer.h"
 #include "platform/posix/installed_resources.h"
 #include "platform/posix/posix_clock.h"
 #include "platform/posix/posix_files.h"

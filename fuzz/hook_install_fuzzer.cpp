@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Whatever the agents' files hold: installing and uninstalling leaves all that is not ours as it was, in its
 // order, and a file that is refused keeps its bytes.
-#include "hooks/claude_hook_installer.h"
-#include "hooks/cursor_hook_installer.h"
+#include "hooks/json_hook_installer.h"
 #include "support/fake_time.h"
 #include "support/fixed_home.h"
 #include "support/memory_files.h"

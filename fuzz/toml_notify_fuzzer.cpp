@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace {
 
@@ -31,8 +32,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     const auto ours = findNotify(with);
     require(ours.has_value());
-    require(ours->in(with) == std::string(line) + "\n");
-    if (found) static_cast<void>(notifyStrings(found->in(toml)));
+    require(with.substr(ours->begin, ours->size) == std::string(line) + "\n");
+    require(ours->strings == std::vector<std::string>{"/opt/chimewell-hook", "codex-notify"});
     require(withNotifyLine(with, ours, line) == with);
 
     const std::string without = withoutNotify(with, *ours);

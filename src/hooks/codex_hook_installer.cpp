@@ -2,7 +2,7 @@
 #include "hooks/codex_hook_installer.h"
 
 #include "base/utf8.h"
-#include "hooks/command_line.h"
+#include "hooks/helper_command.h"
 #include "hooks/toml_notify.h"
 #include "values/provider.h"
 #include "values/texts.h"
@@ -10,43 +10,21 @@
 #include <algorithm>
 #include <filesystem>
 #include <string>
-#include <vector>
 
 namespace chimewell {
 
 namespace {
 
-using Kind = HookInstallerError::Kind;
-
-std::unexpected<HookInstallerError> refused(Text reason)
+bool isOurs(const NotifySetting& notify)
 {
-    return std::unexpected(HookInstallerError{Kind::ioError, reason});
+    const auto& strings = notify.strings;
+    return !strings.empty() && std::filesystem::path(strings.front()).filename() == helperName;
 }
 
-std::unexpected<HookInstallerError> notUtf8(const std::filesystem::path& file)
+/// Whether another program is given our helper's path, to call it in turn.
+bool isUsersChain(const NotifySetting& notify)
 {
-    return std::unexpected(
-        HookInstallerError{Kind::ioError, {texts::couldNotRead, {file.string(), texts::notUtf8}}});
-}
-
-/// The first notify setting of a configuration.
-struct Notify {
-    NotifyLines lines;
-    std::vector<std::string> strings; ///< The program and its arguments.
-
-    bool isOurs() const
-    {
-        return !strings.empty() && std::filesystem::path(strings.front()).filename() == helperName;
-    }
-    /// Whether another program is told of ours, to call it in its turn.
-    bool isUsersChain() const { return !isOurs() && std::ranges::any_of(strings, namesOurHelper); }
-};
-
-std::optional<Notify> readNotify(std::string_view toml)
-{
-    const auto lines = findNotify(toml);
-    if (!lines) return std::nullopt;
-    return Notify{.lines = *lines, .strings = notifyStrings(lines->in(toml))};
+    return !isOurs(notify) && std::ranges::any_of(notify.strings, namesOurHelper);
 }
 
 }
@@ -60,37 +38,36 @@ CodexHookInstaller::CodexHookInstaller(Collaborators with)
 {
 }
 
-HookInstaller::Result<std::string> CodexHookInstaller::withHooks(const Content& content,
-                                                                 const std::string& helper) const
+HookInstaller::Result<HookInstaller::Content> CodexHookInstaller::withHooks(const Content& content,
+                                                                            const std::string& helper) const
 {
     const std::string toml = content.value_or("");
-    if (!isValidUtf8(toml)) return notUtf8(settingsFileURL());
-    const auto notify = readNotify(toml);
-    if (notify && notify->isUsersChain()) return refused(texts::notifyIsChain);
-    const bool isTaken = notify ? !notify->isOurs() : definesNotifyOtherwise(toml);
-    if (isTaken) return refused(texts::notifyIsTaken);
-    if (!isValidUtf8(helper)) return refused(texts::couldNotEncodeToml);
-    const auto replaced = notify ? std::optional(notify->lines) : std::nullopt;
-    return withNotifyLine(toml, replaced, "notify = [" + tomlString(helper) + ", \"codex-notify\"]");
+    if (!isValidUtf8(toml)) return unreadable(texts::notUtf8);
+    const auto notify = findNotify(toml);
+    if (notify && isUsersChain(*notify)) return ioError(texts::notifyIsChain);
+    const bool isTaken = notify ? !isOurs(*notify) : definesNotifyOtherwise(toml);
+    if (isTaken) return ioError(texts::notifyIsTaken);
+    if (!isValidUtf8(helper)) return ioError(texts::couldNotEncodeToml);
+    return withNotifyLine(toml, notify, "notify = [" + tomlString(helper) + ", \"codex-notify\"]");
 }
 
 HookInstaller::Result<HookInstaller::Content>
 CodexHookInstaller::withoutHooks(const std::string& content) const
 {
-    if (!isValidUtf8(content)) return notUtf8(settingsFileURL());
-    const auto notify = readNotify(content);
-    if (notify && notify->isUsersChain()) return refused(texts::notifyIsChain);
-    if (!notify || !notify->isOurs()) return Content();
-    return Content(withoutNotify(content, notify->lines));
+    if (!isValidUtf8(content)) return unreadable(texts::notUtf8);
+    const auto notify = findNotify(content);
+    if (notify && isUsersChain(*notify)) return ioError(texts::notifyIsChain);
+    if (!notify || !isOurs(*notify)) return Content();
+    return withoutNotify(content, *notify);
 }
 
 HookInstaller::Result<HookInstaller::Findings> CodexHookInstaller::find(const std::string& content,
                                                                         const std::string& helper) const
 {
-    if (!isValidUtf8(content)) return notUtf8(settingsFileURL());
-    const auto notify = readNotify(content);
-    if (!notify || !notify->isOurs()) return Findings{.isUsersChain = notify && notify->isUsersChain()};
-    std::string lines(notify->lines.in(content));
+    if (!isValidUtf8(content)) return unreadable(texts::notUtf8);
+    const auto notify = findNotify(content);
+    if (!notify || !isOurs(*notify)) return Findings{.isUsersChain = notify && isUsersChain(*notify)};
+    std::string lines = content.substr(notify->begin, notify->size);
     while (lines.ends_with('\n') || lines.ends_with('\r'))
         lines.pop_back();
     return Findings{.entries = {lines}, .callOtherHelper = notify->strings.front() != helper};

@@ -2,11 +2,10 @@
 #include "hooks/hook_installer.h"
 
 #include "base/iso8601.h"
-#include "hooks/command_line.h"
+#include "hooks/helper_command.h"
 #include "values/texts.h"
 
 #include <algorithm>
-#include <functional>
 #include <utility>
 
 namespace chimewell {
@@ -15,22 +14,14 @@ namespace {
 
 using Kind = HookInstallerError::Kind;
 
-/// How often a change is made anew on a file that the agent rewrote meanwhile.
+/// How often a change is tried on a file that the agent keeps rewriting.
 constexpr int maxAttempts = 5;
-
-constexpr std::string_view backupInfix = ".chimewell-backup-";
-
-std::unexpected<HookInstallerError> ioError(Phrase message)
-{
-    return std::unexpected(HookInstallerError{Kind::ioError, std::move(message)});
-}
 
 std::string backupPrefix(const std::filesystem::path& file)
 {
-    return file.filename().string() + std::string(backupInfix);
+    return file.filename().string() + ".chimewell-backup-";
 }
 
-/// Nothing where there is none.
 std::expected<std::optional<std::filesystem::path>, FileError> oldestBackup(AgentFiles& files,
                                                                             const std::filesystem::path& file)
 {
@@ -43,6 +34,21 @@ std::expected<std::optional<std::filesystem::path>, FileError> oldestBackup(Agen
     return file.parent_path() / *oldest;
 }
 
+}
+
+Phrase HookInstallerError::description() const
+{
+    switch (kind) {
+    case Kind::settingsUnparseable:
+        return {texts::notJson, {detail}};
+    case Kind::helperMissing:
+        return detail == Phrase() ? Phrase(texts::helperMissing) : detail;
+    case Kind::noBackup:
+        return texts::noBackup;
+    case Kind::ioError:
+        break;
+    }
+    return detail;
 }
 
 HookInstaller::HookInstaller(Collaborators with, Description description)
@@ -68,45 +74,21 @@ HookInstaller::Result<ProviderInstallState> HookInstaller::install()
 {
     const auto path = helper();
     if (!path) return std::unexpected(path.error());
-    for (int attempt = 1;; ++attempt) {
-        const auto before = read();
-        if (!before) return std::unexpected(before.error());
-        const auto after = withHooks(*before, *path);
-        if (!after) return std::unexpected(after.error());
-        const auto backup = backUp(*before);
-        if (!backup) return std::unexpected(backup.error());
-        const auto written = write(*before, *after);
-        if (!written && written.error().changed && attempt < maxAttempts) continue;
-        if (!written) return ioError({texts::couldNotWrite, {file_.string(), written.error().description}});
-
-        ProviderInstallState installed = state();
-        installed.installed = true;
-        installed.installedAt = with_.clock.now();
-        installed.settingsPath = file_.string();
-        installed.backupPath = *backup;
-        installed.hookVersion = hookVersion();
-        return installed;
-    }
+    const auto backup = change(installing(*path));
+    if (!backup) return std::unexpected(backup.error());
+    ProviderInstallState installed = state();
+    installed.installed = true;
+    installed.installedAt = with_.clock.now();
+    installed.settingsPath = file_.string();
+    installed.backupPath = *backup;
+    installed.hookVersion = hookVersion();
+    return installed;
 }
 
 HookInstaller::Result<ProviderInstallState> HookInstaller::uninstall()
 {
-    for (int attempt = 1;; ++attempt) {
-        const auto file = read();
-        if (!file) return std::unexpected(file.error());
-        const Content& before = *file;
-        if (!before) return state();
-        const auto edited = withoutHooks(*before);
-        if (!edited) return std::unexpected(edited.error());
-        const Content& after = *edited;
-        if (!after) return state();
-        const auto backup = backUp(before);
-        if (!backup) return std::unexpected(backup.error());
-        const auto written = write(before, *after);
-        if (!written && written.error().changed && attempt < maxAttempts) continue;
-        if (!written) return ioError({texts::couldNotWrite, {file_.string(), written.error().description}});
-        return state();
-    }
+    if (const auto backup = change(uninstalling()); !backup) return std::unexpected(backup.error());
+    return state();
 }
 
 HookInstaller::Result<ProviderInstallState> HookInstaller::restore()
@@ -125,44 +107,52 @@ HookInstaller::Result<ProviderInstallState> HookInstaller::restore()
     return state();
 }
 
-bool HookInstaller::offersRestore() const
-{
-    const auto oldest = oldestBackup(with_.files, file_).value_or(std::nullopt);
-    if (!oldest) return false;
-    // One that cannot be understood holds nothing of ours that we know; to try tells what is wrong with it.
-    const auto content = with_.files.read(*oldest);
-    const auto found = content ? find(*content, "") : Findings();
-    return !found || found->entries.empty();
-}
-
 HookInstaller::Result<std::vector<HookChange>> HookInstaller::changesByInstall() const
 {
     const auto path = helper();
     if (!path) return std::unexpected(path.error());
-    const auto before = read();
-    if (!before) return std::unexpected(before.error());
-    const auto after = withHooks(*before, *path);
-    if (!after) return std::unexpected(after.error());
-    return changes(*before, *after);
+    return changesBy(installing(*path));
 }
 
 HookInstaller::Result<std::vector<HookChange>> HookInstaller::changesByUninstall() const
 {
-    const auto file = read();
-    if (!file) return std::unexpected(file.error());
-    const Content& before = *file;
-    if (!before) return std::vector<HookChange>();
-    const auto after = withoutHooks(*before);
-    if (!after) return std::unexpected(after.error());
-    return changes(before, after->has_value() ? *after : before);
+    return changesBy(uninstalling());
+}
+
+HookInstaller::Error HookInstaller::ioError(Phrase message)
+{
+    return Error(HookInstallerError{Kind::ioError, std::move(message)});
+}
+
+HookInstaller::Error HookInstaller::unreadable(const Phrase& reason) const
+{
+    return ioError({texts::couldNotRead, {file_.string(), reason}});
+}
+
+HookInstaller::Error HookInstaller::unparseable() const
+{
+    return Error(HookInstallerError{Kind::settingsUnparseable, file_.string()});
+}
+
+HookInstaller::Edit HookInstaller::installing(const std::string& helper) const
+{
+    return [this, helper](const Content& before) { return withHooks(before, helper); };
+}
+
+HookInstaller::Edit HookInstaller::uninstalling() const
+{
+    return [this](const Content& before) { return before ? withoutHooks(*before) : Content(); };
 }
 
 HookLook HookInstaller::lookAtFile(const ProviderInstallState& record) const
 {
     using Status = HookInstallStatus::Kind;
+    const auto failed = [](const HookInstallerError& error) {
+        return HookInstallStatus{.kind = Status::error, .message = error.description()};
+    };
     if (!isAvailable()) return {.status = {.kind = Status::comingSoon}};
     const auto file = read();
-    if (!file) return {.status = {.kind = Status::error, .message = file.error().description()}};
+    if (!file) return {.status = failed(file.error())};
     const Content& content = *file;
     HookLook look{.fingerprint = std::hash<Content>()(content)};
     if (!content) return look;
@@ -170,7 +160,7 @@ HookLook HookInstaller::lookAtFile(const ProviderInstallState& record) const
     const auto ourHelper = helper();
     const auto found = find(*content, ourHelper.value_or(""));
     if (!found) {
-        look.status = {.kind = Status::error, .message = found.error().description()};
+        look.status = failed(found.error());
         return look;
     }
     look.isUsersChain = found->isUsersChain;
@@ -186,18 +176,23 @@ HookLook HookInstaller::lookAtFile(const ProviderInstallState& record) const
     return look;
 }
 
-HookInstallerError HookInstaller::unparseable() const
+bool HookInstaller::offersRestore() const
 {
-    return {.kind = Kind::settingsUnparseable, .detail = file_.string()};
+    const auto oldest = oldestBackup(with_.files, file_).value_or(std::nullopt);
+    if (!oldest) return false;
+    // A backup that cannot be read or parsed has no entries that we know; restoring it reports the reason.
+    const auto content = with_.files.read(*oldest);
+    const auto found = content ? find(*content, "") : Findings();
+    return !found || found->entries.empty();
 }
 
 HookInstaller::Result<std::string> HookInstaller::helper() const
 {
     const auto path = helperPathOverride ? helperPathOverride : with_.resources.named(helperName);
-    if (!path) return std::unexpected(HookInstallerError{Kind::helperMissing});
-    // A line break cannot stand in a shell command or in a line of TOML.
+    if (!path) return Error(HookInstallerError{Kind::helperMissing});
+    // Neither a shell command nor a line of TOML can contain a line break.
     if (path->native().find_first_of("\r\n") != std::string::npos)
-        return std::unexpected(HookInstallerError{Kind::helperMissing, texts::helperPathHasLineBreak});
+        return Error(HookInstallerError{Kind::helperMissing, texts::helperPathHasLineBreak});
     return path->string();
 }
 
@@ -206,7 +201,25 @@ HookInstaller::Result<HookInstaller::Content> HookInstaller::read() const
     auto bytes = with_.files.read(file_);
     if (bytes) return Content(std::move(*bytes));
     if (bytes.error().missing) return Content();
-    return ioError({texts::couldNotRead, {file_.string(), bytes.error().description}});
+    return unreadable(bytes.error().description);
+}
+
+HookInstaller::Result<std::optional<std::string>> HookInstaller::change(const Edit& edit)
+{
+    for (int attempt = 1;; ++attempt) {
+        const auto before = read();
+        if (!before) return Error(before.error());
+        const auto after = edit(*before);
+        if (!after) return Error(after.error());
+        const Content& content = *after;
+        if (!content) return std::nullopt;
+        auto backup = backUp(*before);
+        if (!backup) return backup;
+        const auto written = write(*before, *content);
+        if (written) return backup;
+        if (!written.error().changed || attempt == maxAttempts)
+            return ioError({texts::couldNotWrite, {file_.string(), written.error().description}});
+    }
 }
 
 std::expected<void, ExchangeError> HookInstaller::write(const Content& before, const std::string& after)
@@ -227,17 +240,19 @@ HookInstaller::Result<std::optional<std::string>> HookInstaller::backUp(const Co
     return backup.string();
 }
 
-HookInstaller::Result<std::vector<HookChange>> HookInstaller::changes(const Content& before,
-                                                                      const Content& after) const
+HookInstaller::Result<std::vector<HookChange>> HookInstaller::changesBy(const Edit& edit) const
 {
-    const auto findIn = [&](const Content& content) {
-        return content ? find(*content, "") : Result<Findings>();
-    };
-    const auto old = findIn(before);
-    if (!old) return std::unexpected(old.error());
-    const auto fresh = findIn(after);
-    if (!fresh) return std::unexpected(fresh.error());
+    const auto before = read();
+    if (!before) return Error(before.error());
+    const auto after = edit(*before);
+    if (!after) return Error(after.error());
+    const Content& edited = *after;
+    if (!edited) return std::vector<HookChange>();
 
+    const auto old = *before ? find(**before, "") : Findings();
+    if (!old) return Error(old.error());
+    const auto fresh = find(*edited, "");
+    if (!fresh) return Error(fresh.error());
     std::vector<HookChange> changes;
     const auto addMissing = [&](const std::vector<std::string>& from, const std::vector<std::string>& in,
                                 HookChange::Kind kind) {

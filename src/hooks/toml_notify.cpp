@@ -13,7 +13,6 @@ namespace {
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view blanks = " \t";
-constexpr std::string_view hexDigits = "0123456789ABCDEF";
 
 std::string_view withoutBlanks(std::string_view text)
 {
@@ -29,44 +28,8 @@ bool take(std::string_view& text, std::string_view word)
     return true;
 }
 
-/// The hexadecimal digits that spell `letter`, a letter below 128, in either case.
-bool spells(char high, char low, char letter)
-{
-    const auto byte = static_cast<unsigned char>(letter);
-    const auto isDigit = [](char c, unsigned int value) {
-        const char digit = hexDigits[value];
-        return c == digit || (digit > '9' && c == digit - 'A' + 'a');
-    };
-    return isDigit(high, byte >> 4U) && isDigit(low, byte & 0xFU);
-}
-
-/// Takes an escape (`\u006E`, `\U0000006E`) that spells `letter` off the front of `text`.
-bool takeEscaped(std::string_view& text, char letter)
-{
-    std::string_view rest = text;
-    if (!take(rest, "\\u00") && !take(rest, "\\U000000")) return false;
-    if (rest.size() < 2 || !spells(rest[0], rest[1], letter)) return false;
-    text = rest.substr(2);
-    return true;
-}
-
-/// Takes the key `notify`, bare or quoted, and the blanks behind it.
-bool takeNotifyKey(std::string_view& text)
-{
-    constexpr std::string_view name = "notify";
-    std::string_view rest = text;
-    if (take(rest, "\"")) {
-        for (const char letter : name)
-            if (!take(rest, {&letter, 1}) && !takeEscaped(rest, letter)) return false;
-        if (!take(rest, "\"")) return false;
-    } else if (!take(rest, name) && !take(rest, "'notify'"))
-        return false;
-    text = withoutBlanks(rest);
-    return true;
-}
-
-/// Where the string that begins at `at` ends: behind its closing quotes, or at the line's or the text's end
-/// for one that is not closed.
+/// Where the string that begins at `at` ends: after its closing quotes, or at the end of the line or text if
+/// it is not closed.
 std::size_t stringEnd(std::string_view toml, std::size_t at)
 {
     const char quote = toml[at];
@@ -81,7 +44,7 @@ std::size_t stringEnd(std::string_view toml, std::size_t at)
         else if (!spansLines && toml[i] == quote)
             return i + 1;
         else if (spansLines && toml.substr(i).starts_with(triple)) {
-            // Up to two quotes may stand right before the closing three.
+            // The string itself may end with one or two quotes.
             i += 3;
             while (i < toml.size() && toml[i] == quote)
                 ++i;
@@ -91,7 +54,8 @@ std::size_t stringEnd(std::string_view toml, std::size_t at)
     return toml.size();
 }
 
-/// The character of an escape, whose backslash is gone already; nothing for a line that is continued.
+/// Takes an escape, without its backslash, off the front of `text`: the character that it stands for, or
+/// nothing for a line break that it hides.
 std::string takeEscapedCharacter(std::string_view& text)
 {
     constexpr std::string_view letters = "btnfre";
@@ -118,7 +82,7 @@ std::string takeEscapedCharacter(std::string_view& text)
     return {letter};
 }
 
-/// What a string in quotes says.
+/// The value of a string in quotes.
 std::string unquoted(std::string_view text)
 {
     const char quote = text.front();
@@ -128,20 +92,54 @@ std::string unquoted(std::string_view text)
     if (text.ends_with(quotes)) text.remove_suffix(quotes.size());
     if (quotes == triple && !take(text, "\n")) take(text, "\r\n");
     if (quote == '\'') return std::string(text);
-    std::string said;
+    std::string value;
     while (!text.empty()) {
         const char c = text.front();
         text.remove_prefix(1);
         if (c == '\\' && !text.empty())
-            said += takeEscapedCharacter(text);
+            value += takeEscapedCharacter(text);
         else
-            said += c;
+            value += c;
     }
-    return said;
+    return value;
 }
 
-/// Where the statement that begins at `at` ends: behind the line feed that is inside no string, array or
-/// inline table.
+/// Takes the key `notify`, bare or quoted, and the blanks after it.
+bool takeNotifyKey(std::string_view& text)
+{
+    constexpr std::string_view name = "notify";
+    std::string_view rest = text;
+    if (rest.starts_with('"') || rest.starts_with('\'')) {
+        const std::size_t end = stringEnd(rest, 0);
+        if (unquoted(rest.substr(0, end)) != name) return false;
+        rest.remove_prefix(end);
+    } else if (!take(rest, name)) {
+        return false;
+    }
+    text = withoutBlanks(rest);
+    return true;
+}
+
+/// The strings in a value.
+std::vector<std::string> stringsIn(std::string_view value)
+{
+    std::vector<std::string> strings;
+    for (std::size_t at = 0; at < value.size();) {
+        if (value[at] == '"' || value[at] == '\'') {
+            const std::size_t end = stringEnd(value, at);
+            strings.push_back(unquoted(value.substr(at, end - at)));
+            at = end;
+        } else if (value[at] == '#') {
+            at = std::min(value.find('\n', at), value.size());
+        } else {
+            ++at;
+        }
+    }
+    return strings;
+}
+
+/// Where the statement that begins at `at` ends: after the first line feed outside strings, arrays and inline
+/// tables.
 std::size_t statementEnd(std::string_view toml, std::size_t at)
 {
     std::size_t open = 0;
@@ -181,34 +179,16 @@ void forEachStatement(std::string_view toml, Visit visit)
 
 }
 
-std::optional<NotifyLines> findNotify(std::string_view toml)
+std::optional<NotifySetting> findNotify(std::string_view toml)
 {
-    std::optional<NotifyLines> found;
+    std::optional<NotifySetting> found;
     forEachStatement(toml, [&](std::string_view statement, std::size_t begin, std::size_t size) {
         if (statement.starts_with('[')) return true;
-        if (takeNotifyKey(statement) && statement.starts_with('=')) found = NotifyLines{begin, size};
+        if (takeNotifyKey(statement) && statement.starts_with('='))
+            found = NotifySetting{begin, size, stringsIn(statement)};
         return found.has_value();
     });
     return found;
-}
-
-std::vector<std::string> notifyStrings(std::string_view setting)
-{
-    std::string_view value = withoutBlanks(setting);
-    takeNotifyKey(value);
-    std::vector<std::string> strings;
-    for (std::size_t at = 0; at < value.size();) {
-        if (value[at] == '"' || value[at] == '\'') {
-            const std::size_t end = stringEnd(value, at);
-            strings.push_back(unquoted(value.substr(at, end - at)));
-            at = end;
-        } else if (value[at] == '#') {
-            at = std::min(value.find('\n', at), value.size());
-        } else {
-            ++at;
-        }
-    }
-    return strings;
 }
 
 bool definesNotifyOtherwise(std::string_view toml)
@@ -229,24 +209,19 @@ bool definesNotifyOtherwise(std::string_view toml)
     return found;
 }
 
-std::string withNotifyLine(std::string_view toml, const std::optional<NotifyLines>& replaced,
+std::string withNotifyLine(std::string_view toml, const std::optional<NotifySetting>& replaced,
                            std::string_view line)
 {
     const std::size_t top = toml.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
-    const NotifyLines place = replaced.value_or(NotifyLines{top, 0});
-    std::string text(toml.substr(0, place.begin));
-    text += line;
-    text += '\n';
-    text += toml.substr(place.begin + place.size);
+    std::string text(toml);
+    text.replace(replaced ? replaced->begin : top, replaced ? replaced->size : 0, std::string(line) + '\n');
     if (!text.ends_with('\n')) text += '\n';
     return text;
 }
 
-std::string withoutNotify(std::string_view toml, const NotifyLines& removed)
+std::string withoutNotify(std::string_view toml, const NotifySetting& removed)
 {
-    std::string text(toml.substr(0, removed.begin));
-    text += toml.substr(removed.begin + removed.size);
-    return text;
+    return std::string(toml).erase(removed.begin, removed.size);
 }
 
 std::string tomlString(std::string_view text)
@@ -255,6 +230,7 @@ std::string tomlString(std::string_view text)
     for (const char c : text) {
         const auto byte = static_cast<unsigned char>(c);
         if ((byte < 0x20 && c != '\t') || byte == 0x7F) {
+            constexpr std::string_view hexDigits = "0123456789ABCDEF";
             quoted += "\\u00";
             quoted += hexDigits[byte >> 4U];
             quoted += hexDigits[byte & 0xFU];

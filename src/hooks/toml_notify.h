@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,34 +9,29 @@
 
 namespace chimewell {
 
-// The one thing we know of TOML (version 1.0): where the top-level key `notify` stands. Everything else is
-// lines of text that stay as they are.
+// All we know of TOML 1.0 is where the top-level key `notify` is set. The rest of the text is left alone.
 
-/// The whole lines of the notify setting, the last one's line feed included.
-struct NotifyLines {
-    std::size_t begin = 0;
-    std::size_t size = 0;
-    bool operator==(const NotifyLines&) const = default;
-
-    std::string_view in(std::string_view toml) const { return toml.substr(begin, size); }
+/// The notify setting of a configuration.
+struct NotifySetting {
+    std::size_t begin = 0; ///< Of its first line.
+    std::size_t size = 0;  ///< Of its lines, the last line feed included.
+    /// The strings in its value: the program and its arguments, without quotes and escapes.
+    std::vector<std::string> strings = {};
 };
 
-/// The first top-level notify setting. Nothing inside a string or an array that spans lines counts, nor
-/// anything behind the first table header.
-std::optional<NotifyLines> findNotify(std::string_view toml);
+/// The first top-level notify setting. Ignores what is in a string or an array that spans lines, and
+/// everything after the first table header.
+std::optional<NotifySetting> findNotify(std::string_view toml);
 
-/// The strings in the value of a notify setting, without their quotes and escapes.
-std::vector<std::string> notifyStrings(std::string_view setting);
-
-/// Whether the text defines `notify` in another way, as a table or by a dotted key: then another definition
-/// of it would make the text invalid.
+/// Whether the text defines `notify` in another way, as a table or by a dotted key. A notify line would then
+/// make it invalid.
 bool definesNotifyOtherwise(std::string_view toml);
 
-/// `toml` with `line`, which has no line feed, in the place of the lines given, or as the first line (behind
-/// a byte-order mark, which stays the first). Ends with a line feed.
-std::string withNotifyLine(std::string_view toml, const std::optional<NotifyLines>& replaced,
+/// `toml` with `line`, which has no line feed, in the place of that setting. Without one it becomes the first
+/// line, after a byte-order mark. The result ends with a line feed.
+std::string withNotifyLine(std::string_view toml, const std::optional<NotifySetting>& replaced,
                            std::string_view line);
-std::string withoutNotify(std::string_view toml, const NotifyLines& removed);
+std::string withoutNotify(std::string_view toml, const NotifySetting& removed);
 
 /// `text` as a TOML basic string, quotes included.
 std::string tomlString(std::string_view text);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "hooks/hook_change.h"
+#include "hooks/hook_installer.h"
 
 #include <string>
 #include <vector>

@@ -3,7 +3,6 @@
 
 #include "base/subscription.h"
 #include "base/text.h"
-#include "hooks/hook_change.h"
 #include "hooks/hook_installer.h"
 #include "ports/files.h"
 #include "ports/timers.h"

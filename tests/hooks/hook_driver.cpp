@@ -6,6 +6,7 @@
 #include "platform/posix/posix_files.h"
 #include "platform/posix/xdg_user_folders.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <span>
 #include <string>
@@ -87,11 +88,13 @@ int main(int argc, char** argv)
     const NoResources resources;
     const HookInstallers installers(
         {.files = files, .clock = clock, .folders = folders, .resources = resources});
-    HookInstaller* const installer = arguments.size() < 4 ? nullptr : installers.find(arguments[1]);
-    if (!installer) return 64;
-    if (*arguments[2] != '\0') installer->helperPathOverride = arguments[2];
+    if (arguments.size() < 4) return 64;
+    const auto installer =
+        std::ranges::find(installers.all(), std::string_view(arguments[1]), &HookInstaller::providerId);
+    if (installer == installers.all().end()) return 64;
+    if (*arguments[2] != '\0') (*installer)->helperPathOverride = arguments[2];
     bool allWell = true;
     for (const char* action : arguments.subspan(3))
-        allWell = act(*installer, action) && allWell;
+        allWell = act(**installer, action) && allWell;
     return allWell ? 0 : 1;
 }

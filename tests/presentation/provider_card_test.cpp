@@ -31,7 +31,9 @@ protected:
     }
     std::string& file(std::string_view provider)
     {
-        return system.files.contents[services.installers.find(provider)->settingsFileURL()];
+        const auto& installers = services.installers.all();
+        const auto installer = std::ranges::find(installers, provider, &HookInstaller::providerId);
+        return system.files.contents[(*installer)->settingsFileURL()];
     }
     const ProviderInstallState& record(std::string_view provider)
     {
@@ -114,7 +116,7 @@ TEST_F(ProviderCardTest, OffersAnUpdateAndSaysWhenHooksAreGone)
     EXPECT_EQ(english(claude.pill().text), "Installed");
     EXPECT_EQ(notice(claude), "");
 
-    services.installers.find("claude")->helperPathOverride = "/new/chimewell-hook";
+    services.installers.all().front()->helperPathOverride = "/new/chimewell-hook";
     claude.refresh();
     EXPECT_EQ(claude.infoMessage(), std::nullopt); // "Installed …" is not all any more
     EXPECT_NE(notice(claude).find("at another place"), std::string::npos);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "hooks/command_line.h"
+#include "hooks/helper_command.h"
 
 namespace chimewell {
 
@@ -17,13 +17,13 @@ std::string quoted(const std::string& helper)
 
 }
 
-std::string hookCommandLine(const std::string& helper, std::string_view provider, std::string_view event)
+std::string helperCommand(const std::string& helper, std::string_view provider, std::string_view event)
 {
-    std::string line = quoted(helper) + ' ';
-    line += provider;
-    line += ' ';
-    line += event;
-    return line;
+    std::string command = quoted(helper) + ' ';
+    command += provider;
+    command += ' ';
+    command += event;
+    return command;
 }
 
 bool runsHelper(std::string_view command, const std::string& helper)
