@@ -6,32 +6,36 @@
 
 namespace chimewell {
 
-// What Linux and macOS offer under different names. Every function that fails sets errno.
+// Calls on files that differ between Linux and macOS. Every function that fails sets errno.
 
-/// Renames within an open folder, only if nothing stands at `to`: EEXIST otherwise, ENOTSUP where the file
-/// system knows no such renaming.
+/// Renames within an open folder unless `to` exists. EEXIST: it does. ENOTSUP: the file system does not
+/// support this.
 bool renameToFree(int folder, const char* from, const char* to);
-/// The two trade places in one step; ENOTSUP where the file system cannot.
+/// Swaps two names in one step. ENOTSUP: the file system does not support this.
 bool exchangeNames(int folder, const char* one, const char* other);
-/// Brings an open file's content to the disk itself.
+/// Writes an open file's content to the disk itself.
 bool flush(int file);
+/// Gives the open file `to` the access control list and the extended attributes of the open file `from`, and
+/// no other list. True where the file system has neither. Labels that only the system may set (security.*,
+/// trusted.*) are left to the system.
+bool copyExtendedAttributes(int from, int to);
 const timespec& modificationTime(const struct stat& status);
 
-/// What is known of other programs that write into a file.
+/// Whether other programs have a file open for writing.
 enum class Writers { none, some, unknown };
 
-/// Makes programs that open a file for writing wait in their call until this object goes, on systems and file
-/// systems that offer that. Hold it only while the file is read.
+/// Makes programs that open a file for writing wait until this object is destroyed, on systems and file
+/// systems that support it. Hold it only while reading the file.
 class WriteBarrier {
 public:
-    /// `file` is a regular file that is open for reading alone; it outlives this object.
+    /// `file` is a regular file, open for reading only, and outlives this object.
     explicit WriteBarrier(int file);
     WriteBarrier(const WriteBarrier&) = delete;
     WriteBarrier& operator=(const WriteBarrier&) = delete;
     ~WriteBarrier();
 
-    /// Whether a program has the file open for writing, or waits to. After `none`, what was read since this
-    /// object was made is whole and still the file's content.
+    /// Whether a program has the file open for writing, or waits to open it. `none` means that what was read
+    /// since the construction is whole and still the file's content.
     Writers writers() const;
 
 private:

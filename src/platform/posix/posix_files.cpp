@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/posix/posix_files.h"
 
-#include "platform/posix/file_attributes.h"
 #include "platform/posix/file_calls.h"
 #include "platform/posix/file_descriptor.h"
 #include "platform/posix/temporary_file.h"
@@ -157,7 +156,21 @@ int makeFolder(const std::filesystem::path& folder)
     return ::mkdir(folder.c_str(), S_IRWXU) == 0 ? 0 : errno;
 }
 
-/// Makes `to` as private, and owned by the same, as the file it will replace, if there is one.
+/// Gives the open file `to` the owner, group, mode, access control list and extended attributes of the open
+/// file `from`. False with errno set when one of them cannot be copied: without it the replacement could be
+/// readable by more users than the original.
+bool copyFileAttributes(int from, int to)
+{
+    struct stat original = {};
+    struct stat copy = {};
+    if (::fstat(from, &original) != 0 || ::fstat(to, &copy) != 0) return false;
+    const bool sameOwner = original.st_uid == copy.st_uid && original.st_gid == copy.st_gid;
+    if (!sameOwner && ::fchown(to, original.st_uid, original.st_gid) != 0) return false;
+    // The mode comes last: a new owner clears some of its bits, and an access control list rewrites it.
+    return copyExtendedAttributes(from, to) && ::fchmod(to, original.st_mode & 07777) == 0;
+}
+
+/// Copies the attributes of the file that `to` will replace, if there is one.
 std::expected<void, FileError> adoptAttributes(int folder, const std::string& name, const TemporaryFile& to)
 {
     struct stat status = {};
@@ -175,13 +188,13 @@ std::expected<void, FileError> adoptAttributes(int folder, const std::string& na
 
 /// New content beside its target, ready to take its place.
 struct Replacement {
-    FileDescriptor
-        folder;       ///< One open folder for all steps: they stay together even if it is moved meanwhile.
+    /// Opened once for all steps, which therefore happen in the same folder even if it is moved meanwhile.
+    FileDescriptor folder;
     std::string name; ///< Of the target within it.
     TemporaryFile temporary;
 
-    /// Brings the new name to the disk. The file is already the new one, so no failure is left to report.
-    void settle() const { flush(folder.get()); }
+    /// Writes the new name to the disk. The file has already been replaced, so a failure is not reported.
+    void flushFolder() const { flush(folder.get()); }
 };
 
 /// The attributes are those of `original` if that is given, else of what stands at the target.
@@ -226,7 +239,7 @@ std::expected<void, FileError> put(const std::filesystem::path& file, std::strin
     auto replacement = prepare(file, content, original);
     if (!replacement) return std::unexpected(replacement.error());
     if (!replacement->temporary.rename(replacement->name)) return failure(errno);
-    replacement->settle();
+    replacement->flushFolder();
     return {};
 }
 
@@ -347,7 +360,7 @@ std::expected<void, ExchangeError> PosixFiles::exchange(const std::filesystem::p
             expected ? exchangeKnown(*replacement, *expected, content) : takeFreePlace(*replacement);
         !exchanged)
         return exchanged;
-    replacement->settle();
+    replacement->flushFolder();
     return {};
 }
 

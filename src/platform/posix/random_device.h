@@ -5,7 +5,7 @@
 
 namespace chimewell {
 
-/// Chance from the operating system.
+/// Random numbers from the operating system.
 class RandomDevice final : public Random {
 public:
     double unit() override;
