@@ -3,8 +3,7 @@
 // what people put into hooks otherwise, and whether every event arrives. All commands run in random order in
 // each round, on a bus of the benchmark's own. Instructions are counted by valgrind, where that is installed.
 
-#include "helper/process.h"
-#include "helper/scratch_bus.h"
+#include "helper/recorded_bus.h"
 
 #include <fcntl.h>
 #include <spawn.h>
@@ -227,7 +226,7 @@ void report(const std::vector<Command>& all, Runner& runner, const std::string& 
 }
 
 /// Takes what has arrived, so that the recorder never waits for us; counts the lines of it.
-int drain(ScratchBus& bus, int expected)
+int drain(RecordedBus& bus, int expected)
 {
     int arrived = 0;
     while (arrived < expected && !bus.nextRecord().empty())
@@ -235,7 +234,7 @@ int drain(ScratchBus& bus, int expected)
     return arrived;
 }
 
-void reportDelivery(ScratchBus& bus, Runner& runner)
+void reportDelivery(RecordedBus& bus, Runner& runner)
 {
     constexpr int calls = 10000;
     constexpr int batch = 16;
@@ -256,7 +255,8 @@ void reportStarts()
     constexpr int tries = 20;
     int arrived = 0;
     for (int i = 0; i < tries; ++i) {
-        ScratchBus bus(ScratchBus::Application::activatable);
+        RecordedBus bus;
+        bus.offer("app.chimewell.Chimewell", bus.recorder());
         runHook({"claude", "finished"}, bus.environment());
         arrived += bus.nextRecord() == "ready" && !bus.nextRecord().empty() ? 1 : 0;
     }
@@ -266,7 +266,7 @@ void reportStarts()
 int run(int rounds)
 {
     std::signal(SIGPIPE, SIG_IGN);
-    ScratchBus bus;
+    RecordedBus bus;
     const auto recorder = bus.startRecorder();
     if (!recorder) {
         std::fputs("no session bus could be started: is dbus-daemon installed?\n", stderr);
@@ -275,16 +275,6 @@ int run(int rounds)
     auto environment = bus.environment();
     environment.push_back("PATH=/usr/local/bin:/usr/bin:/bin");
     Runner runner(environment);
-
-    int ends[2] = {-1, -1};
-    if (pipe2(ends, O_CLOEXEC) != 0) return 1;
-    const Descriptor fromService(ends[0]);
-    const std::string address = environment.front().substr(environment.front().find('=') + 1);
-    const Process service({CHIMEWELL_SILENT_NOTIFICATIONS, address}, environment,
-                          {.output = ends[1], .errors = STDERR_FILENO});
-    close(ends[1]);
-    std::string pending;
-    readLine(fromService, pending);
 
     auto all = commands();
     std::vector<Command*> order;
@@ -299,7 +289,7 @@ int run(int rounds)
             if (command->arguments[0] == CHIMEWELL_HOOK) bus.nextRecord();
         }
     }
-    report(all, runner, (bus.folder() / "input").string());
+    report(all, runner, (bus.folder.path() / "input").string());
     while (bus.hasRecord())
         bus.nextRecord();
     reportDelivery(bus, runner);

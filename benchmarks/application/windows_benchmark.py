@@ -9,7 +9,7 @@ import subprocess
 import sys
 import time
 
-import chimewell
+import application
 from tray import StatusNotifierIcon
 from waiting import until
 
@@ -73,16 +73,16 @@ def rested(process, pause=0.5):
 
 
 def main():
-    chimewell.write_settings()
+    application.write_settings()
     subprocess.Popen([sys.argv[1]], stdin=subprocess.DEVNULL)
-    until(lambda: chimewell.has_owner(chimewell.NAME), "the application on the bus")
-    process = chimewell.process_of(chimewell.NAME)
+    until(lambda: application.has_owner(application.NAME), "the application on the bus")
+    process = application.process_of(application.NAME)
     icon = StatusNotifierIcon()
     rested(process)
     before = proportional_kilobytes(process)
     print("panel, ms                                  ", milliseconds(icon.click, "Escape", PANELS))
     print("settings, ms                               ",
-          milliseconds(lambda: chimewell.act("settings"), "ctrl+w", SETTINGS))
+          milliseconds(lambda: application.act("settings"), "ctrl+w", SETTINGS))
     rested(process)
     # Qt looks every 30 seconds whether it can give cached pictures back, until there are none.
     if "--quick" not in sys.argv:
@@ -93,7 +93,7 @@ def main():
     switches = context_switches(process)
     time.sleep(seconds)
     print(f"context switches in {seconds} s after that         {context_switches(process) - switches}")
-    chimewell.end()
+    application.end()
 
 
 if __name__ == "__main__":

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""end_to_end_test.py BUILD, inside the virtual desktop: the installed application on real desktop parts."""
+"""end_to_end_test.py BUILD, inside a desktop of desktop.py: the installed application on real desktop parts."""
 import concurrent.futures
 import os
 import re
@@ -8,7 +8,7 @@ import subprocess
 import sys
 import unittest
 
-import chimewell
+import application
 import speech
 from banners import NAME as NOTIFICATIONS, BannerWatch
 from bus_watch import BusWatch
@@ -16,29 +16,28 @@ from sounds import Recording
 from waiting import until
 
 BUILD = ""
-MARKER = chimewell.folder() / "dormant"
+MARKER = application.folder() / "dormant"
 
 
 class EndToEnd(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        speech.keep_log()
-        cls.installed = chimewell.install(BUILD)
+        cls.installed = application.install(BUILD)
 
     def setUp(self):
         MARKER.unlink(missing_ok=True)
-        chimewell.write_settings()
+        application.write_settings()
         self.watch = BannerWatch()
         self.addCleanup(self.watch.close)
-        self.addCleanup(chimewell.end)
+        self.addCleanup(application.end)
 
     def start_by_hand(self):
-        chimewell.activate()
-        return chimewell.process_of(chimewell.NAME)
+        application.activate()
+        return application.process_of(application.NAME)
 
     def test_an_event_starts_the_application_and_is_alerted(self):
-        chimewell.write_settings([{"event": "finished", "speak": True, "spokenPhrase": "Ready, captain"}])
-        self.assertFalse(chimewell.has_owner(chimewell.NAME))
+        application.write_settings([{"event": "finished", "speak": True, "spokenPhrase": "Ready, captain"}])
+        self.assertFalse(application.has_owner(application.NAME))
         with Recording() as recording:
             self.installed.claude("finished", "a", "/srv/paint-shop")
             banner = self.watch.until_shown("Finished — paint-shop")
@@ -53,12 +52,12 @@ class EndToEnd(unittest.TestCase):
 
     def test_after_quit_only_a_hand_starts_it(self):
         self.start_by_hand()
-        chimewell.act("quit")
-        until(lambda: not chimewell.has_owner(chimewell.NAME), "the end")
+        application.act("quit")
+        until(lambda: not application.has_owner(application.NAME), "the end")
         self.assertTrue(MARKER.exists())
         self.installed.claude("finished", "b")
         until(lambda: not self.installed.helpers(), "the end of the helper and its children")
-        self.assertFalse(chimewell.has_owner(chimewell.NAME))
+        self.assertFalse(application.has_owner(application.NAME))
         self.assertTrue(MARKER.exists())
         self.start_by_hand()
         until(lambda: not MARKER.exists(), "the marker to go")
@@ -69,7 +68,7 @@ class EndToEnd(unittest.TestCase):
         # The helper asks first; another program that opens a URL does not, and is no hand either.
         MARKER.parent.mkdir(parents=True, exist_ok=True)
         MARKER.write_text("yesterday")
-        chimewell.write_settings(reminderIntervalSeconds=1)
+        application.write_settings(reminderIntervalSeconds=1)
         url = "chimewell://event?type=waiting_input&provider=codex&title=By%20address"
         subprocess.run(["gio", "open", url], check=True)
         # A second after the start; the marker is looked at half a second after it.
@@ -80,7 +79,7 @@ class EndToEnd(unittest.TestCase):
         first = self.start_by_hand()
         second = subprocess.run([self.installed.program], timeout=10, check=False)
         self.assertEqual(second.returncode, 0)
-        self.assertEqual(chimewell.process_of(chimewell.NAME), first)
+        self.assertEqual(application.process_of(application.NAME), first)
         self.installed.claude("finished", "c", "/srv/first")
         self.watch.until_shown("Finished — first")
 
@@ -93,11 +92,12 @@ class EndToEnd(unittest.TestCase):
                 ((), {**os.environ, "DISPLAY": ":4711"}):
             left = subprocess.run([self.installed.program, *arguments], env=environment, capture_output=True,
                                   timeout=10, check=False)
-            self.assertEqual((left.returncode, left.stderr.count(b"\n")), (1, 1), left.stderr)
+            # Qt sometimes has something of its own to say while it ends.
+            self.assertEqual((left.returncode, left.stderr.count(b"chimewell: ")), (1, 1), left.stderr)
 
     def test_a_hung_notification_server_holds_nothing_up(self):
         self.start_by_hand()
-        old = chimewell.process_of(NOTIFICATIONS)
+        old = application.process_of(NOTIFICATIONS)
         os.kill(old, signal.SIGSTOP)
         try:
             with Recording() as recording:
@@ -107,12 +107,11 @@ class EndToEnd(unittest.TestCase):
                           f"{heard} while the server hangs", 15)
         finally:
             os.kill(old, signal.SIGKILL)
-        until(lambda: not chimewell.has_owner(NOTIFICATIONS), "the end of the hung server")
+        until(lambda: not application.has_owner(NOTIFICATIONS), "the end of the hung server")
         config = os.path.join(os.environ["XDG_CONFIG_HOME"], "dunst/dunstrc")
-        with open(os.path.join(os.environ["VD_LOG"], "notifications-2.log"), "wb") as log:
-            new = subprocess.Popen(["dunst", "-conf", config], stdout=log, stderr=log)
+        new = subprocess.Popen(["dunst", "-conf", config])
         self.addClassCleanup(lambda: (new.terminate(), new.wait()))
-        until(lambda: chimewell.has_owner(NOTIFICATIONS), "a new server")
+        until(lambda: application.has_owner(NOTIFICATIONS), "a new server")
         self.installed.claude("finished", "d3", "/srv/new-server")
         until(lambda: self.watch.until_shown("Finished — new-server").is_answered, "its answer")
 
@@ -120,11 +119,11 @@ class EndToEnd(unittest.TestCase):
         for number in (signal.SIGTERM, signal.SIGHUP, signal.SIGINT):
             with self.subTest(number.name):
                 os.kill(self.start_by_hand(), number)
-                until(lambda: not chimewell.has_owner(chimewell.NAME), "the end")
+                until(lambda: not application.has_owner(application.NAME), "the end")
                 self.assertFalse(MARKER.exists())
 
     def test_a_waiting_session_reminds_until_the_user_acts(self):
-        chimewell.write_settings(reminderIntervalSeconds=1, reminderMaxCount=1000)
+        application.write_settings(reminderIntervalSeconds=1, reminderMaxCount=1000)
         self.start_by_hand()
         reminder = {name: f"Still waiting — Waiting for input — {name}" for name in ("left", "right")}
         for name in reminder:
@@ -138,7 +137,7 @@ class EndToEnd(unittest.TestCase):
         self.assertEqual(self.watch.count(reminder["left"]), left)
 
     def test_a_thousand_events_of_sixteen_senders_all_arrive(self):
-        chimewell.write_settings([{"event": "finished", "soundId": "__silent__", "showPopup": False}])
+        application.write_settings([{"event": "finished", "soundId": "__silent__", "showPopup": False}])
         self.start_by_hand()
         watch = BusWatch("org.freedesktop.Application", "Open")
         self.addCleanup(watch.close)

@@ -8,7 +8,7 @@ import shutil
 import sys
 import unittest
 
-import chimewell
+import application
 from banners import BannerWatch
 from interface import has_window, press_keys, until_in_front, window
 from sounds import Recording
@@ -28,7 +28,7 @@ NAMES = {"finished": "Finished", "waiting_input": "Waiting for input", "subagent
 
 def settings():
     """What is stored; a file that we wrote ourselves holds little until the application writes the first change."""
-    stored = json.loads((chimewell.folder() / "settings.json").read_text())
+    stored = json.loads((application.folder() / "settings.json").read_text())
     return {"events": [], "globalMuted": False, "launchAtLogin": False, "remindersEnabled": True, **stored}
 
 
@@ -43,21 +43,21 @@ def provider(name):
 
 class InterfaceTest(unittest.TestCase):
     def setUp(self):
-        shutil.rmtree(chimewell.folder(), ignore_errors=True)
+        shutil.rmtree(application.folder(), ignore_errors=True)
         for file in (CLAUDE, CODEX, CURSOR):
             shutil.rmtree(file.parent, ignore_errors=True)
-        self.addCleanup(chimewell.end)
+        self.addCleanup(application.end)
         self.watch = BannerWatch()
         self.addCleanup(self.watch.close)
 
     def start(self, **changed):
         """Starts the application that was set up before, or for the first time."""
         if changed:
-            chimewell.write_settings(**changed)
+            application.write_settings(**changed)
         INSTALLED.start()
-        until(lambda: chimewell.has_owner(chimewell.NAME), "the application on the bus")
-        self.process = chimewell.process_of(chimewell.NAME)
-        until(lambda: (chimewell.folder() / "settings.json").exists() or not changed, "its settings")
+        until(lambda: application.has_owner(application.NAME), "the application on the bus")
+        self.process = application.process_of(application.NAME)
+        until(lambda: (application.folder() / "settings.json").exists() or not changed, "its settings")
 
     def window(self, name):
         return window(self.process, name)
@@ -66,7 +66,7 @@ class InterfaceTest(unittest.TestCase):
         until(lambda: not has_window(self.process, name), f"the end of the window {name!r}")
 
     def open_settings(self, pane):
-        chimewell.act("settings")
+        application.act("settings")
         found = self.window("Chimewell Settings")
         found.find(pane, "list item").click()
         return found
@@ -139,7 +139,7 @@ class Windows(InterfaceTest):
     def test_every_control_of_the_events_stores_one_thing(self):
         self.start(hasCompletedOnboarding=True)
         for action in ("mute", "unmute"):
-            chimewell.act(action)
+            application.act(action)
         until(lambda: len(settings()["events"]) == 8 and not settings()["globalMuted"], "a file with everything")
         pane = self.open_settings("Events")
         for name in NAMES.values():
@@ -230,7 +230,7 @@ class Windows(InterfaceTest):
 
     def test_keys_close_windows_and_end_the_application(self):
         self.start(hasCompletedOnboarding=True)
-        chimewell.act("walkthrough")
+        application.act("walkthrough")
         self.window("Welcome")
         until_in_front("Welcome")
         press_keys("ctrl+comma")
@@ -242,14 +242,14 @@ class Windows(InterfaceTest):
         self.open_settings("General")
         until_in_front("Chimewell Settings")
         press_keys("ctrl+q")
-        until(lambda: not chimewell.has_owner(chimewell.NAME), "its end")
-        self.assertTrue((chimewell.folder() / "dormant").exists())
+        until(lambda: not application.has_owner(application.NAME), "its end")
+        self.assertTrue((application.folder() / "dormant").exists())
 
 
 class Panel(InterfaceTest):
     def open_panel(self):
         if TRAY == "none":
-            chimewell.activate()
+            application.activate()
         else:
             (StatusNotifierIcon() if TRAY == "sni" else EmbeddedIcon()).click()
         return self.window("Chimewell")
@@ -272,8 +272,8 @@ class Panel(InterfaceTest):
         panel.find("Play a sample alert", "button").press()
         self.watch.until_shown("Test event")
         panel.find("Quit", "button").press()
-        until(lambda: not chimewell.has_owner(chimewell.NAME), "its end")
-        self.assertTrue((chimewell.folder() / "dormant").exists())
+        until(lambda: not application.has_owner(application.NAME), "its end")
+        self.assertTrue((application.folder() / "dormant").exists())
 
     def test_every_window_can_be_reached_from_it(self):
         self.start(hasCompletedOnboarding=True)
@@ -298,7 +298,7 @@ class Panel(InterfaceTest):
 def main():
     global INSTALLED, TRAY
     build, TRAY = sys.argv[1:3]
-    INSTALLED = chimewell.install(build)
+    INSTALLED = application.install(build)
     program = unittest.main(argv=sys.argv[:1] + sys.argv[3:], verbosity=2, exit=False)
     return 0 if program.result.wasSuccessful() else 1
 

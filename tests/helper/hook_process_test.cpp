@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The real program, the way the agents run it, on a bus of the test's own.
 
-#include "helper/process.h"
-#include "helper/scratch_bus.h"
+#include "helper/recorded_bus.h"
 
 #include <gtest/gtest.h>
 #include <sys/socket.h>
@@ -45,10 +44,10 @@ class HookProcess : public testing::Test {
 protected:
     void SetUp() override
     {
-        if (!bus.isRunning()) GTEST_SKIP() << "no dbus-daemon here";
+        if (!bus.unavailable().empty()) GTEST_SKIP() << bus.unavailable();
     }
 
-    ScratchBus bus;
+    RecordedBus bus;
 };
 
 TEST_F(HookProcess, DeliversToARunningApplication)
@@ -122,17 +121,17 @@ TEST_F(HookProcess, IsNotHeldByAStoppedBusAndLosesNothing)
 {
     const auto recorder = bus.startRecorder();
     ASSERT_TRUE(recorder);
-    bus.raise(SIGSTOP);
+    bus.raise("dbus-daemon", SIGSTOP);
     const Finished hook = runHook(userActed, bus.environment(), {.text = payload("S")});
-    bus.raise(SIGCONT);
+    bus.raise("dbus-daemon", SIGCONT);
     expectQuiet(hook);
     EXPECT_TRUE(isFor(bus.nextRecord(), "S"));
 }
 
 TEST(HookProcessWithoutBus, GivesUp)
 {
-    const ScratchBus bus; // for its folder
-    const std::string folder = bus.folder().string();
+    const TemporaryFolder own;
+    const std::string folder = own.path();
     sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
     std::strncpy(address.sun_path, (folder + "/mute").c_str(), sizeof address.sun_path - 1);
     const Descriptor mute(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
@@ -156,7 +155,8 @@ class HookProcessAndActivation : public testing::Test {
 protected:
     void SetUp() override
     {
-        if (!bus.isRunning()) GTEST_SKIP() << "no dbus-daemon here";
+        if (!bus.unavailable().empty()) GTEST_SKIP() << bus.unavailable();
+        bus.offer("app.chimewell.Chimewell", bus.recorder());
     }
 
     /// Sends an event that must not start the application, then one that does: it alone is recorded.
@@ -168,7 +168,7 @@ protected:
         EXPECT_TRUE(isFor(bus.nextRecord(), "loud"));
     }
 
-    ScratchBus bus{ScratchBus::Application::activatable};
+    RecordedBus bus;
 };
 
 TEST_F(HookProcessAndActivation, StartsTheApplicationForAnAlert)
@@ -193,7 +193,7 @@ TEST_F(HookProcessAndActivation, LosesNoEventOfManyThatStartIt)
 
 TEST_F(HookProcessAndActivation, LeavesAnApplicationThatTheUserQuit)
 {
-    const auto home = bus.folder();
+    const auto home = bus.folder.path();
     const auto data = home / "data";
     auto environment = bus.environment();
     for (const auto& [folder, variable] :
@@ -212,8 +212,9 @@ TEST_F(HookProcessAndActivation, LeavesAnApplicationThatTheUserQuit)
 
 TEST(HookProcessAndSlowStart, HoldsNeitherTheAgentNorItsStreams)
 {
-    const ScratchBus bus(ScratchBus::Application::neverReady);
-    if (!bus.isRunning()) GTEST_SKIP() << "no dbus-daemon here";
+    RecordedBus bus;
+    if (!bus.unavailable().empty()) GTEST_SKIP() << bus.unavailable();
+    bus.offer("app.chimewell.Chimewell", "/bin/sleep 5");
     const Finished hook = runHook(finished, bus.environment(), {.text = payload("S")});
     expectQuiet(hook);
     EXPECT_LT(hook.took, 4s); // the start takes five

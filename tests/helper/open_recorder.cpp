@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// open_recorder BUS-ADDRESS FILE: takes the application's name on the bus and appends a line "ready" to FILE,
-// then the URL of every Open call that it gets. It ends with the bus.
+// open_recorder FILE: owns the application's name on the session bus and appends a line "ready" to FILE, then
+// the URL of every Open call that it gets. It also is a notification service that shows nothing. It ends with
+// the bus.
 
 #include <dbus/dbus.h>
 
@@ -20,6 +21,7 @@ void record(int file, const std::string& line)
 /// Exactly the one signature that the application's interface has.
 std::string openedUrl(DBusMessage* message)
 {
+    if (!dbus_message_has_interface(message, "org.freedesktop.Application")) return "wrong interface";
     if (!dbus_message_has_path(message, "/app/chimewell/Chimewell")) return "wrong path";
     if (!dbus_message_has_signature(message, "asa{sv}")) return "wrong signature";
     DBusMessageIter arguments;
@@ -31,23 +33,37 @@ std::string openedUrl(DBusMessage* message)
     return url;
 }
 
+/// Notifications are answered as their service would; Open has an empty answer.
+void answer(DBusConnection* bus, DBusMessage* message)
+{
+    DBusMessage* const reply = dbus_message_new_method_return(message);
+    const dbus_uint32_t identifier = 1;
+    const char* const text = "1.2";
+    if (dbus_message_has_member(message, "Notify"))
+        dbus_message_append_args(reply, DBUS_TYPE_UINT32, &identifier, DBUS_TYPE_INVALID);
+    if (dbus_message_has_member(message, "GetServerInformation"))
+        dbus_message_append_args(reply, DBUS_TYPE_STRING, &text, DBUS_TYPE_STRING, &text, DBUS_TYPE_STRING,
+                                 &text, DBUS_TYPE_STRING, &text, DBUS_TYPE_INVALID);
+    dbus_connection_send(bus, reply, nullptr);
+    dbus_message_unref(reply);
+}
+
 }
 
 int main(int argc, char** argv)
 {
-    if (argc != 3) return 2;
-    const int file = open(argv[2], O_WRONLY | O_APPEND);
-    DBusConnection* const bus = dbus_connection_open_private(argv[1], nullptr);
-    if (file < 0 || bus == nullptr || !dbus_bus_register(bus, nullptr)) return 1;
-    dbus_bus_request_name(bus, "app.chimewell.Chimewell", DBUS_NAME_FLAG_DO_NOT_QUEUE, nullptr);
+    if (argc != 2) return 2;
+    const int file = open(argv[1], O_WRONLY | O_APPEND);
+    DBusConnection* const bus = dbus_bus_get_private(DBUS_BUS_SESSION, nullptr);
+    if (file < 0 || bus == nullptr) return 1;
+    for (const char* const name : {"org.freedesktop.Notifications", "app.chimewell.Chimewell"})
+        dbus_bus_request_name(bus, name, DBUS_NAME_FLAG_DO_NOT_QUEUE, nullptr);
     record(file, "ready");
     do { // calls may have come with the name
         while (DBusMessage* const message = dbus_connection_pop_message(bus)) {
-            if (dbus_message_is_method_call(message, "org.freedesktop.Application", "Open")) {
-                record(file, openedUrl(message));
-                DBusMessage* const reply = dbus_message_new_method_return(message);
-                dbus_connection_send(bus, reply, nullptr);
-                dbus_message_unref(reply);
+            if (dbus_message_get_type(message) == DBUS_MESSAGE_TYPE_METHOD_CALL) {
+                if (dbus_message_has_member(message, "Open")) record(file, openedUrl(message));
+                answer(bus, message);
             }
             dbus_message_unref(message);
         }

@@ -53,7 +53,7 @@ class Agents:
 
     def _environment(self):
         node = pathlib.Path(shutil.which("node")).parent
-        kept = ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR", "HOME", "VD_TOKEN")
+        kept = ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR", "HOME")
         dead = {name: "http://127.0.0.1:9" for proxy in ("http_proxy", "https_proxy", "all_proxy")
                 for name in (proxy, proxy.upper())}
         return {**{name: os.environ[name] for name in kept}, **dead,

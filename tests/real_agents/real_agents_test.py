@@ -12,7 +12,7 @@ import sys
 import unittest
 import uuid
 
-import chimewell
+import application
 from agents import KEY, Agents, NotToBeHad
 from banners import BannerWatch
 from hooks import Hooks
@@ -46,12 +46,12 @@ def trust(folder):
 
 class RealAgents(unittest.TestCase):
     def setUp(self):
-        chimewell.write_settings(reminderIntervalSeconds=1, reminderMaxCount=1000)
+        application.write_settings(reminderIntervalSeconds=1, reminderMaxCount=1000)
         # The server numbers the banners that it shows, those of the test before too.
         subprocess.run(["dunstctl", "close-all"], check=True)
         self.watch = BannerWatch()
         self.addCleanup(self.watch.close)
-        self.addCleanup(chimewell.end)
+        self.addCleanup(application.end)
 
     def assert_silent(self, title, shown):
         """Nothing more came of that title than was shown before."""
@@ -160,13 +160,13 @@ class RealAgents(unittest.TestCase):
 
     def test_from_the_first_start_to_the_file_as_it_was(self):
         """All of it as a new user meets it, and through the windows alone."""
-        chimewell.write_settings(hasCompletedOnboarding=False, reminderIntervalSeconds=1, reminderMaxCount=1000)
+        application.write_settings(hasCompletedOnboarding=False, reminderIntervalSeconds=1, reminderMaxCount=1000)
         folder = project("story")
         trust(folder)
         hooks = hooks_of("claude", '{\n  "cleanupPeriodDays": 20\n}\n')
         INSTALLED.start()
-        until(lambda: chimewell.has_owner(chimewell.NAME), "the application on the bus")
-        process = chimewell.process_of(chimewell.NAME)
+        until(lambda: application.has_owner(application.NAME), "the application on the bus")
+        process = application.process_of(application.NAME)
         steps = window(process, "Welcome")
         for title in ("How it works", "Allow notifications", "Connect your agents"):
             steps.find("Continue", "button").press()
@@ -182,7 +182,7 @@ class RealAgents(unittest.TestCase):
         self.addCleanup(terminal_window.wait)
         self.addCleanup(terminal_window.kill)
         until(lambda: active_class() == "kitty", "the terminal's window")
-        chimewell.act("settings")
+        application.act("settings")
         settings = window(process, "Chimewell Settings")
         until(lambda: active_class() == "chimewell", "another window in front of it")
         environment = {**AGENTS.claude_environment(), "TERM_PROGRAM": "kitty"}
@@ -199,7 +199,7 @@ class RealAgents(unittest.TestCase):
 
             StatusNotifierIcon().click()
             window(process, "Chimewell").find("Mute all", "check box").press()
-            until(lambda: chimewell.stored()["globalMuted"], "silence")
+            until(lambda: application.stored()["globalMuted"], "silence")
             before = len(self.watch.titles())
             terminal.type("Say hello.")
             terminal.press("Enter")
@@ -207,7 +207,7 @@ class RealAgents(unittest.TestCase):
             until(lambda: not INSTALLED.helpers(), "the end of every helper")
             self.assertEqual(len(self.watch.titles()), before)
 
-        chimewell.act("settings")
+        application.act("settings")
         settings.find("Providers", "list item").click()
         settings.find("Uninstall Claude Code", "button").press()
         window(process, "Uninstall hooks?").find("Uninstall", "button").press()
@@ -226,7 +226,7 @@ def active_class():
 def main():
     global AGENTS, INSTALLED, DRIVER
     build, cache = sys.argv[1:3]
-    INSTALLED = chimewell.install(build)
+    INSTALLED = application.install(build)
     DRIVER = pathlib.Path(build, "tests/hooks/hook_driver")
     with model_server() as server:
         try:

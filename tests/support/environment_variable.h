@@ -5,15 +5,16 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace chimewell::test {
 
 /// Sets a variable of the process for the life of this object, or removes it.
 class EnvironmentVariable {
 public:
-    EnvironmentVariable(const char* name, const std::optional<std::string>& value) : name_(name)
+    EnvironmentVariable(std::string name, const std::optional<std::string>& value) : name_(std::move(name))
     {
-        if (const char* before = ::getenv(name)) before_ = before;
+        if (const char* before = ::getenv(name_.c_str())) before_ = before;
         set(value);
     }
     ~EnvironmentVariable() { set(before_); }
@@ -24,12 +25,12 @@ private:
     void set(const std::optional<std::string>& value)
     {
         if (value)
-            ::setenv(name_, value->c_str(), 1);
+            ::setenv(name_.c_str(), value->c_str(), 1);
         else
-            ::unsetenv(name_);
+            ::unsetenv(name_.c_str());
     }
 
-    const char* name_;
+    std::string name_;
     std::optional<std::string> before_;
 };
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/notifications/dbus_notification_center.h"
 
+#include "harness/private_bus.h"
+#include "harness/wait_until.h"
 #include "platform/linux/freedesktop/activation_tokens.h"
 #include "support/fake_time.h"
-#include "support/private_bus.h"
 #include "support/recording_notification_server.h"
-#include "support/wait_until.h"
 
 #include <QCoreApplication>
 #include <QDBusConnectionInterface>
@@ -42,7 +42,7 @@ class DbusNotificationCenterTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        if (!bus.isRunning()) GTEST_SKIP() << "dbus-daemon is not installed";
+        if (!bus.unavailable().empty()) GTEST_SKIP() << bus.unavailable();
     }
 
     void startCenter()
@@ -380,7 +380,7 @@ TEST_F(DbusNotificationCenterTest, AServerThatCanBeStartedIsStartedByTheFirstBan
 {
     // Stands for a server that takes its name some time after it was started.
     const QString started = u"/tmp/chimewell-started-%1"_s.arg(QCoreApplication::applicationPid());
-    bus.offer(serverName, u"/bin/sh -c \"echo > %1\""_s.arg(started));
+    bus.offer(serverName.toStdString(), u"/bin/sh -c \"echo > %1\""_s.arg(started).toStdString());
     startCenter();
     EXPECT_EQ(permission(), NotificationPermission::authorized);
     EXPECT_TRUE(center->isAvailable());
@@ -395,7 +395,7 @@ TEST_F(DbusNotificationCenterTest, AServerThatCanBeStartedIsStartedByTheFirstBan
 
 TEST_F(DbusNotificationCenterTest, AServerThatFailsToStartLosesItsBannerAndIsTriedAgain)
 {
-    bus.offer(serverName, u"/bin/false"_s);
+    bus.offer(serverName.toStdString(), "/bin/false");
     startCenter();
     center->post(request("lost"));
     ASSERT_TRUE(waitUntil([&] { return time.runningTimers() == 0; }));

@@ -1,22 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/notifications/desktop_banner_switch.h"
 
+#include "harness/child_process.h"
+#include "harness/private_bus.h"
+#include "harness/wait_until.h"
 #include "support/environment_variable.h"
-#include "support/installed_service.h"
-#include "support/private_bus.h"
-#include "support/wait_until.h"
 
 #include <QDBusMessage>
 #include <QDBusVariant>
 #include <QDBusVirtualObject>
 #include <QDir>
 #include <QFile>
-#include <QProcess>
-#include <QProcessEnvironment>
 #include <QStandardPaths>
 
 #include <memory>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -39,7 +39,7 @@ class DesktopBannerSwitchTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        if (!bus.isRunning()) GTEST_SKIP() << "dbus-daemon is not installed";
+        if (!bus.unavailable().empty()) GTEST_SKIP() << bus.unavailable();
     }
 
     void startOn(const char* desktop)
@@ -58,19 +58,6 @@ protected:
         return answer.value_or(false);
     }
 
-    /// A command of the desktop's, on the test's bus; its exit status.
-    int run(const QString& program, const QStringList& arguments) const
-    {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, bus.address());
-        QProcess process;
-        process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        process.setProcessEnvironment(environment);
-        process.start(program, arguments);
-        process.waitForFinished();
-        return process.error() == QProcess::UnknownError ? process.exitCode() : -1;
-    }
-
     PrivateBus bus;
     std::unique_ptr<DesktopBannerSwitch> banners;
     int changes = 0;
@@ -81,21 +68,19 @@ private:
 
 TEST_F(DesktopBannerSwitchTest, ReadsGnomes)
 {
-    const QString service = installedService(u"ca.desrt.dconf.service"_s);
-    if (service.isEmpty()) GTEST_SKIP() << "dconf-service is not installed";
-    bus.offer(u"ca.desrt.dconf"_s, service);
+    if (!bus.offerInstalled("ca.desrt.dconf")) GTEST_SKIP() << "dconf-service is not installed";
     startOn("ubuntu:GNOME");
     EXPECT_FALSE(isOff()) << "before the first banner GNOME knows nothing of us";
 
-    const QString schema = u"org.gnome.desktop.notifications.application:"
-                           "/org/gnome/desktop/notifications/application/app-chimewell-chimewell/"_s;
-    for (const QString& key : {u"enable"_s, u"show-banners"_s}) {
-        SCOPED_TRACE(key.toStdString());
-        if (run(u"gsettings"_s, {u"set"_s, schema, key, u"false"_s}) != 0)
+    const std::string schema = "org.gnome.desktop.notifications.application:"
+                               "/org/gnome/desktop/notifications/application/app-chimewell-chimewell/";
+    for (const char* const key : {"enable", "show-banners"}) {
+        SCOPED_TRACE(key);
+        if (run({"gsettings", "set", schema, key, "false"}).status != 0)
             GTEST_SKIP() << "GNOME's settings schemas are not installed";
         EXPECT_TRUE(waitUntil([&] { return changes == 1; }));
         EXPECT_TRUE(isOff());
-        run(u"gsettings"_s, {u"set"_s, schema, key, u"true"_s});
+        run({"gsettings", "set", schema, key, "true"});
         EXPECT_TRUE(waitUntil([&] { return changes == 2; }));
         EXPECT_FALSE(isOff());
         changes = 0;
@@ -104,24 +89,21 @@ TEST_F(DesktopBannerSwitchTest, ReadsGnomes)
 
 TEST_F(DesktopBannerSwitchTest, ReadsXfces)
 {
-    const QString service = installedService(u"org.xfce.Xfconf.service"_s);
-    if (service.isEmpty()) GTEST_SKIP() << "xfconfd is not installed";
     startOn("XFCE");
     EXPECT_FALSE(isOff()) << "no settings service at all";
-    bus.offer(u"org.xfce.Xfconf"_s, service);
+    if (!bus.offerInstalled("org.xfce.Xfconf")) GTEST_SKIP() << "xfconfd is not installed";
     EXPECT_FALSE(isOff()) << "nobody was ever muted";
-    const auto mute = [&](const QStringList& names) {
-        QStringList arguments{
-            u"-c"_s, u"xfce4-notifyd"_s, u"-p"_s, u"/applications/muted_applications"_s, u"-n"_s, u"-a"_s};
-        for (const QString& name : names)
-            arguments << u"-t"_s << u"string"_s << u"-s"_s << name;
-        return run(u"xfconf-query"_s, arguments);
+    const auto mute = [](const std::vector<std::string>& names) {
+        std::vector<std::string> command{
+            "xfconf-query", "-c", "xfce4-notifyd", "-p", "/applications/muted_applications", "-n", "-a"};
+        for (const std::string& name : names)
+            command.insert(command.end(), {"-t", "string", "-s", name});
+        return run(command).status;
     };
-    if (mute({u"Other"_s, u"app.chimewell.Chimewell"_s}) != 0)
-        GTEST_SKIP() << "xfconf-query is not installed";
+    if (mute({"Other", "app.chimewell.Chimewell"}) != 0) GTEST_SKIP() << "xfconf-query is not installed";
     EXPECT_TRUE(waitUntil([&] { return changes == 1; }));
     EXPECT_TRUE(isOff());
-    mute({u"Other"_s});
+    mute({"Other"});
     EXPECT_TRUE(waitUntil([&] { return changes == 2; }));
     EXPECT_FALSE(isOff());
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/notifications/desktop_notification_settings.h"
 
+#include "harness/wait_until.h"
 #include "support/environment_variable.h"
-#include "support/wait_until.h"
 
 #include <QByteArray>
 #include <QFile>

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The adapter with notification servers that people use, on a screen and a bus of the test's own.
+#include "harness/child_process.h"
+#include "harness/private_bus.h"
+#include "harness/wait_until.h"
 #include "platform/linux/freedesktop/activation_tokens.h"
 #include "platform/linux/notifications/dbus_notification_center.h"
-#include "support/child_process.h"
+#include "support/environment_variable.h"
 #include "support/fake_time.h"
-#include "support/installed_service.h"
-#include "support/private_bus.h"
-#include "support/private_display.h"
-#include "support/wait_until.h"
 
 #include <QDBusConnectionInterface>
 #include <QDir>
@@ -15,12 +14,11 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
-#include <QProcessEnvironment>
 #include <QStandardPaths>
 
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
@@ -45,11 +43,7 @@ class RealNotificationServersTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        if (!bus.isRunning()) GTEST_SKIP() << "dbus-daemon is not installed";
-        if (!display.unavailable().empty()) GTEST_SKIP() << display.unavailable();
-        environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, bus.address());
-        environment.insert(u"NO_AT_BRIDGE"_s, u"1"_s);
-        environment.insert(u"GSETTINGS_BACKEND"_s, u"memory"_s);
+        if (!bus.unavailable().empty()) GTEST_SKIP() << bus.unavailable();
     }
 
     std::unique_ptr<ChildProcess> startDunst(const QByteArray& settings = {})
@@ -58,12 +52,8 @@ protected:
         write(file, "[global]\norigin = top-left\noffset = 0x0\nwidth = 400\nidle_threshold = 0\n"
                     "mouse_left_click = do_action, close_current\n" +
                         settings + "[urgency_normal]\ntimeout = 0\n");
-        return startServer(u"dunst"_s, {u"-conf"_s, file});
-    }
-
-    std::unique_ptr<ChildProcess> startServer(const QString& program, const QStringList& arguments)
-    {
-        auto server = std::make_unique<ChildProcess>(program, arguments, environment);
+        auto server =
+            std::make_unique<ChildProcess>(std::vector<std::string>{"dunst", "-conf", file.toStdString()});
         auto* names = observer.interface();
         EXPECT_TRUE(waitUntil(
             [&] { return names->isServiceRegistered(u"org.freedesktop.Notifications"_s).value(); }));
@@ -92,29 +82,20 @@ protected:
                       .userInfo = {{"term", "kitty"}}});
     }
 
-    /// What a command prints.
-    QByteArray run(const QString& program, const QStringList& arguments) const
-    {
-        QProcess process;
-        process.setProcessEnvironment(environment);
-        process.start(program, arguments);
-        process.waitForFinished();
-        return process.readAllStandardOutput();
-    }
-
-    int shownByDunst() const { return run(u"dunstctl"_s, {u"count"_s, u"displayed"_s}).trimmed().toInt(); }
+    static int shownByDunst() { return std::atoi(run({"dunstctl", "count", "displayed"}).output.c_str()); }
 
     /// The markup that dunst drew in the banner it closed last.
-    QString drawnByDunst() const
+    static QString drawnByDunst()
     {
-        const auto history = QJsonDocument::fromJson(run(u"dunstctl"_s, {u"history"_s}));
+        const auto history =
+            QJsonDocument::fromJson(QByteArray::fromStdString(run({"dunstctl", "history"}).output));
         return history[u"data"_s][0][0][u"message"_s][u"data"_s].toString();
     }
 
-    PrivateDisplay display{PrivateDisplay::WindowManager::none};
-    PrivateBus bus;
+    const EnvironmentVariable bridge{"NO_AT_BRIDGE", "1"};
+    const EnvironmentVariable backend{"GSETTINGS_BACKEND", "memory"};
+    PrivateBus bus{{"Xvfb"}};
     QDBusConnection observer = bus.connection(u"observer"_s);
-    QProcessEnvironment environment = display.environment();
     FakeTime time;
     ActivationTokens tokens;
     std::unique_ptr<DbusNotificationCenter> center;
@@ -142,10 +123,10 @@ TEST_F(DunstTest, ShowsABannerAsWrittenAndReportsTheClick)
         startCenter();
         post("Agent <b>is</b> done", "a < b && <b>bold</b> &amp;");
         ASSERT_TRUE(waitUntil([&] { return shownByDunst() == 1; }));
-        run(u"dunstctl"_s, {u"action"_s, u"0"_s});
+        run({"dunstctl", "action", "0"});
         ASSERT_TRUE(waitUntil([&] { return !responses.empty(); }));
         EXPECT_EQ(responses, std::vector<std::string>{"default kitty"});
-        run(u"dunstctl"_s, {u"close-all"_s});
+        run({"dunstctl", "close-all"});
         EXPECT_EQ(drawnByDunst(), u"<b>Agent &lt;b&gt;is&lt;/b&gt; done</b>\n"
                                   "a &lt; b &amp;&amp; &lt;b&gt;bold&lt;/b&gt; &amp;amp;"_s);
         center.reset();
@@ -174,7 +155,7 @@ TEST_F(DunstTest, GoesOnAfterAHangAndAfterItsDeath)
     ASSERT_TRUE(waitUntil([&] { return center->isAvailable(); }));
     post("5", "for the new one");
     ASSERT_TRUE(waitUntil([&] { return shownByDunst() == 1; }));
-    run(u"dunstctl"_s, {u"action"_s, u"0"_s});
+    run({"dunstctl", "action", "0"});
     ASSERT_TRUE(waitUntil([&] { return !responses.empty(); }));
     EXPECT_EQ(responses, std::vector<std::string>{"default kitty"});
 }
@@ -185,36 +166,29 @@ protected:
     {
         RealNotificationServersTest::SetUp();
         if (IsSkipped()) return;
-        program = installedService(u"org.xfce.xfce4-notifyd.Notifications.service"_s);
-        if (program.isEmpty()) GTEST_SKIP() << "xfce4-notifyd is not installed";
-        if (QStandardPaths::findExecutable(u"xdotool"_s).isEmpty())
-            GTEST_SKIP() << "xdotool is not installed";
-        bus.offer(u"org.xfce.Xfconf"_s, installedService(u"org.xfce.Xfconf.service"_s));
+        if (!bus.start("xfce4-notifyd")) GTEST_SKIP() << "xfce4-notifyd is not installed";
     }
 
     /// The id of the banner's window, empty when none is shown.
-    QString window() const
+    static std::string window()
     {
-        const QByteArray ids =
-            run(u"xdotool"_s, {u"search"_s, u"--onlyvisible"_s, u"--class"_s, u"notifyd"_s});
-        return QString::fromLatin1(ids.trimmed().split('\n').constLast());
+        const auto ids = run({"xdotool", "search", "--onlyvisible", "--class", "notifyd"}).output;
+        return QString::fromStdString(ids).trimmed().section(u'\n', -1).toStdString();
     }
-
-    QString program;
 };
 
 TEST_F(XfceNotifydTest, ShowsABannerWhoseButtonReportsTheClick)
 {
-    const auto notifyd = startServer(program, {});
     startCenter();
     post("Agent & co", "a < b && <b>bold</b> &amp;");
-    ASSERT_TRUE(waitUntil([&] { return !window().isEmpty(); }));
+    ASSERT_TRUE(waitUntil([&] { return !window().empty(); }));
     // The button is in the lower right corner; a click anywhere else only closes the banner.
     const QStringList geometry =
-        QString::fromLatin1(run(u"xdotool"_s, {u"getwindowgeometry"_s, u"--shell"_s, window()})).split(u'\n');
+        QString::fromStdString(run({"xdotool", "getwindowgeometry", "--shell", window()}).output)
+            .split(u'\n');
     const auto number = [&](qsizetype line) { return geometry.value(line).section(u'=', 1).toInt(); };
-    run(u"xdotool"_s, {u"mousemove"_s, QString::number(number(1) + number(3) - 50),
-                       QString::number(number(2) + number(4) - 30), u"click"_s, u"1"_s});
+    run({"xdotool", "mousemove", std::to_string(number(1) + number(3) - 50),
+         std::to_string(number(2) + number(4) - 30), "click", "1"});
     ASSERT_TRUE(waitUntil([&] { return !responses.empty(); }));
     EXPECT_EQ(responses, std::vector<std::string>{"FOCUS_SESSION kitty"});
 }

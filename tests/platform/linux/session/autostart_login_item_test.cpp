@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include "harness/wait_until.h"
 #include "platform/linux/session/autostart_login_item.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/xdg_user_folders.h"
 #include "support/environment_variable.h"
 #include "support/memory_files.h"
 #include "support/temporary_folder.h"
-#include "support/wait_until.h"
 
 #include <QProcess>
 #include <QStandardPaths>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "harness/wait_until.h"
 #include "platform/linux/session/boot_timers.h"
 #include "platform/posix/posix_clock.h"
-#include "support/wait_until.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/session/desktop_appearance.h"
 
-#include "support/private_bus.h"
-#include "support/wait_until.h"
+#include "harness/private_bus.h"
+#include "harness/wait_until.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -51,7 +51,7 @@ private:
 TEST(DesktopAppearance, TellsAtTheStartAndWhenItChanges)
 {
     PrivateBus bus;
-    if (!bus.isRunning()) GTEST_SKIP() << "dbus-daemon is not installed";
+    if (!bus.unavailable().empty()) GTEST_SKIP() << bus.unavailable();
     Portal portal(bus.connection(QStringLiteral("desktop")), 1);
     std::vector<std::optional<bool>> told;
     const DesktopAppearance appearance(bus.connection(QStringLiteral("application")),

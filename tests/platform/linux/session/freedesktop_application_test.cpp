@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/session/freedesktop_application.h"
 
+#include "harness/private_bus.h"
+#include "harness/wait_until.h"
 #include "platform/linux/freedesktop/dbus_call.h"
-#include "support/private_bus.h"
-#include "support/wait_until.h"
 
 #include <QDBusMessage>
 #include <QStringList>
@@ -21,7 +21,7 @@ class FreedesktopApplicationTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        if (!bus.isRunning()) GTEST_SKIP() << "dbus-daemon is not installed";
+        if (!bus.unavailable().empty()) GTEST_SKIP() << bus.unavailable();
     }
     FreedesktopApplication::Handlers recording()
     {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/session/tray_host.h"
 
+#include "harness/private_bus.h"
+#include "harness/wait_until.h"
 #include "platform/linux/freedesktop/dbus_call.h"
-#include "support/private_bus.h"
-#include "support/wait_until.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -50,7 +50,7 @@ class TrayHostTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        if (!bus.isRunning()) GTEST_SKIP() << "dbus-daemon is not installed";
+        if (!bus.unavailable().empty()) GTEST_SKIP() << bus.unavailable();
     }
     QDBusConnection panel() { return bus.connection(QStringLiteral("panel")); }
     /// Everything sent before has been dealt with once the bus has answered the application itself.

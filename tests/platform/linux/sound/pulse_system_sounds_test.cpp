@@ -2,13 +2,14 @@
 // Real sounds on a real server without a loudspeaker; what it played is recorded and measured.
 #include "platform/linux/sound/pulse_system_sounds.h"
 
-#include "support/private_sound_server.h"
-#include "support/sound_recording.h"
+#include "harness/private_session.h"
+#include "harness/sound_recording.h"
+#include "harness/wait_until.h"
 #include "support/temporary_folder.h"
-#include "support/wait_until.h"
 
 #include <chrono>
 #include <cmath>
+#include <csignal>
 #include <cstdint>
 #include <deque>
 #include <memory>
@@ -70,7 +71,7 @@ protected:
         folder.write("Short.wav", toneFile(high, 0.2));
     }
 
-    PrivateSoundServer server;
+    PrivateSession server{{"pulseaudio"}};
     TemporaryFolder folder;
     PulseSystemSounds sounds{folder.path()};
 };
@@ -127,14 +128,14 @@ TEST_F(PulseSystemSoundsTest, StoppedOrForgottenSoundsLeaveNothingAtTheServer)
         playing.push_back(sounds.named("Low"));
         playing.back()->play();
     }
-    EXPECT_TRUE(waitUntil([&] { return server.streams() == 4; }));
+    EXPECT_TRUE(waitUntil([&] { return soundStreams() == 4; }));
     playing.pop_back();
     playing.front()->stop();
-    EXPECT_TRUE(waitUntil([&] { return server.streams() <= 2; }));
+    EXPECT_TRUE(waitUntil([&] { return soundStreams() <= 2; }));
     EXPECT_TRUE(playing[1]->isPlaying());
     EXPECT_TRUE(playing[2]->isPlaying());
     playing.clear();
-    EXPECT_TRUE(waitUntil([&] { return server.streams() == 0; }));
+    EXPECT_TRUE(waitUntil([&] { return soundStreams() == 0; }));
 }
 
 TEST_F(PulseSystemSoundsTest, SoundsOutliveTheirMaker)
@@ -150,14 +151,14 @@ TEST_F(PulseSystemSoundsTest, UsesTheNextServerWhenOneIsKilled)
 {
     auto sound = sounds.named("Low");
     sound->play();
-    ASSERT_TRUE(waitUntil([&] { return server.streams() == 1; }));
-    server.kill();
+    ASSERT_TRUE(waitUntil([&] { return soundStreams() == 1; }));
+    server.kill("pulseaudio");
     EXPECT_TRUE(waitUntil([&] { return !sound->isPlaying(); }));
 
     sound->play(); // nobody there
     EXPECT_TRUE(waitUntil([&] { return !sound->isPlaying(); }));
 
-    server.start();
+    server.start("pulseaudio");
     const SoundRecording recording;
     sound->play();
     EXPECT_TRUE(waitUntil([&] { return recording.onset() >= 0; }));
@@ -168,15 +169,15 @@ TEST_F(PulseSystemSoundsTest, AServerThatHangsEndsSoundsUntilItGoesOn)
 {
     const auto sound = sounds.named("Low");
     sound->play();
-    ASSERT_TRUE(waitUntil([&] { return server.streams() == 1; }));
-    server.suspend(); // while a sound plays
+    ASSERT_TRUE(waitUntil([&] { return soundStreams() == 1; }));
+    server.raise("pulseaudio", SIGSTOP); // while a sound plays
     EXPECT_TRUE(waitUntil([&] { return !sound->isPlaying(); }));
 
     sound->play(); // a connection that nobody answers
     EXPECT_TRUE(sound->isPlaying());
     EXPECT_TRUE(waitUntil([&] { return !sound->isPlaying(); }));
 
-    server.resume();
+    server.raise("pulseaudio", SIGCONT);
     const SoundRecording recording;
     sound->play();
     EXPECT_TRUE(waitUntil([&] { return recording.onset() >= 0; }));
@@ -188,7 +189,7 @@ TEST_F(PulseSystemSoundsTest, GivesUpAServerThatHangsAlsoInAFlood)
     const auto first = sounds.named("Short");
     first->play();
     ASSERT_TRUE(waitUntil([&] { return !first->isPlaying(); })); // connected
-    server.suspend();
+    server.raise("pulseaudio", SIGSTOP);
     // No sound gets old enough to be overdue, and yet the server is given up.
     std::deque<std::unique_ptr<Sound>> playing;
     const auto playAnother = [&] {
@@ -198,7 +199,7 @@ TEST_F(PulseSystemSoundsTest, GivesUpAServerThatHangsAlsoInAFlood)
         return !playing.front()->isPlaying();
     };
     EXPECT_TRUE(waitUntil(playAnother));
-    server.resume();
+    server.raise("pulseaudio", SIGCONT);
     const SoundRecording recording;
     playAnother();
     EXPECT_TRUE(waitUntil([&] { return recording.onset() >= 0; }));

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/speech/ssip_speech_synthesizer.h"
 
-#include "support/private_sound_server.h"
-#include "support/private_speech_service.h"
+#include "harness/private_session.h"
+#include "harness/sound_recording.h"
+#include "harness/wait_until.h"
 #include "support/scripted_speech_service.h"
-#include "support/sound_recording.h"
 #include "support/temporary_folder.h"
-#include "support/wait_until.h"
 
 #include <QString>
 
@@ -199,12 +198,10 @@ class RealSpeechServiceTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        if (!sound.unavailable().empty()) GTEST_SKIP() << sound.unavailable();
-        if (!service.unavailable().empty()) GTEST_SKIP() << service.unavailable();
+        if (!session.unavailable().empty()) GTEST_SKIP() << session.unavailable();
     }
 
-    PrivateSoundServer sound;
-    PrivateSpeechService service;
+    PrivateSession session{{"pulseaudio", "speech-dispatcher"}};
     SsipSpeechSynthesizer synthesizer{SsipSpeechSynthesizer::Service::ofSession(), "en"};
 };
 
@@ -220,7 +217,6 @@ TEST_F(RealSpeechServiceTest, IsStartedOnDemandAndCutsNothingShort)
     const auto first = std::make_unique<SoundRecording>();
     synthesizer.speak("no", std::nullopt);
     ASSERT_GT(heardOut(*first), 0);
-    EXPECT_TRUE(service.isRunning());
 
     const auto alone = std::make_unique<SoundRecording>();
     synthesizer.speak(counting, std::nullopt);
@@ -237,7 +233,7 @@ TEST_F(RealSpeechServiceTest, IsStartedOnDemandAndCutsNothingShort)
 
 TEST_F(RealSpeechServiceTest, ListsEachVoiceOnceWithItsLanguage)
 {
-    service.start();
+    session.start("speech-dispatcher");
     const std::vector<Voice> voices = voicesOf(synthesizer);
     EXPECT_EQ(std::ranges::count(voices, Voice{"English (America)", "English (America)", "en-US"}), 1);
     EXPECT_EQ(std::ranges::count(voices, Voice{"German", "German", "de"}), 1);
@@ -250,12 +246,11 @@ TEST_F(RealSpeechServiceTest, ListsEachVoiceOnceWithItsLanguage)
 
 TEST_F(RealSpeechServiceTest, SpeaksAgainAfterTheServiceWasKilled)
 {
-    service.start();
+    session.start("speech-dispatcher");
     const SoundRecording recording;
     synthesizer.speak("one two three four five six seven eight nine ten", std::nullopt);
     ASSERT_TRUE(waitUntil([&] { return recording.onset() >= 0; }));
-    service.kill();
-    EXPECT_TRUE(waitUntil([&] { return !service.isRunning(); }));
+    session.kill("speech-dispatcher");
     const SoundRecording next;
     synthesizer.speak("one", std::nullopt); // starts it
     EXPECT_TRUE(waitUntil([&] { return next.onset() >= 0; }));

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "events/session_focus.h"
+#include "harness/child_process.h"
+#include "harness/private_bus.h"
+#include "harness/private_session.h"
+#include "harness/wait_until.h"
 #include "platform/linux/freedesktop/activation_tokens.h"
 #include "platform/linux/workspace/linux_workspace.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/xdg_user_folders.h"
-#include "support/child_process.h"
 #include "support/environment_variable.h"
-#include "support/private_bus.h"
-#include "support/private_display.h"
 #include "support/temporary_folder.h"
-#include "support/wait_until.h"
 
 #include <QObject>
 #include <QStandardPaths>
@@ -19,6 +19,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstdlib>
 #include <sys/stat.h>
 
 namespace chimewell::test {
@@ -66,7 +67,7 @@ class LinuxWorkspaceTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        if (!bus.isRunning()) GTEST_SKIP() << "dbus-daemon is not installed";
+        if (!bus.unavailable().empty()) GTEST_SKIP() << bus.unavailable();
     }
 
     /// A program that writes its token, folder and arguments into `program`.log.
@@ -230,17 +231,13 @@ protected:
                 GTEST_SKIP() << tool << " is not installed";
         LinuxWorkspaceTest::SetUp();
     }
-    bool comesForward(const QString& title)
+    bool comesForward(const std::string& title)
     {
-        return waitUntil([&] {
-            return display
-                .output(QStringLiteral("xdotool"),
-                        {QStringLiteral("getactivewindow"), QStringLiteral("getwindowname")})
-                .contains(title);
-        });
+        return waitUntil(
+            [&] { return run({"xdotool", "getactivewindow", "getwindowname"}).output.contains(title); });
     }
 
-    PrivateDisplay display{PrivateDisplay::WindowManager::openbox};
+    PrivateSession display{{"Xvfb", "openbox"}};
 };
 
 TEST_F(LinuxWorkspaceOnScreenTest, BringsARunningTerminalForwardInsteadOfStartingAnother)
@@ -248,24 +245,20 @@ TEST_F(LinuxWorkspaceOnScreenTest, BringsARunningTerminalForwardInsteadOfStartin
     install("kitty", "Exec=" + reporting("kitty") + "\n");
     const auto window = [&](const char* windowClass, const char* title) {
         return std::make_unique<ChildProcess>(
-            QStringLiteral("xterm"),
-            QStringList{QStringLiteral("-class"), QString::fromLatin1(windowClass), QStringLiteral("-T"),
-                        QString::fromLatin1(title), QStringLiteral("-e"), QStringLiteral("sleep"),
-                        QStringLiteral("600")},
-            display.environment());
+            std::vector<std::string>{"xterm", "-class", windowClass, "-T", title, "-e", "sleep", "600"});
     };
-    LinuxWorkspace desktop = workspace(display.name().toStdString());
+    LinuxWorkspace desktop = workspace(std::getenv("DISPLAY"));
     auto running = window("kitty", "terminal");
-    ASSERT_TRUE(comesForward(QStringLiteral("terminal")));
+    ASSERT_TRUE(comesForward("terminal"));
     const auto other = window("Other", "other");
-    ASSERT_TRUE(comesForward(QStringLiteral("other")));
+    ASSERT_TRUE(comesForward("other"));
     tokens.put("first");
     desktop.openActivating(terminal("kitty"));
-    EXPECT_TRUE(comesForward(QStringLiteral("terminal")));
+    EXPECT_TRUE(comesForward("terminal"));
 
     // Only this second call, with the window gone, starts the program; the first one's token is spent.
     running.reset();
-    ASSERT_TRUE(comesForward(QStringLiteral("other")));
+    ASSERT_TRUE(comesForward("other"));
     ASSERT_FALSE(std::filesystem::exists(folder.path() / "bin/kitty.log"));
     desktop.openActivating(terminal("kitty"));
     EXPECT_TRUE(report("kitty").starts_with("token= "));
@@ -275,13 +268,12 @@ TEST_F(LinuxWorkspaceOnScreenTest, ARealFileManagerIsStartedAndShowsTheFolder)
 {
     const QString thunar = QStandardPaths::findExecutable(QStringLiteral("thunar"));
     if (thunar.isEmpty()) GTEST_SKIP() << "thunar is not installed";
-    bus.offer(
-        QStringLiteral("org.freedesktop.FileManager1"),
-        QStringLiteral("/usr/bin/env GTK_USE_PORTAL=0 GDK_BACKEND=x11 NO_AT_BRIDGE=1 DISPLAY=%1 %2 --daemon")
-            .arg(display.name(), thunar));
+    bus.offer("org.freedesktop.FileManager1",
+              std::string("/usr/bin/env GTK_USE_PORTAL=0 GDK_BACKEND=x11 NO_AT_BRIDGE=1 DISPLAY=") +
+                  std::getenv("DISPLAY") + " " + thunar.toStdString() + " --daemon");
     std::filesystem::create_directory(folder.path() / "project ü");
-    EXPECT_TRUE(workspace(display.name().toStdString()).openFolder(folder.path() / "project ü"));
-    EXPECT_TRUE(comesForward(QStringLiteral("project ü")));
+    EXPECT_TRUE(workspace(std::getenv("DISPLAY")).openFolder(folder.path() / "project ü"));
+    EXPECT_TRUE(comesForward("project ü"));
 }
 
 }

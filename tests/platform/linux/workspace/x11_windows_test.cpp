@@ -1,16 +1,19 @@
 // SPDX-License-Identifier: MIT
+#include "harness/child_process.h"
+#include "harness/private_session.h"
+#include "harness/wait_until.h"
 #include "platform/linux/workspace/x11_windows.h"
-#include "support/child_process.h"
-#include "support/private_display.h"
-#include "support/wait_until.h"
 
 #include <QStandardPaths>
-#include <QStringList>
 
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstdlib>
 #include <deque>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace chimewell::test {
 namespace {
@@ -26,46 +29,42 @@ protected:
     }
 
     /// Opens a window, which the window manager puts in front, and returns its number.
-    QString open(const char* windowClass, const char* title)
+    std::string open(const char* windowClass, const char* title)
     {
-        windows.emplace_back(QStringLiteral("xterm"),
-                             QStringList{QStringLiteral("-class"), QString::fromLatin1(windowClass),
-                                         QStringLiteral("-T"), QString::fromLatin1(title),
-                                         QStringLiteral("-e"), QStringLiteral("sleep"),
-                                         QStringLiteral("600")},
-                             display.environment());
+        windows.emplace_back(
+            std::vector<std::string>{"xterm", "-class", windowClass, "-T", title, "-e", "sleep", "600"});
         EXPECT_TRUE(comesForward(title)) << title;
-        return xdotool({QStringLiteral("getactivewindow")});
+        return xdotool({"getactivewindow"});
     }
-    QString xdotool(const QStringList& arguments)
+    /// What it prints, without the line's end.
+    static std::string xdotool(std::vector<std::string> arguments)
     {
-        return display.output(QStringLiteral("xdotool"), arguments).trimmed();
+        arguments.insert(arguments.begin(), "xdotool");
+        const std::string output = run(std::move(arguments)).output;
+        return output.substr(0, output.find('\n'));
     }
     bool comesForward(const char* title)
     {
-        return waitUntil([&] {
-            return xdotool({QStringLiteral("getactivewindow"), QStringLiteral("getwindowname")}) ==
-                   QString::fromLatin1(title);
-        });
+        return waitUntil([&] { return xdotool({"getactivewindow", "getwindowname"}) == title; });
     }
     bool activate(std::string_view first, std::string_view second = {})
     {
-        return activateNewestWindow(display.name().toStdString(), std::array{first, second});
+        return activateNewestWindow(std::getenv("DISPLAY"), std::array{first, second});
     }
 
-    PrivateDisplay display{PrivateDisplay::WindowManager::openbox};
+    PrivateSession display{{"Xvfb", "openbox"}};
     std::deque<ChildProcess> windows;
 };
 
 TEST_F(X11WindowsTest, TheMostRecentlyUsedOfAClassComesForward)
 {
-    const QString first = open("kitty", "first");
+    const std::string first = open("kitty", "first");
     open("Kitty", "second");
     open("Other", "other");
     EXPECT_TRUE(activate("KITTY"));
     EXPECT_TRUE(comesForward("second"));
 
-    xdotool({QStringLiteral("windowactivate"), first});
+    xdotool({"windowactivate", first});
     ASSERT_TRUE(comesForward("first"));
     EXPECT_TRUE(activate("none", "other"));
     EXPECT_TRUE(comesForward("other"));
@@ -75,23 +74,22 @@ TEST_F(X11WindowsTest, TheMostRecentlyUsedOfAClassComesForward)
 
 TEST_F(X11WindowsTest, AMinimisedWindowComesBack)
 {
-    const QString window = open("kitty", "terminal");
+    const std::string window = open("kitty", "terminal");
     open("Other", "other");
-    xdotool({QStringLiteral("windowminimize"), QStringLiteral("--sync"), window});
+    xdotool({"windowminimize", "--sync", window});
     EXPECT_TRUE(activate("kitty"));
     EXPECT_TRUE(comesForward("terminal"));
 }
 
 TEST_F(X11WindowsTest, AWindowOnAnotherDesktopIsFollowedThere)
 {
-    const QString window = open("kitty", "terminal");
+    const std::string window = open("kitty", "terminal");
     open("Other", "other");
-    xdotool({QStringLiteral("set_desktop_for_window"), window, QStringLiteral("2")});
-    ASSERT_TRUE(waitUntil(
-        [&] { return xdotool({QStringLiteral("get_desktop_for_window"), window}) == QStringLiteral("2"); }));
+    xdotool({"set_desktop_for_window", window, "2"});
+    ASSERT_TRUE(waitUntil([&] { return xdotool({"get_desktop_for_window", window}) == "2"; }));
     EXPECT_TRUE(activate("kitty"));
     EXPECT_TRUE(comesForward("terminal"));
-    EXPECT_EQ(xdotool({QStringLiteral("get_desktop")}), QStringLiteral("2"));
+    EXPECT_EQ(xdotool({"get_desktop"}), "2");
 }
 
 TEST_F(X11WindowsTest, WithoutSuchAWindowNothingHappens)
@@ -107,9 +105,9 @@ TEST_F(X11WindowsTest, WithoutSuchAWindowNothingHappens)
 
 TEST(X11WindowsWithoutAManager, NothingIsListed)
 {
-    const PrivateDisplay display(PrivateDisplay::WindowManager::none);
+    const PrivateSession display({"Xvfb"});
     if (!display.unavailable().empty()) GTEST_SKIP() << display.unavailable();
-    EXPECT_FALSE(activateNewestWindow(display.name().toStdString(), std::array{std::string_view("kitty")}));
+    EXPECT_FALSE(activateNewestWindow(std::getenv("DISPLAY"), std::array{std::string_view("kitty")}));
 }
 
 }

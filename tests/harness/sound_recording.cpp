@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "support/sound_recording.h"
+#include "harness/sound_recording.h"
 
-#include "support/wait_until.h"
-
-#include <QString>
-#include <QStringList>
+#include "harness/wait_until.h"
 
 #include <algorithm>
 #include <cmath>
@@ -21,16 +18,16 @@ constexpr int silence = 200; // of 32,767
 
 }
 
+int soundStreams()
+{
+    return static_cast<int>(std::ranges::count(run({"pactl", "list", "short", "sink-inputs"}).output, '\n'));
+}
+
 SoundRecording::SoundRecording()
 {
-    const QStringList arguments{QStringLiteral("--device=silent.monitor"),
-                                QStringLiteral("--format=s16le"),
-                                QStringLiteral("--rate=8000"),
-                                QStringLiteral("--channels=1"),
-                                QStringLiteral("--latency-msec=20"),
-                                QStringLiteral("--raw"),
-                                QString::fromStdString((folder_.path() / "recording").string())};
-    recorder_ = std::make_unique<ChildProcess>(QStringLiteral("parec"), arguments);
+    recorder_ = std::make_unique<ChildProcess>(
+        std::vector<std::string>{"parec", "--device=silent.monitor", "--format=s16le", "--rate=8000",
+                                 "--channels=1", "--latency-msec=20", "--raw", folder_.path() / "recording"});
     waitUntil([this] { return duration() > 0; });
 }
 

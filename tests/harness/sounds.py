@@ -33,12 +33,12 @@ class Heard:
 
 
 class Recording:
-    """Records `sink` while it is open."""
+    """Records the desktop's silent sound output while it is open."""
 
-    def __init__(self, sink=None):
+    def __init__(self):
         self._file = tempfile.NamedTemporaryFile(prefix="chimewell-recording-")
         self._recorder = subprocess.Popen(
-            ["parec", f"--device={sink or os.environ['VD_SINK']}.monitor", "--raw", "--format=s16le",
+            ["parec", "--device=silent.monitor", "--raw", "--format=s16le",
              f"--rate={RECORDED_RATE}", "--channels=1", "--latency-msec=20"], stdout=self._file)
         until(lambda: os.path.getsize(self._file.name) > 0, "a recording of the sound output")
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "support/child_process.h"
+#include "harness/child_process.h"
 #include "support/temporary_folder.h"
 
 #include <cstdint>
@@ -9,6 +9,9 @@
 #include <vector>
 
 namespace chimewell::test {
+
+/// How many sounds the sound server is playing, or keeps without playing them.
+int soundStreams();
 
 /// Records what a private sound server plays, from the moment of its making on.
 class SoundRecording {

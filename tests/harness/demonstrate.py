@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""demonstrate.py BUILD SCREENSHOT, inside the virtual desktop: installs what is built in BUILD, starts it for the first
+"""demonstrate.py BUILD SCREENSHOT, inside a desktop of desktop.py: installs what is built in BUILD, starts it for the first
 time, skips its walkthrough, sends one event through its helper, and prints what the notification server got, which
 sound was heard and what was spoken. Beside SCREENSHOT go one of the walkthrough and one of the panel."""
 import os
@@ -8,7 +8,7 @@ import subprocess
 import sys
 import uuid
 
-import chimewell
+import application
 import speech
 from banners import BannerWatch
 from interface import has_window, press_keys, window
@@ -19,22 +19,21 @@ from waiting import TookTooLong, until
 
 def main():
     build, screenshot = sys.argv[1], pathlib.Path(sys.argv[2])
-    installed = chimewell.install(build)
+    installed = application.install(build)
     project = pathlib.Path(os.environ["HOME"], "projects/paint-shop")
     project.mkdir(parents=True)
-    speech.keep_log()
     watch = BannerWatch()
 
     print("Starting for the first time:", installed.program)
-    chimewell.activate()
+    application.activate()
     icon = StatusNotifierIcon()
-    process = chimewell.process_of(chimewell.NAME)
+    process = application.process_of(application.NAME)
     walkthrough = window(process, "Welcome")
     walkthrough.until_shows("Welcome to Chimewell")
     photograph(screenshot.with_stem("walkthrough"))
     walkthrough.find("Skip setup", "button").press()
     until(lambda: not has_window(process, "Welcome"), "the end of the walkthrough")
-    chimewell.act("settings")
+    application.act("settings")
     settings = window(process, "Chimewell Settings")
     settings.find("Speak for Waiting for input", "check box").press()
     press_keys("ctrl+w")
@@ -68,7 +67,7 @@ def main():
         print(f'Spoken:       "{phrase}" (the speech service reports its end)')
     print(f"Screenshots:  {screenshot} and {screenshot.with_stem('walkthrough')}")
     complete = speech.spoken() and other > 0.5 and any(sound.name for sound in heard)
-    chimewell.end()
+    application.end()
     return 0 if complete else 1
 
 

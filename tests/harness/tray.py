@@ -5,7 +5,7 @@ import subprocess
 
 from gi.repository import GLib
 
-import chimewell
+import application
 from waiting import until
 
 WATCHER = "org.kde.StatusNotifierWatcher"
@@ -22,28 +22,28 @@ class StatusNotifierIcon:
 
     @staticmethod
     def _items():
-        return chimewell.call(WATCHER, "/StatusNotifierWatcher", "org.freedesktop.DBus.Properties", "Get",
+        return application.call(WATCHER, "/StatusNotifierWatcher", "org.freedesktop.DBus.Properties", "Get",
                               GLib.Variant("(ss)", (WATCHER, "RegisteredStatusNotifierItems")))[0]
 
     def click(self):
-        chimewell.call(self._name, self._path, ITEM, "Activate", GLib.Variant("(ii)", (0, 0)))
+        application.call(self._name, self._path, ITEM, "Activate", GLib.Variant("(ii)", (0, 0)))
 
     def icon_name(self):
-        return chimewell.call(self._name, self._path, "org.freedesktop.DBus.Properties", "Get",
+        return application.call(self._name, self._path, "org.freedesktop.DBus.Properties", "Get",
                               GLib.Variant("(ss)", (ITEM, "IconName")))[0]
 
     def menu(self):
         """Labels and numbers of the menu's entries."""
-        path = chimewell.call(self._name, self._path, "org.freedesktop.DBus.Properties", "Get",
+        path = application.call(self._name, self._path, "org.freedesktop.DBus.Properties", "Get",
                               GLib.Variant("(ss)", (ITEM, "Menu")))[0]
-        layout = chimewell.call(self._name, path, "com.canonical.dbusmenu", "GetLayout",
+        layout = application.call(self._name, path, "com.canonical.dbusmenu", "GetLayout",
                                 GLib.Variant("(iias)", (0, -1, [])))[1]
         return {entry[1]["label"].replace("_", ""): (path, entry[0])
                 for entry in layout[2] if "label" in entry[1]}
 
     def choose(self, label):
         path, number = self.menu()[label]
-        chimewell.call(self._name, path, "com.canonical.dbusmenu", "Event",
+        application.call(self._name, path, "com.canonical.dbusmenu", "Event",
                        GLib.Variant("(isvu)", (number, "clicked", GLib.Variant("i", 0), 0)))
 
 

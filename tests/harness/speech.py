@@ -5,13 +5,6 @@ import pathlib
 import re
 
 
-def keep_log():
-    """Makes the speech service, which must not run yet, write down every message."""
-    folder = pathlib.Path(os.environ["XDG_CONFIG_HOME"], "speech-dispatcher")
-    folder.mkdir(parents=True, exist_ok=True)
-    (folder / "speechd.conf").write_text("LogLevel 5\nLogDir \"default\"\nAudioOutputMethod \"pulse\"\n")
-
-
 def _log():
     path = pathlib.Path(os.environ["XDG_RUNTIME_DIR"], "speech-dispatcher/log/speech-dispatcher.log")
     return path.read_text(encoding="utf-8", errors="replace") if path.exists() else ""

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "harness/child_process.h"
+#include "support/environment_variable.h"
+
+#include <list>
+#include <string>
+#include <vector>
+
+namespace chimewell::test {
+
+/// Real services of a desktop for one test, started by desktop.py in a folder of their own: "dbus-daemon"
+/// (which knows no services but those that are offered), "Xvfb", "openbox", "pulseaudio", "xfce4-notifyd" and
+/// "speech-dispatcher", which whoever wants to speak starts. While this object exists, the environment of the
+/// test's process leads to them.
+class PrivateSession {
+public:
+    explicit PrivateSession(const std::vector<std::string>& programs);
+    PrivateSession(const PrivateSession&) = delete;
+    PrivateSession& operator=(const PrivateSession&) = delete;
+
+    /// What is missing; empty when everything runs. The test then skips with this reason.
+    const std::string& unavailable() const { return unavailable_; }
+
+    /// Starts a program once more, at the same address; false if it does not come up.
+    bool start(const std::string& program) { return command("start " + program); }
+    /// Kills it, without a word to its clients.
+    void kill(const std::string& program) { command("kill " + program); }
+    void raise(const std::string& program, int signal);
+
+    /// From now on the first call to `busName` starts `program`, with this session's environment.
+    void offer(const std::string& busName, const std::string& program);
+    /// The same with the machine's own service of that name; false where it is not installed.
+    bool offerInstalled(const std::string& busName) { return command("offer " + busName); }
+    void withdraw(const std::string& busName) { command("withdraw " + busName); }
+
+private:
+    bool command(const std::string& line);
+
+    Pipe orders_;
+    Pipe answers_;
+    std::string pending_;
+    ChildProcess harness_;
+    std::string unavailable_;
+    std::list<EnvironmentVariable> variables_;
+};
+
+}
