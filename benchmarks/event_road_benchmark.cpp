@@ -4,7 +4,7 @@
 // thousand of them a second by the clock that is handed in, so that what is remembered of sessions is always
 // full.
 
-#include "app/services.h"
+#include "core/services.h"
 #include "values/event_url.h"
 
 #include <benchmark/benchmark.h>
@@ -194,8 +194,7 @@ struct Road {
                        .notifications = center,
                        .workspace = workspace,
                        .loginItem = loginItem,
-                       .activation = activation},
-                      "/nowhere"};
+                       .activation = activation}};
     EventRouter& router = services.router;
 };
 

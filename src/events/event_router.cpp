@@ -54,9 +54,7 @@ void EventRouter::handle(const EventPayload& payload)
 
 void EventRouter::fireReminder(const EventPayload& payload)
 {
-    const AppSettings& settings = with_.store.settings();
-    if (settings.globalMuted) return;
-    const EventSetting* const setting = settings.setting(payload.type);
+    const EventSetting* const setting = with_.store.settings().setting(payload.type);
     if (!setting || !setting->enabled) return;
     alert(payload, *setting, Occasion::reminder);
 }
@@ -88,8 +86,7 @@ void EventRouter::alert(const EventPayload& payload, const EventSetting& setting
 {
     const bool isReminder = occasion == Occasion::reminder;
     if (isReminder || !payload.isTest) with_.history.add(payload, isReminder);
-    with_.sound.play(setting.soundId);
-    if (setting.speak) with_.voice.speak(setting.phraseToSpeak(), setting.voiceIdentifier);
+    with_.audio.play(setting);
     // Refused only where banners are unavailable, and then there is nobody to tell.
     if (setting.showPopup)
         static_cast<void>(with_.notifications.post(alertTitle(payload, isReminder),

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "alerts/alert_audio.h"
 #include "alerts/notification_service.h"
-#include "alerts/sound_player.h"
-#include "alerts/voice_announcer.h"
 #include "base/last_seen.h"
 #include "events/event_history.h"
 #include "events/reminder_manager.h"
@@ -23,16 +22,16 @@ public:
     struct Collaborators {
         const SettingsStore& store;
         EventHistory& history;
-        SoundPlayer& sound;
+        AlertAudio& audio;
         NotificationService& notifications;
-        VoiceAnnouncer& voice;
         ReminderManager& reminders;
         const Clock& clock;
     };
     explicit EventRouter(Collaborators with) : with_(with) {} ///< All of them outlive the router.
 
     void handle(const EventPayload& payload);
-    /// Alerts once more for a payload that is still waiting.
+    /// Alerts once more for a payload that is still waiting. `ReminderManager`, which calls it, has checked
+    /// that alerts are not muted.
     void fireReminder(const EventPayload& payload);
 
     /// A repeat of one session's event is dropped while it is younger than this.

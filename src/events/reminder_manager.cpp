@@ -16,11 +16,14 @@ void ReminderManager::arm(const EventPayload& payload, std::int64_t intervalSeco
     if (maxCount < 1 || intervalSeconds < 1) return;
 
     if (pending_.size() >= maxPending) dropOldest();
-    pending_[key] = {.payload = payload,
-                     .count = 0,
-                     .order = ++armings_,
-                     .timer = with_.timers.repeat(period(intervalSeconds),
-                                                  [this, key, maxCount] { tick(key, maxCount); })};
+    const Instant now = with_.clock.instant();
+    const auto interval = period(intervalSeconds);
+    Pending& pending = pending_[key] = {.payload = payload,
+                                        .period = interval,
+                                        .maxCount = maxCount,
+                                        .order = ++armings_,
+                                        .due = now + interval};
+    startTimer(pending, now);
 }
 
 void ReminderManager::cancel(const std::string& sessionKey)
@@ -51,19 +54,30 @@ bool ReminderManager::recentlySettled(const std::string& sessionKey, Instant now
     return false;
 }
 
-void ReminderManager::tick(const std::string& sessionKey, std::int64_t maxCount)
+void ReminderManager::startTimer(Pending& pending, Instant now)
+{
+    pending.timer =
+        with_.timers.once(pending.due - now, [this, key = pending.payload.sessionKey()] { tick(key); });
+}
+
+void ReminderManager::tick(const std::string& sessionKey)
 {
     const auto found = pending_.find(sessionKey);
     if (found == pending_.end()) return;
+    Pending& pending = found->second;
+    const Instant now = with_.clock.instant();
+    // Periods that passed together, while the machine slept, are one tick.
+    pending.due += pending.period * (std::max((now - pending.due) / pending.period, std::int64_t{0}) + 1);
+    startTimer(pending, now);
     if (with_.store.settings().globalMuted) return;
 
-    const std::int64_t count = ++found->second.count;
-    const std::uint64_t order = found->second.order;
-    // onFire may cancel the entry, which ends the timer that holds our key, or arm another one in its
-    // place: so it gets a copy, and the entry is looked up again.
-    const EventPayload payload = found->second.payload;
+    const bool isLast = ++pending.count >= pending.maxCount;
+    const std::uint64_t order = pending.order;
+    // onFire may cancel the entry or arm another one in its place. So it gets a copy, and the entry is looked
+    // up again.
+    const EventPayload payload = pending.payload;
     if (onFire) onFire(payload);
-    if (count < maxCount) return;
+    if (!isLast) return;
     const auto still = pending_.find(payload.sessionKey());
     if (still != pending_.end() && still->second.order == order) pending_.erase(still);
 }

@@ -53,13 +53,17 @@ public:
 private:
     struct Pending {
         EventPayload payload;
-        std::int64_t count = 0;
+        std::chrono::nanoseconds period{};
+        std::int64_t maxCount = 0;
         std::uint64_t order = 0; ///< Grows with each arming.
-        std::unique_ptr<Timer> timer;
+        Instant due;             ///< Of the next tick.
+        std::int64_t count = 0;
+        std::unique_ptr<Timer> timer = nullptr;
     };
 
     bool recentlySettled(const std::string& sessionKey, Instant now);
-    void tick(const std::string& sessionKey, std::int64_t maxCount);
+    void startTimer(Pending& pending, Instant now);
+    void tick(const std::string& sessionKey);
     std::chrono::milliseconds period(std::int64_t intervalSeconds);
     void dropOldest();
 

@@ -7,24 +7,20 @@
 
 namespace chimewell {
 
-/// A running timer. Destroying it stops it; a stopped timer never ticks again.
+/// A running timer. Destroying it stops it; a stopped timer never fires.
 class Timer {
 public:
     virtual ~Timer() = default;
 };
 
-/// Starts timers on the main event loop. Their periods go on while the machine sleeps; a timer that
-/// came due several times meanwhile ticks once on waking.
+/// Starts timers on the main event loop.
 class Timers {
 public:
     virtual ~Timers() = default;
-    /// Calls `tick` once per `period`, first after one full period, until the returned timer is
-    /// destroyed. `tick` may destroy its own timer.
-    [[nodiscard]] virtual std::unique_ptr<Timer> repeat(std::chrono::milliseconds period,
-                                                        std::function<void()> tick) = 0;
-    /// Calls `fire` once after `delay`, unless the returned timer is destroyed before. `fire` may
-    /// destroy its own timer.
-    [[nodiscard]] virtual std::unique_ptr<Timer> once(std::chrono::milliseconds delay,
+    /// Calls `fire` once, from the event loop, when `Clock::instant` has moved on by `delay`: the time that
+    /// the machine sleeps counts, and what fell due meanwhile fires on waking. A `delay` of zero or less
+    /// fires in the next turn of the loop. `fire` may destroy its own timer.
+    [[nodiscard]] virtual std::unique_ptr<Timer> once(std::chrono::nanoseconds delay,
                                                       std::function<void()> fire) = 0;
 };
 

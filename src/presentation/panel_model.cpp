@@ -8,15 +8,18 @@
 
 namespace chimewell {
 
-std::string_view menuBarIcon(const AppSettings& settings)
-{
-    return !settings.globalMuted && settings.anyProviderInstalled() ? "bell.badge" : "bell";
-}
-
 PanelHeader panelHeader(const AppSettings& settings)
 {
     const bool isListening = settings.anyProviderInstalled();
     return {.status = isListening ? texts::listening : texts::setupNeeded, .isListening = isListening};
+}
+
+StatusIconState statusIconState(const AppSettings& settings, const Translator& translator)
+{
+    return {.isArmed = !settings.globalMuted && settings.anyProviderInstalled(),
+            .isMuted = settings.globalMuted,
+            .label = translator.translate(
+                {texts::titleAndDetail, {texts::panelName, panelHeader(settings).status}})};
 }
 
 bool RecentRow::hasSession() const

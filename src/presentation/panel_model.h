@@ -3,6 +3,8 @@
 
 #include "base/text.h"
 #include "events/event_history.h"
+#include "ports/status_icon.h"
+#include "ports/translator.h"
 #include "ports/user_locale.h"
 #include "values/app_settings.h"
 
@@ -14,15 +16,15 @@
 
 namespace chimewell {
 
-/// The icon in the panel or menu bar: "bell.badge" says that alerts will come.
-std::string_view menuBarIcon(const AppSettings& settings);
-
 /// What the drop-down panel says at its top.
 struct PanelHeader {
     Text status;
     bool isListening; ///< A green dot; an orange one and "Finish setup" otherwise.
 };
 PanelHeader panelHeader(const AppSettings& settings);
+
+/// What the icon shows. It is armed while an agent is set up and alerts are not muted.
+StatusIconState statusIconState(const AppSettings& settings, const Translator& translator);
 
 /// One alert of the past, as the panel and the settings show it.
 struct RecentRow {

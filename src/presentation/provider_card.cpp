@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "presentation/provider_card.h"
 
+#include "base/readable_text.h"
 #include "values/provider.h"
 #include "values/texts.h"
 
@@ -42,7 +43,7 @@ std::string ProviderCard::shownFile() const
 void ProviderCard::refresh()
 {
     look_ = with_.installer.look(record());
-    forgetOldMessages();
+    clearOutdatedMessages();
     subscribers_.notify();
 }
 
@@ -148,8 +149,8 @@ Confirmation ProviderCard::confirmation(PendingAction action) const
 
 void ProviderCard::perform(PendingAction action)
 {
-    if (isSettling()) {
-        waiting_ = action;
+    if (isPausing()) {
+        next_ = action;
         return;
     }
     clearMessages();
@@ -161,7 +162,7 @@ void ProviderCard::perform(PendingAction action)
         failure_ = done.error().description();
     }
     look_ = lookAfterAction_ = with_.installer.look(record());
-    settling_ = with_.timers.once(settlingTime, [this] { settle(); });
+    pause_ = with_.timers.once(pauseTime, [this] { endPause(); });
     subscribers_.notify();
 }
 
@@ -180,16 +181,16 @@ void ProviderCard::clearMessages()
     nothingToReveal_ = false;
 }
 
-void ProviderCard::settle()
+void ProviderCard::endPause()
 {
-    settling_.reset();
-    if (const auto action = std::exchange(waiting_, std::nullopt))
+    pause_.reset();
+    if (const auto action = std::exchange(next_, std::nullopt))
         perform(*action);
     else
         subscribers_.notify();
 }
 
-void ProviderCard::forgetOldMessages()
+void ProviderCard::clearOutdatedMessages()
 {
     const bool isOtherState =
         look_.status != lookAfterAction_.status || look_.update != lookAfterAction_.update;
@@ -218,6 +219,44 @@ ProviderInstallState ProviderCard::record() const
     const auto& records = with_.store.settings().providers;
     const auto found = std::ranges::find(records, providerId(), &ProviderInstallState::providerId);
     return found == records.end() ? ProviderInstallState{.providerId = std::string(providerId())} : *found;
+}
+
+ProviderCards::ProviderCards(Collaborators with)
+{
+    for (HookInstaller* installer : with.installers.all())
+        cards_.push_back(std::make_unique<ProviderCard>(ProviderCard::Collaborators{
+            .installer = *installer, .store = with.store, .files = with.files, .timers = with.timers}));
+}
+
+void ProviderCards::refresh()
+{
+    for (const auto& card : cards_)
+        card->refresh();
+}
+
+void ProviderCards::clearMessages()
+{
+    for (const auto& card : cards_)
+        card->clearMessages();
+}
+
+std::string changesText(const std::vector<HookChange>& changes)
+{
+    const auto hasKind = [&](HookChange::Kind kind) {
+        return std::ranges::find(changes, kind, &HookChange::kind) != changes.end();
+    };
+    const bool isMixed = hasKind(HookChange::Kind::added) && hasKind(HookChange::Kind::removed);
+    std::string text;
+    for (const HookChange& change : changes) {
+        if (!text.empty()) text += '\n';
+        const std::string mark = !isMixed ? "" : change.kind == HookChange::Kind::added ? "+ " : "- ";
+        text += mark;
+        for (const char character : readableText(change.entry)) {
+            text += character;
+            if (character == '\n') text += mark;
+        }
+    }
+    return text;
 }
 
 }

@@ -4,6 +4,7 @@
 #include "base/subscription.h"
 #include "base/text.h"
 #include "hooks/hook_installer.h"
+#include "hooks/hook_installers.h"
 #include "ports/files.h"
 #include "ports/timers.h"
 #include "presentation/event_looks.h"
@@ -46,7 +47,11 @@ struct Confirmation {
     std::vector<HookChange> changes = {};
 };
 
-/// One agent's card in the settings, and its row in the walkthrough: what its file says, what can be done,
+/// The entries one below the other, to be read. Where some go and others come, each line begins with "- " or
+/// "+ "; otherwise the lines are exactly those of the file.
+std::string changesText(const std::vector<HookChange>& changes);
+
+/// One agent's card in the settings, and its row in the onboarding: what its file says, what can be done,
 /// and what came of it.
 class ProviderCard {
 public:
@@ -82,10 +87,10 @@ public:
     StatusPill pill() const;
     bool isInstalled() const { return look_.status.kind == HookInstallStatus::Kind::installed; }
     bool isUpdateDue() const { return look_.update.has_value(); }
-    /// Nothing is done for a second after an action: the backup of another one in the same second would
-    /// take the name, and so the place, of the one before.
-    bool isSettling() const { return settling_ != nullptr; }
-    static constexpr std::chrono::seconds settlingTime{1};
+    /// True for a second after an action. Nothing is done meanwhile: backups are named by the second, and
+    /// that of the next action would replace the one of this.
+    bool isPausing() const { return pause_ != nullptr; }
+    static constexpr std::chrono::seconds pauseTime{1};
 
     /// Also offered for a file with an error: trying says what is wrong.
     bool canInstall() const;
@@ -99,20 +104,20 @@ public:
     std::optional<Phrase> errorMessage() const;
 
     Confirmation confirmation(PendingAction action) const;
-    /// Once the question was answered with yes. The record of the outcome is stored. While settling, the
-    /// latest action waits.
+    /// Once the question was answered with yes. The record of the outcome is stored. The
+    /// latest action confirmed during a pause is performed after it.
     void perform(PendingAction action);
 
     /// The file to show in the file manager; nothing, with a notice, where there is none yet.
     std::optional<std::filesystem::path> fileToReveal();
-    /// What was said about the last action is no news any more.
+    /// Clears the messages about the last action.
     void clearMessages();
 
 private:
     HookInstaller::Result<ProviderInstallState> run(PendingAction action);
-    void settle();
-    /// Takes back the messages about what is so no longer.
-    void forgetOldMessages();
+    void endPause();
+    /// Clears the messages about a state of the file that has changed since.
+    void clearOutdatedMessages();
     ProviderInstallState record() const;
 
     Collaborators with_;
@@ -121,9 +126,28 @@ private:
     bool nothingToReveal_ = false;
     std::optional<Text> infoMessage_;
     std::optional<Phrase> failure_; ///< Of the last action.
-    std::unique_ptr<Timer> settling_;
-    std::optional<PendingAction> waiting_;
+    std::unique_ptr<Timer> pause_;
+    std::optional<PendingAction> next_; ///< To be performed after the pause.
     Subscribers subscribers_;
+};
+
+/// The cards of all agents, in the order in which they are shown. All windows share them.
+class ProviderCards {
+public:
+    struct Collaborators {
+        HookInstallers& installers;
+        SettingsStore& store;
+        Files& files;
+        Timers& timers;
+    };
+    explicit ProviderCards(Collaborators with);
+
+    const std::vector<std::unique_ptr<ProviderCard>>& all() const { return cards_; }
+    void refresh();
+    void clearMessages();
+
+private:
+    std::vector<std::unique_ptr<ProviderCard>> cards_;
 };
 
 }

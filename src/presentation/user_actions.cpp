@@ -1,11 +1,44 @@
 // SPDX-License-Identifier: MIT
 #include "presentation/user_actions.h"
 
-#include "settings/launch_at_login.h"
 #include "values/event_url.h"
 #include "values/texts.h"
 
 namespace chimewell {
+
+void UserActions::setMuted(bool muted)
+{
+    with_.store.update([&](AppSettings& settings) { settings.globalMuted = muted; });
+}
+
+void UserActions::changeEvent(CanonicalEvent event, const std::function<void(EventSetting&)>& change)
+{
+    with_.store.updateEvent(event, change);
+}
+
+void UserActions::setRemindersEnabled(bool enabled)
+{
+    with_.store.update([&](AppSettings& settings) { settings.remindersEnabled = enabled; });
+}
+
+void UserActions::setReminderInterval(std::int64_t seconds)
+{
+    with_.store.update([&](AppSettings& settings) { settings.reminderIntervalSeconds = seconds; });
+}
+
+void UserActions::setReminderCount(std::int64_t count)
+{
+    with_.store.update([&](AppSettings& settings) { settings.reminderMaxCount = count; });
+}
+
+std::optional<Phrase> UserActions::setLaunchAtLogin(bool wanted)
+{
+    with_.store.update([&](AppSettings& settings) { settings.launchAtLogin = wanted; });
+    if (with_.loginItem.isEnabled() == wanted) return std::nullopt;
+    const auto changed = wanted ? with_.loginItem.registerItem() : with_.loginItem.unregisterItem();
+    if (changed) return std::nullopt;
+    return Phrase(texts::couldNotLaunchAtLogin, {changed.error()});
+}
 
 void UserActions::playSample()
 {
@@ -15,24 +48,34 @@ void UserActions::playSample()
 
 void UserActions::preview(CanonicalEvent event)
 {
-    if (const EventSetting* setting = with_.store.settings().setting(event)) with_.preview.play(*setting);
+    if (const EventSetting* setting = with_.store.settings().setting(event)) with_.audio.play(*setting);
 }
 
 void UserActions::testBanner()
 {
     with_.notifications.post(texts::chimewell, texts::bannerTest, std::nullopt, std::nullopt);
     with_.sound.play("Tink");
+    with_.notifications.refreshStatus();
 }
 
-void UserActions::setMuted(bool muted)
+void UserActions::allowNotifications()
 {
-    with_.store.update([&](AppSettings& settings) { settings.globalMuted = muted; });
+    with_.notifications.requestAuthorization();
 }
 
-std::optional<Phrase> UserActions::setLaunchAtLogin(bool wanted)
+void UserActions::openNotificationSettings()
 {
-    with_.store.update([&](AppSettings& settings) { settings.launchAtLogin = wanted; });
-    return chimewell::setLaunchAtLogin(with_.loginItem, wanted);
+    with_.notifications.openSystemSettings();
+}
+
+void UserActions::clearHistory()
+{
+    with_.history.clear();
+}
+
+void UserActions::openSession(const std::optional<std::string>& term, const std::optional<std::string>& cwd)
+{
+    with_.focus.focusSession(term, cwd);
 }
 
 void UserActions::beginOnboarding()

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/confirm_dialog.h"
 
-#include "presentation/changes_text.h"
+#include "presentation/provider_card.h"
 #include "ui/controls/dialog_mark.h"
 #include "ui/controls/fold.h"
 #include "ui/controls/fold_button.h"

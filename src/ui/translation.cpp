@@ -7,6 +7,9 @@
 #include <QString>
 #include <QTranslator>
 
+#include <cstdint>
+#include <optional>
+
 namespace chimewell {
 
 namespace {
@@ -36,6 +39,17 @@ std::string installTranslation(QCoreApplication& application, const QStringList&
         return name.toStdString();
     }
     return "en";
+}
+
+std::string QtTranslator::translate(const Phrase& phrase) const
+{
+    return composed(phrase, [this](const Text& text, std::optional<std::int64_t> count) {
+        // One is its own text; every other count has as many forms as the language needs.
+        const bool isMany = count && *count != 1 && text.many();
+        return QCoreApplication::translate("chimewell::texts", isMany ? text.many() : text.in(wording_),
+                                           nullptr, isMany ? static_cast<int>(*count) : -1)
+            .toStdString();
+    });
 }
 
 }

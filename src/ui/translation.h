@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/text.h"
+#include "ports/translator.h"
+
 #include <QStringList>
 
 #include <string>
+#include <utility>
 
 class QCoreApplication;
 
@@ -13,5 +17,19 @@ namespace chimewell {
 /// too, where they are installed. Once, before the first window, with QLocale's uiLanguages(). Returns the
 /// tag of that language as it stands in the list, "en" where none is known.
 std::string installTranslation(QCoreApplication& application, const QStringList& languages);
+
+/// Says phrases in the language of the translation that is installed.
+class QtTranslator final : public Translator {
+public:
+    /// `language` is what `installTranslation` returned.
+    QtTranslator(Wording wording, std::string language) : wording_(wording), language_(std::move(language)) {}
+
+    std::string translate(const Phrase& phrase) const override;
+    std::string language() const override { return language_; }
+
+private:
+    Wording wording_;
+    std::string language_;
+};
 
 }

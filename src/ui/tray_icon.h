@@ -1,41 +1,36 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "base/subscription.h"
-#include "ui/interface_services.h"
+#include "core/services.h"
+#include "ports/status_icon.h"
 
-#include <QAction>
 #include <QMenu>
 #include <QObject>
-#include <QRect>
 #include <QSystemTrayIcon>
 
 #include <functional>
 
+class QAction;
+
 namespace chimewell {
 
-/// The icon in the desktop's panel. A click opens ours; its menu offers the same for desktops that show menus
-/// only. Follows the settings for as long as it lives.
-class TrayIcon final : public QObject {
+/// The icon in the panel of a Linux desktop. Its menu offers what the panel window does, for desktops that
+/// show nothing but menus.
+class TrayIcon final : public QObject, public StatusIcon {
     Q_OBJECT
 public:
-    struct Actions {
-        std::function<void(const QRect& icon)>
-            openPanel; ///< Where the icon is, as well as that can be known.
-        std::function<void()> openSettings;
-    };
-    TrayIcon(const InterfaceServices& services, Actions actions);
+    TrayIcon(Services& services, const std::function<void()>& openSettings);
+
+    void show(const StatusIconState& state) override;
+    void setClickHandler(std::function<void(const ScreenArea& icon)> clicked) override;
 
 private:
-    void show();
-    QRect place() const;
+    ScreenArea place() const;
 
-    const InterfaceServices& services_;
-    const Actions actions_;
+    std::function<void(const ScreenArea&)> clicked_;
     QMenu menu_;
     QAction* muteAll_ = nullptr;
     QSystemTrayIcon icon_;
-    Subscription subscription_;
 };
 
 }

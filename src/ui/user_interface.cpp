@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/user_interface.h"
 
+#include "presentation/panel_model.h"
 #include "ui/look/chimewell_style.h"
 #include "ui/look/colours.h"
 #include "ui/settings/settings_window.h"
@@ -9,10 +10,15 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QRectF>
+
+#include <utility>
 
 namespace chimewell {
 
-UserInterface::UserInterface(const InterfaceServices& services) : services_(services)
+UserInterface::UserInterface(Services& services)
+    : services_(services),
+      settingsChange_(services.store.onChange([this] { showState(); }))
 {
     qApp->installEventFilter(this);
 }
@@ -32,12 +38,19 @@ bool UserInterface::eventFilter(QObject* watched, QEvent* event)
     return true;
 }
 
-void UserInterface::setIcon(bool isShown)
+void UserInterface::setIcon(std::unique_ptr<StatusIcon> icon)
 {
-    icon_.reset();
-    if (!isShown) return;
-    icon_.emplace(services_, TrayIcon::Actions{.openPanel = [this](const QRect& icon) { openPanel(icon); },
-                                               .openSettings = [this] { openSettings(); }});
+    icon_ = std::move(icon);
+    if (!icon_) return;
+    icon_->setClickHandler([this](const ScreenArea& place) {
+        openPanel(QRectF(place.x, place.y, place.width, place.height).toAlignedRect());
+    });
+    showState();
+}
+
+void UserInterface::showState()
+{
+    if (icon_) icon_->show(statusIconState(services_.store.settings(), services_.ports.translator));
 }
 
 void UserInterface::start()
@@ -104,7 +117,8 @@ void UserInterface::openWalkthrough()
 
 void UserInterface::addKeys(QWidget* window)
 {
-    WindowKeys{.openSettings = [this] { openSettings(); }, .quit = services_.quit}.addTo(window);
+    WindowKeys{.openSettings = [this] { openSettings(); }, .quit = [this] { services_.actions.quit(); }}
+        .addTo(window);
 }
 
 Windows UserInterface::windows()

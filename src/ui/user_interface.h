@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/interface_services.h"
+#include "base/subscription.h"
+#include "core/services.h"
+#include "ports/status_icon.h"
 #include "ui/panel/panel_window.h"
-#include "ui/tray_icon.h"
+#include "ui/windows.h"
 
 #include <QObject>
 #include <QPointer>
 #include <QRect>
 
+#include <memory>
 #include <optional>
 
 namespace chimewell {
@@ -21,11 +24,11 @@ class WalkthroughWindow;
 class UserInterface final : public QObject {
     Q_OBJECT
 public:
-    explicit UserInterface(const InterfaceServices& services);
+    explicit UserInterface(Services& services);
     ~UserInterface() override;
 
-    /// Whether there is something that shows icons.
-    void setIcon(bool isShown);
+    /// Shows the state of the application in `icon` from now on; null where nothing shows icons.
+    void setIcon(std::unique_ptr<StatusIcon> icon);
     /// The walkthrough opens by itself until the user has ended it once.
     void start();
     /// The user started the application, which runs already.
@@ -38,16 +41,19 @@ public:
     /// has no palette of its own.
     void setDark(std::optional<bool> isDark);
 
+    Windows windows();
+
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    Windows windows();
     void addKeys(QWidget* window);
     void bringForward(QWidget& window);
+    void showState();
     void prepareLook();
     void applyPalette();
 
-    const InterfaceServices services_;
-    std::optional<TrayIcon> icon_;
+    Services& services_;
+    std::unique_ptr<StatusIcon> icon_;
+    Subscription settingsChange_;
     QPointer<PanelWindow> panel_;
     QPointer<SettingsWindow> settings_;
     QPointer<WalkthroughWindow> walkthrough_;

@@ -1,24 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ui/words.h"
 
-#include <QCoreApplication>
-
 namespace chimewell {
 
 QString Words::operator()(const Phrase& phrase) const
 {
-    return qString(translate(phrase));
-}
-
-std::string Words::translate(const Phrase& phrase) const
-{
-    return composed(phrase, [this](const Text& text, std::optional<std::int64_t> count) {
-        // One is its own text; every other count has as many forms as the language needs.
-        const bool isMany = count && *count != 1 && text.many();
-        return QCoreApplication::translate("chimewell::texts", isMany ? text.many() : text.in(wording_),
-                                           nullptr, isMany ? static_cast<int>(*count) : -1)
-            .toStdString();
-    });
+    return qString(translator_->translate(phrase));
 }
 
 QString qString(std::string_view utf8)

@@ -6,28 +6,21 @@
 
 #include <QString>
 
-#include <string>
 #include <string_view>
-#include <utility>
 
 namespace chimewell {
 
-/// Says phrases in the language of the translation that is installed (ui/translation.h).
-class Words final : public Translator {
+/// Says phrases as the text that widgets take. To be copied; the translator outlives the copies.
+class Words {
 public:
-    /// `language` is that translation's, as `installTranslation` told it.
-    Words(Wording wording, std::string language) : wording_(wording), language_(std::move(language)) {}
+    explicit Words(const Translator& translator) : translator_(&translator) {}
 
     QString operator()(const Phrase& phrase) const;
-    std::string translate(const Phrase& phrase) const override;
-    std::string language() const override { return language_; }
 
 private:
-    Wording wording_;
-    std::string language_;
+    const Translator* translator_;
 };
 
-/// Text of the core as Qt has it.
 QString qString(std::string_view utf8);
 
 }

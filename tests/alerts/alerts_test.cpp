@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "alerts/alert_audio.h"
 #include "alerts/notification_service.h"
-#include "alerts/sound_player.h"
-#include "alerts/voice_announcer.h"
 #include "values/sound_option.h"
 #include "values/texts.h"
 
@@ -64,13 +63,15 @@ TEST(VoiceAnnouncerTest, OffersTheVoicesOfTheSpokenLanguage)
     RecordingSpeech speech;
     EnglishTranslator translator;
     const VoiceAnnouncer voice(speech, translator);
-    const std::vector<Voice> installed = {
+    speech.voices = {
         {"1", "Zoe", "en-US"}, {"2", "Anna", "de-DE"}, {"3", "Adam", "en-US"}, {"4", "Bea", "en-GB"}};
     const auto offered = [&](const char* language) {
         translator.tag = language;
         std::string names;
-        for (const auto& v : voice.voices(installed))
-            names += v.name + " ";
+        voice.listVoices([&](const std::vector<Voice>& voices) {
+            for (const Voice& each : voices)
+                names += each.name + " ";
+        });
         return names;
     };
     EXPECT_EQ(offered("en"), "Bea Adam Zoe ");

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "app/app_delegate.h"
+#include "core/app_delegate.h"
 
-#include "app/services.h"
+#include "core/services.h"
 #include "support/fake_system.h"
 
 #include <gtest/gtest.h>
@@ -20,7 +20,7 @@ protected:
     bool markerStands() const { return system.files.contents.contains(markerFile); }
 
     FakeSystem system;
-    Services services{system.ports(), "/data/Chimewell"};
+    Services services{system.ports()};
     FakeTime& time = system.time;
     MemoryFiles& files = system.files;
     AppDelegate& delegate = services.delegate;
@@ -75,6 +75,13 @@ TEST_F(AppDelegateTest, OnlyTheUsersQuitLeavesTheMarker)
     files.full = true;
     delegate.applicationWillTerminate(QuitReason::user); // nothing to be done about it
     EXPECT_FALSE(markerStands());
+}
+
+TEST_F(AppDelegateTest, KeepsItsFilesBelowTheHomeFolderWhereTheSystemNamesNoOther)
+{
+    EXPECT_EQ(services.store.fileURL(), "/data/Chimewell/settings.json");
+    system.home.support.reset();
+    EXPECT_EQ(Services(system.ports()).store.folder(), "/home/me/Library/Application Support/Chimewell");
 }
 
 TEST_F(AppDelegateTest, AClickedBannerAndASampleReachTheirServices)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "events/event_router.h"
 
-#include "app/services.h"
+#include "core/services.h"
 #include "support/fake_system.h"
 
 #include <gtest/gtest.h>
@@ -36,7 +36,7 @@ protected:
     std::size_t alerts() const { return sounds.played.size(); }
 
     FakeSystem system;
-    Services services{system.ports(), "/data/Chimewell"};
+    Services services{system.ports()};
     FakeTime& time = system.time;
     RecordingSounds& sounds = system.sounds;
     RecordingSpeech& speech = system.speech;

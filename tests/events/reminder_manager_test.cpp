@@ -65,13 +65,13 @@ TEST_F(ReminderManagerTest, JitterIsATenthOfTheIntervalAndAtMostFiveSeconds)
     for (const auto& c : cases) {
         random.next = 0;
         reminders.arm(waiting("S"), c.interval, 1);
-        EXPECT_EQ(time.lastPeriod(), std::chrono::seconds(c.interval));
+        EXPECT_EQ(time.lastDelay(), std::chrono::seconds(c.interval));
         random.next = 1;
         reminders.arm(waiting("S"), c.interval, 1);
-        EXPECT_EQ(time.lastPeriod(), c.longest);
+        EXPECT_EQ(time.lastDelay(), c.longest);
     }
     reminders.arm(waiting("S"), std::numeric_limits<std::int64_t>::max(), 1);
-    EXPECT_GT(time.lastPeriod(), 24h * 365);
+    EXPECT_GT(time.lastDelay(), 24h * 365);
 }
 
 TEST_F(ReminderManagerTest, ArmsNothingWithoutLimits)
@@ -80,6 +80,20 @@ TEST_F(ReminderManagerTest, ArmsNothingWithoutLimits)
         reminders.arm(waiting("S"), interval, 3);
     reminders.arm(waiting("S"), 60, 0);
     EXPECT_EQ(time.runningTimers(), 0u);
+}
+
+TEST_F(ReminderManagerTest, PeriodsMissedInASleepAreOneTickAndTheRestKeepStep)
+{
+    reminders.arm(waiting("S"), 60, 9);
+    time.advance(90s);
+    ASSERT_EQ(fired.size(), 1u);
+    time.sleep(240s); // 330 s: four periods together
+    time.advance(1s);
+    EXPECT_EQ(fired.size(), 2u);
+    time.advance(28s); // 359 s
+    EXPECT_EQ(fired.size(), 2u);
+    time.advance(1s);
+    EXPECT_EQ(fired.size(), 3u);
 }
 
 TEST_F(ReminderManagerTest, ANewWaitReplacesTheOldOne)

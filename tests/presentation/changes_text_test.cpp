@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "presentation/changes_text.h"
+#include "presentation/provider_card.h"
 
 #include <gtest/gtest.h>
 

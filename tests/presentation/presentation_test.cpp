@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "presentation/event_looks.h"
+#include "presentation/onboarding_steps.h"
 #include "presentation/panel_model.h"
-#include "presentation/reminder_choices.h"
-#include "presentation/walkthrough_steps.h"
+#include "presentation/settings_model.h"
 #include "values/sound_option.h"
 #include "values/texts.h"
 
@@ -35,14 +35,18 @@ TEST(PanelModel, IconAndHeaderTellWhetherAlertsWillCome)
     struct Case {
         bool muted;
         std::string installed;
-        std::string_view icon;
+        bool isArmed;
         std::string status;
     };
+    const EnglishTranslator translator;
     for (const Case& c :
-         {Case{false, "", "bell", "Setup needed"}, Case{false, "cursor", "bell.badge", "Listening"},
-          Case{true, "cursor", "bell", "Listening"}, Case{false, "other", "bell", "Setup needed"}}) {
+         {Case{false, "", false, "Setup needed"}, Case{false, "cursor", true, "Listening"},
+          Case{true, "cursor", false, "Listening"}, Case{false, "other", false, "Setup needed"}}) {
         const AppSettings settings = settingsWith(c.muted, c.installed);
-        EXPECT_EQ(menuBarIcon(settings), c.icon) << c.installed;
+        EXPECT_EQ(
+            statusIconState(settings, translator),
+            (StatusIconState{.isArmed = c.isArmed, .isMuted = c.muted, .label = "Chimewell — " + c.status}))
+            << c.installed;
         EXPECT_EQ(english(panelHeader(settings).status), c.status);
         EXPECT_EQ(panelHeader(settings).isListening, c.status == "Listening");
     }
@@ -134,13 +138,15 @@ TEST(WalkthroughSteps, LeadFromTheFirstToTheLast)
     EXPECT_EQ(stepBefore(OnboardingStep::welcome), std::nullopt);
 }
 
-TEST(UserActionsTest, LaunchAtLoginKeepsTheWishAndTellsWhatFailed)
+TEST(UserActionsTest, LaunchAtLoginStoresTheChoiceAndReportsTheSystemsRefusal)
 {
     FakeSystem system;
-    Services services(system.ports(), "/support/Chimewell");
+    Services services(system.ports());
+    EXPECT_EQ(services.actions.setLaunchAtLogin(false), std::nullopt);
     EXPECT_EQ(services.actions.setLaunchAtLogin(true), std::nullopt);
     EXPECT_TRUE(system.loginItem.enabled);
-    system.loginItem.refuses = true;
+    system.loginItem.refuses = true; // asked only for a change
+    EXPECT_EQ(services.actions.setLaunchAtLogin(true), std::nullopt);
     EXPECT_EQ(english(*services.actions.setLaunchAtLogin(false)),
               "Launch at login could not be changed: Operation not permitted");
     EXPECT_FALSE(services.store.settings().launchAtLogin);

@@ -27,7 +27,7 @@ protected:
     void perform(ProviderCard& card, PendingAction action)
     {
         card.perform(action);
-        system.time.advance(ProviderCard::settlingTime);
+        system.time.advance(ProviderCard::pauseTime);
     }
     std::string& file(std::string_view provider)
     {
@@ -46,7 +46,7 @@ protected:
     }
 
     FakeSystem system;
-    Services services{system.ports(), "/support/Chimewell"};
+    Services services{system.ports()};
 };
 
 TEST_F(ProviderCardTest, GoesFromInstallToRestore)
@@ -74,7 +74,7 @@ TEST_F(ProviderCardTest, GoesFromInstallToRestore)
     EXPECT_EQ(record("claude").hookVersion, 3);
 
     EXPECT_TRUE(claude.confirmation(PendingAction::uninstall).isDestructive);
-    EXPECT_FALSE(claude.isSettling());
+    EXPECT_FALSE(claude.isPausing());
     perform(claude, PendingAction::uninstall);
     EXPECT_EQ(english(*claude.infoMessage()), "Uninstalled. Your other hooks were left untouched.");
     EXPECT_EQ(record("claude"), (ProviderInstallState{.providerId = "claude"}));
@@ -89,16 +89,16 @@ TEST_F(ProviderCardTest, TheOriginalsBackupIsNotReplacedWithinItsSecond)
     file("claude") = "{}\n";
     ProviderCard& claude = card("claude");
     claude.perform(PendingAction::install);
-    EXPECT_TRUE(claude.isSettling());
+    EXPECT_TRUE(claude.isPausing());
     claude.perform(PendingAction::update);
     claude.perform(PendingAction::uninstall);
     EXPECT_TRUE(claude.isInstalled());
     int changes = 0;
     const Subscription subscription = claude.onChange([&] { ++changes; });
-    system.time.advance(ProviderCard::settlingTime);
+    system.time.advance(ProviderCard::pauseTime);
     EXPECT_FALSE(claude.isInstalled()); // the latest wish
     EXPECT_EQ(changes, 1);
-    system.time.advance(ProviderCard::settlingTime);
+    system.time.advance(ProviderCard::pauseTime);
     perform(claude, PendingAction::restore);
     EXPECT_EQ(file("claude"), "{}\n");
 }

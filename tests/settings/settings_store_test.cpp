@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "settings/application_folder.h"
-#include "settings/launch_at_login.h"
 #include "settings/settings_store.h"
 
 #include "support/memory_files.h"
@@ -210,54 +208,6 @@ TEST_F(SettingsStoreTest, UpdatesTheFirstEntry)
     const int writes = files.writes;
     store.updateEvent(CanonicalEvent::error, [](EventSetting& setting) { setting.enabled = true; });
     EXPECT_EQ(files.writes, writes);
-}
-
-class FixedFolders : public UserFolders {
-public:
-    std::filesystem::path home() const override { return "/home/me"; }
-    std::optional<std::filesystem::path> applicationSupport() const override { return support; }
-
-    std::optional<std::filesystem::path> support;
-};
-
-TEST(ApplicationFolderTest, FallsBackBelowTheHomeFolder)
-{
-    FixedFolders folders;
-    EXPECT_EQ(applicationFolder(folders), "/home/me/Library/Application Support/Chimewell");
-    folders.support = "/data";
-    EXPECT_EQ(applicationFolder(folders), "/data/Chimewell");
-}
-
-class ScriptedLoginItem : public LoginItem {
-public:
-    bool isEnabled() const override { return enabled; }
-    std::expected<void, Phrase> registerItem() override { return change("register"); }
-    std::expected<void, Phrase> unregisterItem() override { return change("unregister"); }
-
-    bool enabled = false;
-    bool fails = false;
-    std::vector<std::string> calls;
-
-private:
-    std::expected<void, Phrase> change(const char* call)
-    {
-        calls.emplace_back(call);
-        if (fails) return std::unexpected(std::string("Operation not permitted"));
-        enabled = !enabled;
-        return {};
-    }
-};
-
-TEST(LaunchAtLoginTest, CallsTheServiceOnlyToChangeSomething)
-{
-    ScriptedLoginItem item;
-    EXPECT_EQ(setLaunchAtLogin(item, false), std::nullopt);
-    EXPECT_EQ(setLaunchAtLogin(item, true), std::nullopt);
-    EXPECT_EQ(setLaunchAtLogin(item, true), std::nullopt);
-    item.fails = true;
-    EXPECT_EQ(english(*setLaunchAtLogin(item, false)),
-              "Launch at login could not be changed: Operation not permitted");
-    EXPECT_EQ(item.calls, (std::vector<std::string>{"register", "unregister"}));
 }
 
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/services.h"
+#include "core/services.h"
 #include "support/english_translator.h"
 #include "support/fake_time.h"
 #include "support/fixed_home.h"
@@ -34,14 +34,14 @@ struct FakeSystem {
     RecordingLoginItem loginItem;
     RecordingActivation activation;
 
-    Ports ports() { return ports(translator); }
-    Ports ports(const Translator& words)
+    Ports ports() { return ports(translator, locale); }
+    Ports ports(const Translator& words, const UserLocale& times)
     {
         return {.files = files,
                 .clock = time,
                 .timers = time,
                 .random = random,
-                .locale = locale,
+                .locale = times,
                 .translator = words,
                 .folders = home,
                 .resources = resources,

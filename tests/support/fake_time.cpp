@@ -2,28 +2,27 @@
 #include "support/fake_time.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace chimewell::test {
 
 class FakeTime::Handle : public Timer {
 public:
-    Handle(FakeTime& time, std::uint64_t id) : time_(time), id_(id) {}
+    Handle(FakeTime& time, Key key) : time_(time), key_(key) {}
     Handle(const Handle&) = delete;
     Handle& operator=(const Handle&) = delete;
-    ~Handle() override { time_.timers_.erase(id_); }
+    ~Handle() override { time_.timers_.erase(key_); }
 
 private:
     FakeTime& time_;
-    std::uint64_t id_;
+    Key key_;
 };
 
-std::unique_ptr<Timer> FakeTime::start(std::chrono::milliseconds period, bool repeats,
-                                       std::function<void()> tick)
+std::unique_ptr<Timer> FakeTime::once(std::chrono::nanoseconds delay, std::function<void()> fire)
 {
-    lastPeriod_ = period;
-    timers_.emplace(++lastId_, Running{instant_ + period, period, repeats, std::move(tick)});
-    return std::make_unique<Handle>(*this, lastId_);
+    lastDelay_ = delay;
+    const Key key(instant_ + std::max(delay, std::chrono::nanoseconds::zero()), ++lastId_);
+    timers_.emplace(key, std::move(fire));
+    return std::make_unique<Handle>(*this, key);
 }
 
 void FakeTime::moveTo(Instant instant)
@@ -35,19 +34,17 @@ void FakeTime::moveTo(Instant instant)
 void FakeTime::advance(std::chrono::nanoseconds duration)
 {
     const Instant end = instant_ + duration;
-    while (!timers_.empty()) {
-        const auto next = std::ranges::min_element(
-            timers_, {}, [](const auto& timer) { return std::pair(timer.second.due, timer.first); });
-        if (next->second.due > end) break;
-        moveTo(next->second.due);
-        const auto tick = next->second.tick; // it may destroy its own timer
-        if (next->second.repeats)
-            next->second.due += next->second.period;
-        else
-            timers_.erase(next);
-        tick();
+    while (!timers_.empty() && timers_.begin()->first.first <= end) {
+        const auto due = timers_.extract(timers_.begin()); // it may destroy its own timer
+        moveTo(std::max(instant_, due.key().first));
+        due.mapped()();
     }
     moveTo(end);
+}
+
+void FakeTime::sleep(std::chrono::nanoseconds duration)
+{
+    moveTo(instant_ + duration);
 }
 
 }

@@ -6,7 +6,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
+#include <memory>
+#include <utility>
 
 namespace chimewell::test {
 
@@ -15,40 +18,30 @@ class FakeTime : public Clock, public Timers {
 public:
     Date now() const override { return now_; }
     Instant instant() const override { return instant_; }
-    std::unique_ptr<Timer> repeat(std::chrono::milliseconds period, std::function<void()> tick) override
-    {
-        return start(period, true, std::move(tick));
-    }
-    std::unique_ptr<Timer> once(std::chrono::milliseconds delay, std::function<void()> fire) override
-    {
-        return start(delay, false, std::move(fire));
-    }
+    std::unique_ptr<Timer> once(std::chrono::nanoseconds delay, std::function<void()> fire) override;
 
     void advance(std::chrono::nanoseconds duration);
+    /// The machine sleeps: what falls due meanwhile fires when time advances again.
+    void sleep(std::chrono::nanoseconds duration);
     /// Somebody sets the clock; nothing else moves.
     void setDate(Date date) { now_ = date; }
-    /// How many timers somebody still holds and that may tick again.
+    /// How many timers somebody still holds and that will fire.
     std::size_t runningTimers() const { return timers_.size(); }
-    /// The period of the timer started last.
-    std::chrono::milliseconds lastPeriod() const { return lastPeriod_; }
+    /// The delay of the timer started last.
+    std::chrono::nanoseconds lastDelay() const { return lastDelay_; }
 
 private:
-    struct Running {
-        Instant due;
-        std::chrono::milliseconds period;
-        bool repeats = false;
-        std::function<void()> tick;
-    };
+    using Key =
+        std::pair<Instant, std::uint64_t>; ///< When it is due, and a number that grows with each timer.
     class Handle;
 
-    std::unique_ptr<Timer> start(std::chrono::milliseconds period, bool repeats, std::function<void()> tick);
     void moveTo(Instant instant);
 
     Date now_{std::chrono::sys_days{std::chrono::year{2026} / 3 / 1} + std::chrono::hours(14)};
     Instant instant_{std::chrono::hours(1)};
-    std::map<std::uint64_t, Running> timers_;
+    std::map<Key, std::function<void()>> timers_;
     std::uint64_t lastId_ = 0;
-    std::chrono::milliseconds lastPeriod_{0};
+    std::chrono::nanoseconds lastDelay_{0};
 };
 
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "support/interface_on_fakes.h"
+#include "support/windows_on_fakes.h"
 #include "ui/confirm_dialog.h"
 
 #include <QAbstractButton>
@@ -23,8 +23,8 @@ protected:
     void ask(PendingAction action)
     {
         delete dialog;
-        dialog = new ConfirmDialog(fakes.services.cards.all().front()->confirmation(action),
-                                   Words(Wording::linuxDesktop, "en"), nullptr);
+        dialog =
+            new ConfirmDialog(fakes.services.cards.all().front()->confirmation(action), fakes.words, nullptr);
         QObject::connect(dialog, &QDialog::accepted, dialog, [this] { ++yes; });
         QObject::connect(dialog, &QDialog::rejected, dialog, [this] { ++no; });
         dialog->open();
@@ -37,7 +37,7 @@ protected:
         return nullptr;
     }
 
-    InterfaceOnFakes fakes;
+    WindowsOnFakes fakes;
     QPointer<ConfirmDialog> dialog;
     int yes = 0;
     int no = 0;

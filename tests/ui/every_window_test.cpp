@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 // What holds for every window, pane and step: no text is cut, whoever does not see it knows what each control
 // is, and all of it is said in the language of the interface.
-#include "support/interface_on_fakes.h"
+#include "presentation/panel_model.h"
+#include "support/windows_on_fakes.h"
 #include "ui/confirm_dialog.h"
 #include "ui/controls/elided_label.h"
 #include "ui/look/chimewell_style.h"
 #include "ui/look/colours.h"
 #include "ui/panel/panel_window.h"
 #include "ui/settings/settings_window.h"
-#include "ui/user_interface.h"
+#include "ui/tray_icon.h"
 #include "ui/walkthrough/walkthrough_window.h"
 #include "values/sound_option.h"
 
@@ -98,38 +99,36 @@ protected:
     void forEach(const std::function<void(const std::string& name, QWidget&)>& visit)
     {
         const Windows windows{.openSettings = [] {}, .openWalkthrough = [] {}};
-        const InterfaceServices& interface = fakes.interface;
         const auto look = [&](const std::string& name, QWidget& window) {
             window.show();
             for (int i = 0; i < 5; ++i)
                 QApplication::processEvents();
             visit(name, window);
         };
-        const auto panel = std::make_unique<PanelWindow>(interface, windows, PanelWindow::Form::window);
+        const auto panel = std::make_unique<PanelWindow>(services, windows, PanelWindow::Form::window);
         panel->showBeside({});
         look("panel", *panel);
-        const auto settings = std::make_unique<SettingsWindow>(interface, windows);
+        const auto settings = std::make_unique<SettingsWindow>(services, windows);
         for (const Pane pane : allPanes) {
             settings->show(pane);
             look("settings " + std::to_string(static_cast<int>(pane)), *settings);
         }
-        const auto walkthrough = std::make_unique<WalkthroughWindow>(interface);
+        const auto walkthrough = std::make_unique<WalkthroughWindow>(services);
         for (const OnboardingStep step : allOnboardingSteps) {
             walkthrough->show(step);
             look("walkthrough " + std::to_string(static_cast<int>(step)), *walkthrough);
         }
         for (const PendingAction action : {PendingAction::install, PendingAction::update,
                                            PendingAction::uninstall, PendingAction::restore}) {
-            const auto dialog =
-                std::make_unique<ConfirmDialog>(services.cards.all().front()->confirmation(action),
-                                                Words(Wording::linuxDesktop, "en"), nullptr);
+            const auto dialog = std::make_unique<ConfirmDialog>(
+                services.cards.all().front()->confirmation(action), fakes.words, nullptr);
             look("question " + std::to_string(static_cast<int>(action)), *dialog);
         }
     }
 
     const std::string longMessage = std::string(300, 'w');
     PseudoLanguage pseudoLanguage;
-    InterfaceOnFakes fakes;
+    WindowsOnFakes fakes;
     FakeSystem& system = fakes.system;
     Services& services = fakes.services;
 };
@@ -234,8 +233,8 @@ TEST_F(InAPseudoLanguage, EveryWindowSaysNothingElse)
 {
     system.files.full = true;
     services.store.save(); // the panel and the settings say that it failed
-    UserInterface icon(fakes.interface);
-    icon.setIcon(true);
+    TrayIcon icon(services, [] {});
+    icon.show(statusIconState(services.store.settings(), services.ports.translator));
     for (const QWidget* menu : QApplication::topLevelWidgets())
         expectMarked(*menu, "icon");
     forEach([this](const std::string& name, QWidget& window) {

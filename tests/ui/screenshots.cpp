@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // screenshots FOLDER light|dark: a picture of every window, pane and step. The scale is Qt's
 // (QT_SCALE_FACTOR), the language LANGUAGE's.
-#include "support/interface_on_fakes.h"
+#include "support/windows_on_fakes.h"
 #include "ui/confirm_dialog.h"
 #include "ui/controls/fold_button.h"
 #include "ui/look/chimewell_style.h"
@@ -38,7 +38,7 @@ private:
     }
 };
 
-void addAlerts(InterfaceOnFakes& fakes)
+void addAlerts(WindowsOnFakes& fakes)
 {
     const auto add = [&](CanonicalEvent event, const char* cwd, std::chrono::minutes then,
                          const char* message = "", bool isReminder = false) {
@@ -77,52 +77,48 @@ void takeAll(const Camera& camera)
 {
     const EnglishTimes times;
     const Windows windows{.openSettings = [] {}, .openWalkthrough = [] {}};
-    InterfaceOnFakes fakes;
-    const InterfaceServices& on = fakes.interface;
-    const InterfaceServices interface{on.store, on.history, on.notifications, on.actions,   on.cards,
-                                      on.focus, on.voice,   on.speech,        on.workspace, times,
-                                      on.clock, on.words,   on.version,       on.addresses, on.quit};
+    WindowsOnFakes fakes(&times);
+    Services& services = fakes.services;
     const auto panel = [&](const QString& name) {
-        const auto window = std::make_unique<PanelWindow>(interface, windows, PanelWindow::Form::popUp);
+        const auto window = std::make_unique<PanelWindow>(services, windows, PanelWindow::Form::popUp);
         window->showBeside(QRect(600, 0, 20, 20));
         camera.take(*window, name);
     };
     panel(QStringLiteral("panel-setup"));
     for (const OnboardingStep step : allOnboardingSteps) {
-        const auto window = std::make_unique<WalkthroughWindow>(interface);
+        const auto window = std::make_unique<WalkthroughWindow>(services);
         window->show(step);
         camera.take(*window, QStringLiteral("walkthrough-%1").arg(static_cast<int>(step) + 1));
     }
     {
-        const auto window = std::make_unique<SettingsWindow>(interface, windows);
+        const auto window = std::make_unique<SettingsWindow>(services, windows);
         window->show(Pane::recent);
         camera.take(*window, QStringLiteral("settings-recent-empty"));
     }
 
     addAlerts(fakes);
     fakes.system.files.contents["/home/me/.cursor/hooks.json"] = "{";
-    fakes.services.cards.all()[0]->perform(PendingAction::install);
-    fakes.services.store.updateProvider("claude", [](ProviderInstallState& state) { state.hookVersion = 2; });
-    fakes.services.cards.all()[1]->perform(PendingAction::install);
-    fakes.system.time.advance(ProviderCard::settlingTime);
-    fakes.services.cards.refresh();
+    services.cards.all()[0]->perform(PendingAction::install);
+    services.store.updateProvider("claude", [](ProviderInstallState& state) { state.hookVersion = 2; });
+    services.cards.all()[1]->perform(PendingAction::install);
+    fakes.system.time.advance(ProviderCard::pauseTime);
+    services.cards.refresh();
     panel(QStringLiteral("panel-listening"));
-    fakes.services.actions.setMuted(true);
+    services.actions.setMuted(true);
     panel(QStringLiteral("panel-muted"));
-    fakes.services.actions.setMuted(false);
+    services.actions.setMuted(false);
 
-    fakes.services.store.updateEvent(CanonicalEvent::waitingInput,
-                                     [](EventSetting& setting) { setting.speak = true; });
-    fakes.services.store.update([](AppSettings& settings) { settings.reminderIntervalSeconds = 420; });
+    services.store.updateEvent(CanonicalEvent::waitingInput,
+                               [](EventSetting& setting) { setting.speak = true; });
+    services.store.update([](AppSettings& settings) { settings.reminderIntervalSeconds = 420; });
     for (const Pane pane : allPanes) {
-        const auto window = std::make_unique<SettingsWindow>(interface, windows);
+        const auto window = std::make_unique<SettingsWindow>(services, windows);
         window->show(pane);
         camera.take(*window, QStringLiteral("settings-") + qString(rawName(pane)));
     }
     const auto question = [&](std::size_t agent, PendingAction action, const QString& name) {
-        const auto dialog =
-            std::make_unique<ConfirmDialog>(fakes.services.cards.all()[agent]->confirmation(action),
-                                            Words(Wording::linuxDesktop, "en"), nullptr);
+        const auto dialog = std::make_unique<ConfirmDialog>(services.cards.all()[agent]->confirmation(action),
+                                                            fakes.words, nullptr);
         if (auto* fold = dialog->findChild<FoldButton*>()) fold->click();
         camera.take(*dialog, name);
     };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "support/interface_on_fakes.h"
+#include "support/windows_on_fakes.h"
 #include "ui/controls/mnemonics.h"
 #include "ui/settings/settings_window.h"
 #include "ui/window_keys.h"
@@ -31,7 +31,7 @@ protected:
     void open(Pane pane)
     {
         const Windows windows{.openSettings = [] {}, .openWalkthrough = [this] { ++walkthroughs; }};
-        window = new SettingsWindow(fakes.interface, windows);
+        window = new SettingsWindow(fakes.services, windows);
         window->show(pane);
         window->show();
         window->activateWindow();
@@ -96,7 +96,7 @@ protected:
     const AppSettings& settings() const { return fakes.services.store.settings(); }
     const EventSetting& setting(CanonicalEvent event) const { return *settings().setting(event); }
 
-    InterfaceOnFakes fakes;
+    WindowsOnFakes fakes;
     FakeSystem& system = fakes.system;
     SettingsStore& store = fakes.services.store;
     QPointer<SettingsWindow> window;
@@ -225,7 +225,7 @@ TEST_F(SettingsWindowTest, AFileIsChangedOnlyAfterAYes)
     EXPECT_EQ(window->focusWidget(), find("Show Codex in the file manager")); // not lost with the button
     click("Uninstall Codex");
     EXPECT_FALSE(window->findChild<QDialog*>()); // not so soon
-    system.time.advance(ProviderCard::settlingTime);
+    system.time.advance(ProviderCard::pauseTime);
     answer(QDialogButtonBox::RejectRole);
 
     click("Show Codex in the file manager");
@@ -316,7 +316,8 @@ TEST_F(SettingsWindowTest, GeneralTellsWhatGoesWrong)
     EXPECT_EQ(walkthroughs, 1);
 
     int asked = 0;
-    WindowKeys{.openSettings = [&] { ++asked; }, .quit = fakes.interface.quit}.addTo(window);
+    WindowKeys{.openSettings = [&] { ++asked; }, .quit = [this] { fakes.services.actions.quit(); }}.addTo(
+        window);
     QTest::keyClick(window, Qt::Key_Comma, Qt::ControlModifier);
     EXPECT_EQ(asked, 1);
     QTest::keyClick(window, Qt::Key_Q, Qt::ControlModifier);

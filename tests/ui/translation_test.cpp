@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "ui/translation.h"
-#include "ui/words.h"
 #include "values/sound_option.h"
 #include "values/texts.h"
 
@@ -20,7 +19,7 @@ protected:
 
     static std::string said(const Phrase& phrase, Wording wording = Wording::linuxDesktop)
     {
-        return Words(wording, "")(phrase).toStdString();
+        return QtTranslator(wording, "").translate(phrase);
     }
 };
 

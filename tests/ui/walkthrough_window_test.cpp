@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "support/interface_on_fakes.h"
+#include "support/windows_on_fakes.h"
 #include "ui/controls/mnemonics.h"
 #include "ui/look/chimewell_style.h"
 #include "ui/user_interface.h"
@@ -35,7 +35,7 @@ protected:
 
     void open()
     {
-        window = new WalkthroughWindow(fakes.interface);
+        window = new WalkthroughWindow(fakes.services);
         QObject::connect(window, &WalkthroughWindow::ended, window, [this] { ++ends; });
         window->show();
         window->activateWindow();
@@ -81,7 +81,7 @@ protected:
         FAIL() << "no such answer";
     }
 
-    InterfaceOnFakes fakes;
+    WindowsOnFakes fakes;
     FakeSystem& system = fakes.system;
     SettingsStore& store = fakes.services.store;
     QPointer<WalkthroughWindow> window;
@@ -124,7 +124,7 @@ TEST_F(WalkthroughWindowTest, EndsForGoodHoweverItIsLeft)
 
 TEST_F(WalkthroughWindowTest, IsNotEndedByTheEndOfTheApplication)
 {
-    const UserInterface interface(fakes.interface);
+    const UserInterface interface(fakes.services);
     QTimer::singleShot(0, qApp, &QCoreApplication::quit);
     QApplication::exec();
     EXPECT_FALSE(store.settings().hasCompletedOnboarding);
@@ -177,7 +177,7 @@ TEST_F(WalkthroughWindowTest, SaysWhyAnAgentCouldNotBeConnected)
     EXPECT_TRUE(shows("Codex supports only a single `notify` program"));
     click("Install Codex");
     EXPECT_FALSE(window->findChild<QDialog*>()); // not so soon
-    system.time.advance(ProviderCard::settlingTime);
+    system.time.advance(ProviderCard::pauseTime);
     answer(QDialogButtonBox::RejectRole);
 }
 

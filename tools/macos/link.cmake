@@ -10,7 +10,7 @@ include(packaging/macos/bundle.cmake)
 function(add_whole_program)
   file(CONFIGURE OUTPUT whole_program.cpp CONTENT "int main() {}\n")
   add_executable(whole-program ${CMAKE_CURRENT_BINARY_DIR}/whole_program.cpp)
-  target_link_libraries(whole-program PRIVATE chimewell_lifecycle chimewell_macos chimewell_posix)
+  target_link_libraries(whole-program PRIVATE chimewell_core chimewell_macos chimewell_posix)
   target_link_options(whole-program PRIVATE LINKER:-all_load) # not just what main calls
   chimewell_bundle(whole-program)
 endfunction()

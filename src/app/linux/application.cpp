@@ -2,10 +2,12 @@
 #include "app/linux/application.h"
 
 #include "platform/posix/temporary_file.h"
-#include "settings/application_folder.h"
+#include "ui/tray_icon.h"
 
 #include <QApplication>
 #include <QSessionManager>
+
+#include <memory>
 
 namespace chimewell {
 
@@ -20,13 +22,13 @@ std::optional<std::string> xDisplay()
 
 }
 
-Application::Application(const QDBusConnection& bus, FreedesktopApplication& seat, const Words& words,
-                         const Installation& installation)
-    : locale_({.words = words.language(), .time = IcuUserLocale::timeOfEnvironment()}),
+Application::Application(const QDBusConnection& bus, FreedesktopApplication& host,
+                         const Translator& translator, const Installation& installation)
+    : locale_({.words = translator.language(), .time = IcuUserLocale::timeOfEnvironment()}),
       resources_({installation.programs}),
       center_(bus, timers_, tokens_),
       sounds_(installation.sounds),
-      speech_(SsipSpeechSynthesizer::Service::ofSession(), words.language()),
+      speech_(SsipSpeechSynthesizer::Service::ofSession(), translator.language()),
       workspace_(
           {.folders = folders_, .files = files_, .tokens = tokens_, .bus = bus, .xDisplay = xDisplay()}),
       loginItem_(folders_, files_, {installation.program.string()}),
@@ -35,7 +37,7 @@ Application::Application(const QDBusConnection& bus, FreedesktopApplication& sea
                  .timers = timers_,
                  .random = random_,
                  .locale = locale_,
-                 .translator = words,
+                 .translator = translator,
                  .folders = folders_,
                  .resources = resources_,
                  .sounds = sounds_,
@@ -43,31 +45,14 @@ Application::Application(const QDBusConnection& bus, FreedesktopApplication& sea
                  .notifications = center_,
                  .workspace = workspace_,
                  .loginItem = loginItem_,
-                 .activation = activation_},
-                applicationFolder(folders_)),
+                 .activation = activation_}),
       signals_([this] { endWithSession(); }),
-      interface_({.store = services_.store,
-                  .history = services_.history,
-                  .notifications = services_.notifications,
-                  .actions = services_.actions,
-                  .cards = services_.cards,
-                  .focus = services_.focus,
-                  .voice = services_.voice,
-                  .speech = speech_,
-                  .workspace = workspace_,
-                  .locale = locale_,
-                  .clock = clock_,
-                  .words = words,
-                  .version = CHIMEWELL_VERSION,
-                  .addresses = {.website = CHIMEWELL_WEBSITE,
-                                .support = CHIMEWELL_SUPPORT_PAGE,
-                                .privacyPolicy = CHIMEWELL_PRIVACY_PAGE,
-                                .terms = CHIMEWELL_TERMS_PAGE},
-                  .quit = [this] { quitByUser(); }}),
-      trayHost_(bus, [this](bool isThere) { interface_.setIcon(isThere); }),
+      interface_(services_),
+      trayHost_(bus, [this](bool isThere) { showIcon(isThere); }),
       appearance_(bus, [this](std::optional<bool> isDark) { interface_.setDark(isDark); })
 {
-    seat.setHandlers({.open = [this](const auto& url) { services_.urls.handleURLEvent(url); },
+    services_.actions.onQuit = [this] { quitByUser(); };
+    host.setHandlers({.open = [this](const auto& url) { services_.urls.handleURLEvent(url); },
                       .activate = [this] { interface_.activate(); },
                       .action = [this](const std::string& action) { act(action); }});
 
@@ -85,6 +70,13 @@ Application::Application(const QDBusConnection& bus, FreedesktopApplication& sea
     removeAbandonedFiles(services_.store.folder());
     services_.delegate.applicationDidFinishLaunching();
     interface_.start();
+}
+
+void Application::showIcon(bool hasHost)
+{
+    interface_.setIcon(nullptr); // never two at once
+    if (hasHost)
+        interface_.setIcon(std::make_unique<TrayIcon>(services_, [this] { interface_.openSettings(); }));
 }
 
 void Application::act(const std::string& action)

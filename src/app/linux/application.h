@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/app_delegate.h"
-#include "app/services.h"
+#include "core/services.h"
 #include "platform/linux/freedesktop/activation_tokens.h"
 #include "platform/linux/notifications/dbus_notification_center.h"
 #include "platform/linux/session/autostart_login_item.h"
@@ -43,15 +42,16 @@ public:
         std::filesystem::path programs; ///< Those that only other programs start.
     };
 
-    /// `seat` is claimed; `words` outlive the application. The Qt application exists and its event loop does
-    /// not run yet.
-    Application(const QDBusConnection& bus, FreedesktopApplication& seat, const Words& words,
+    /// `host` owns the bus name; it and `translator` outlive the application. The Qt application exists and
+    /// its event loop does not run yet.
+    Application(const QDBusConnection& bus, FreedesktopApplication& host, const Translator& translator,
                 const Installation& installation);
 
 private Q_SLOTS:
     void endWithSession();
 
 private:
+    void showIcon(bool hasHost);
     void act(const std::string& action);
     void quitByUser();
 
@@ -74,7 +74,7 @@ private:
     Services services_;
 
     TerminationSignals signals_;
-    /// Every end that nobody asked for is the session's: log-out, a signal, the bus that went away.
+    /// Unless the user quits, the session ended: log-out, a signal, or the bus is no longer there.
     QuitReason quitReason_ = QuitReason::sessionEnd;
 
     UserInterface interface_;

@@ -5,7 +5,6 @@
 #include "platform/linux/session/running_instance.h"
 #include "ui/look/symbol_icon.h"
 #include "ui/translation.h"
-#include "ui/words.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -57,7 +56,8 @@ int run(int& argc, char** argv)
     survive(SIGXFSZ);
     if (!canOpenDisplay()) return fail("no display can be opened");
     QApplication qt(argc, argv);
-    const Words words(Wording::linuxDesktop, installTranslation(qt, QLocale::system().uiLanguages()));
+    const QtTranslator translator(Wording::linuxDesktop,
+                                  installTranslation(qt, QLocale::system().uiLanguages()));
     // Not as the display name, which Qt appends to every window's title.
     QCoreApplication::setApplicationName(QStringLiteral("Chimewell"));
     QGuiApplication::setWindowIcon(
@@ -69,7 +69,7 @@ int run(int& argc, char** argv)
     FreedesktopApplication seat(bus);
     if (!seat.claim()) return leaveTo(bus, {});
     const std::filesystem::path here = QCoreApplication::applicationDirPath().toStdString();
-    const Application application(bus, seat, words,
+    const Application application(bus, seat, translator,
                                   {.program = QCoreApplication::applicationFilePath().toStdString(),
                                    .sounds = here / CHIMEWELL_SOUNDS_FOLDER,
                                    .programs = here / CHIMEWELL_PROGRAMS_FOLDER});

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/app_delegate.h"
-#include "app/services.h"
-#include "base/subscription.h"
+#include "core/services.h"
 #include "platform/macos/appkit_activation.h"
 #include "platform/macos/appkit_system_sounds.h"
 #include "platform/macos/appkit_workspace.h"
@@ -14,7 +12,6 @@
 #include "platform/macos/foundation_user_locale.h"
 #include "platform/macos/run_loop_timers.h"
 #include "platform/macos/service_management_login_item.h"
-#include "platform/macos/status_item.h"
 #include "platform/macos/user_notification_center.h"
 #include "platform/posix/posix_clock.h"
 #include "platform/posix/posix_files.h"
@@ -34,20 +31,14 @@ namespace chimewell {
 class Application final : public QObject {
     Q_OBJECT
 public:
-    /// The Qt application exists and its event loop does not run yet.
-    /// `words` outlive the application.
-    explicit Application(const Words& words);
+    /// The Qt application exists and its event loop does not run yet. `translator` outlives the application.
+    explicit Application(const Translator& translator);
 
 protected:
     /// Looks at what comes to the Qt application.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void showIcon();
-    void openByHand();
-
-    const Words& words_;
-
     // The order of the members is the order of the start.
     FoundationUserFolders folders_;
     PosixFiles files_;
@@ -68,8 +59,6 @@ private:
     QuitReason quitReason_ = QuitReason::user;
 
     UserInterface interface_;
-    StatusItem icon_;
-    Subscription settings_;
     AppleEvents events_;
 };
 

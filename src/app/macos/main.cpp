@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/macos/application.h"
 #include "ui/translation.h"
-#include "ui/words.h"
 
 #include <QApplication>
 #include <QLocale>
@@ -12,10 +11,10 @@ int main(int argc, char** argv)
     // Otherwise Qt takes the keyboard from whoever types when an agent's event starts us.
     qputenv("QT_MAC_DISABLE_FOREGROUND_APPLICATION_TRANSFORM", "1");
     QApplication qt(argc, argv);
-    const Words words(Wording::macOS, installTranslation(qt, QLocale::system().uiLanguages()));
+    const QtTranslator translator(Wording::macOS, installTranslation(qt, QLocale::system().uiLanguages()));
     // Not as the display name, which Qt appends to every window's title.
     QCoreApplication::setApplicationName(QStringLiteral("Chimewell"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
-    const Application application(words);
+    const Application application(translator);
     return QApplication::exec();
 }

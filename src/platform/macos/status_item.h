@@ -1,38 +1,27 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <functional>
+#include "ports/status_icon.h"
+
 #include <memory>
-#include <string>
 
 namespace chimewell {
 
-/// In points, from the top left corner of the primary screen downwards.
-struct ScreenRectangle {
-    double x = 0;
-    double y = 0;
-    double width = 0;
-    double height = 0;
-    bool operator==(const ScreenRectangle&) const = default;
-};
-
-/// Our icon in the menu bar, for as long as this object lives. Main thread only.
-class StatusItem {
+/// The icon in the menu bar. A click of either button counts. Main thread only.
+class StatusItem final : public StatusIcon {
 public:
-    /// `clicked` runs on a click of either button and gets the place of the icon.
-    explicit StatusItem(std::function<void(const ScreenRectangle& icon)> clicked);
+    StatusItem();
     StatusItem(const StatusItem&) = delete;
     StatusItem& operator=(const StatusItem&) = delete;
-    ~StatusItem();
+    ~StatusItem() override;
 
-    /// Shows the system symbol of that name, in the menu bar's own colour. `label` is what a screen reader
-    /// says.
-    void setSymbol(const std::string& name, const std::string& label);
-    void setToolTip(const std::string& text);
-    /// Where the icon is now.
-    ScreenRectangle place() const;
+    /// In the menu bar's own colour.
+    void show(const StatusIconState& state) override;
+    void setClickHandler(std::function<void(const ScreenArea& icon)> clicked) override;
 
 private:
+    ScreenArea place() const;
+
     struct Item;
     std::unique_ptr<Item> item_;
 };

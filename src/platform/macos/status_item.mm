@@ -27,11 +27,8 @@ struct StatusItem::Item {
         [[ChimewellStatusItemTarget alloc] init]; ///< The button does not hold it.
 };
 
-StatusItem::StatusItem(std::function<void(const ScreenRectangle&)> clicked) : item_(std::make_unique<Item>())
+StatusItem::StatusItem() : item_(std::make_unique<Item>())
 {
-    item_->target.clicked = ^{
-        clicked(place());
-    };
     NSStatusBarButton* const button = item_->item.button;
     button.target = item_->target;
     button.action = @selector(click:);
@@ -43,21 +40,26 @@ StatusItem::~StatusItem()
     [NSStatusBar.systemStatusBar removeStatusItem:item_->item];
 }
 
-void StatusItem::setSymbol(const std::string& name, const std::string& label)
+void StatusItem::setClickHandler(std::function<void(const ScreenArea&)> clicked)
 {
-    NSImage* const image = [NSImage imageWithSystemSymbolName:foundationText(name)
-                                     accessibilityDescription:foundationText(label)];
+    item_->target.clicked = ^{
+        clicked(place());
+    };
+}
+
+void StatusItem::show(const StatusIconState& state)
+{
+    NSString* const label = foundationText(state.label);
+    NSImage* const image = [NSImage imageWithSystemSymbolName:state.isArmed ? @"bell.badge" : @"bell"
+                                     accessibilityDescription:label];
     [image setTemplate:YES];
-    item_->item.button.image = image;
-    item_->item.button.accessibilityLabel = foundationText(label);
+    NSStatusBarButton* const button = item_->item.button;
+    button.image = image;
+    button.accessibilityLabel = label;
+    button.toolTip = label;
 }
 
-void StatusItem::setToolTip(const std::string& text)
-{
-    item_->item.button.toolTip = foundationText(text);
-}
-
-ScreenRectangle StatusItem::place() const
+ScreenArea StatusItem::place() const
 {
     NSStatusBarButton* const button = item_->item.button;
     const NSRect inWindow = [button convertRect:button.bounds toView:nil];

@@ -59,9 +59,10 @@ TextLabel* inset(TextLabel* label)
 
 }
 
-PanelContent::PanelContent(const InterfaceServices& services, const Windows& windows, QWidget* parent)
+PanelContent::PanelContent(Services& services, const Windows& windows, QWidget* parent)
     : QWidget(parent),
       services_(services),
+      words_(services.ports.translator),
       windows_(windows)
 {
     auto* middle = new QWidget;
@@ -94,10 +95,10 @@ QWidget* PanelContent::makeHeader()
     auto* header = new QWidget;
     auto* layout = column(header, 14, 10, 8);
     auto* name = new TextLabel(TextStyle::headline);
-    name->setText(services_.words(texts::panelName));
+    name->setText(words_(texts::panelName));
     dot_ = new StatusDot;
     status_ = new TextLabel(TextStyle::subheadline, Ink::secondary);
-    finishSetup_ = new QPushButton(services_.words(texts::finishSetup));
+    finishSetup_ = new QPushButton(words_(texts::finishSetup));
     ChimewellStyle::setDue(finishSetup_, true);
     connect(finishSetup_, &QPushButton::clicked, this, [this] {
         Q_EMIT done();
@@ -132,9 +133,9 @@ QWidget* PanelContent::makeRecent()
     layout->setSpacing(scaled(6));
 
     auto* heading = new TextLabel(TextStyle::subheadlineSemibold, Ink::secondary);
-    heading->setText(services_.words(texts::recent));
-    clear_ = new LinkButton(services_.words(texts::clear));
-    connect(clear_, &QPushButton::clicked, this, [this] { services_.history.clear(); });
+    heading->setText(words_(texts::recent));
+    clear_ = new LinkButton(words_(texts::clear));
+    connect(clear_, &QPushButton::clicked, this, [this] { services_.actions.clearHistory(); });
     auto* line = new QHBoxLayout;
     line->setContentsMargins(scaled(textInset), 0, scaled(textInset - 8), 0); // its text is on the edge
     line->addWidget(heading, 1);
@@ -143,14 +144,14 @@ QWidget* PanelContent::makeRecent()
 
     auto* card = new Card;
     empty_ = new TextLabel(TextStyle::subheadline, Ink::secondary);
-    empty_->setText(services_.words(texts::noRecentActivity));
+    empty_->setText(words_(texts::noRecentActivity));
     empty_->setCentred(true);
     empty_->setMinimumHeight(scaled(48));
     card->addRow(empty_);
     for (std::size_t i = 0; i < panelRecentRows; ++i) {
-        rows_.push_back(new RecentPanelRow(services_.words, [this](const RecentRow& row) {
+        rows_.push_back(new RecentPanelRow(words_, [this](const RecentRow& row) {
             Q_EMIT done();
-            services_.focus.focusSession(row.term, row.cwd);
+            services_.actions.openSession(row.term, row.cwd);
         }));
         card->addRow(rows_.back(), 36);
     }
@@ -168,27 +169,26 @@ QWidget* PanelContent::makeQuickControls()
     layout->setSpacing(scaled(6));
 
     auto* card = new Card;
-    mute_ = new QuickRow(services_.words(texts::muteAll));
+    mute_ = new QuickRow(words_(texts::muteAll));
     connect(mute_->toggle(), &QAbstractButton::toggled, this,
             [this](bool muted) { services_.actions.setMuted(muted); });
     card->addRow(mute_, 36);
     for (const CanonicalEvent event : quickEvents) {
-        const QString name = services_.words(displayName(event));
+        const QString name = words_(displayName(event));
         auto* row = new QuickRow(name);
         row->setSymbol(iconName(event), Tone::secondary);
-        auto* preview =
-            row->addButton("play.circle", services_.words({texts::previewOf, {name.toStdString()}}));
+        auto* preview = row->addButton("play.circle", words_({texts::previewOf, {name.toStdString()}}));
         connect(preview, &QAbstractButton::clicked, this,
                 [this, event] { services_.actions.preview(event); });
         connect(row->toggle(), &QAbstractButton::toggled, this, [this, event](bool isOn) {
-            services_.store.updateEvent(event, [&](EventSetting& setting) { setting.enabled = isOn; });
+            services_.actions.changeEvent(event, [&](EventSetting& setting) { setting.enabled = isOn; });
         });
         quick_.push_back({event, row, preview});
         card->addRow(row, 36);
     }
     layout->addWidget(card);
     auto* others = inset(new TextLabel(TextStyle::caption, Ink::secondary));
-    others->setText(services_.words(texts::otherEvents));
+    others->setText(words_(texts::otherEvents));
     layout->addWidget(others);
     return part;
 }
@@ -198,7 +198,7 @@ QWidget* PanelContent::makeActions()
     auto* part = new QWidget;
     auto* layout = column(part, 6, 8, 0);
     const auto add = [&](std::string_view symbol, const Text& text, std::function<void()> action) {
-        auto* row = new ActionRow(symbol, services_.words(text));
+        auto* row = new ActionRow(symbol, words_(text));
         connect(row, &QAbstractButton::clicked, this, std::move(action));
         layout->addWidget(row);
         return row;
@@ -208,7 +208,7 @@ QWidget* PanelContent::makeActions()
         Q_EMIT done();
         windows_.openSettings();
     });
-    add("power", texts::quit, services_.quit)->setToolTip(services_.words(texts::quitTooltip));
+    add("power", texts::quit, [this] { services_.actions.quit(); })->setToolTip(words_(texts::quitTooltip));
     return part;
 }
 
@@ -217,11 +217,11 @@ void PanelContent::showSettings()
     const AppSettings& settings = services_.store.settings();
     const PanelHeader header = panelHeader(settings);
     dot_->setTone(header.isListening ? Tone::green : Tone::orange);
-    status_->setText(services_.words(header.status));
+    status_->setText(words_(header.status));
     finishSetup_->setVisible(!header.isListening);
 
     const auto& error = services_.store.lastError();
-    if (error) warning_->setNote("exclamationmark.triangle", Tone::red, services_.words(*error));
+    if (error) warning_->setNote("exclamationmark.triangle", Tone::red, words_(*error));
     warningCard_->setVisible(error.has_value());
 
     mute_->toggle()->show(settings.globalMuted);
@@ -237,7 +237,7 @@ void PanelContent::showSettings()
 
 void PanelContent::showHistory()
 {
-    const auto shown = panelRows(services_.history, services_.locale, services_.clock.now());
+    const auto shown = panelRows(services_.history, services_.ports.locale, services_.ports.clock.now());
     for (std::size_t i = 0; i < rows_.size(); ++i) {
         if (i < shown.size()) rows_[i]->show(shown[i]);
         rows_[i]->setVisible(i < shown.size());
@@ -245,7 +245,7 @@ void PanelContent::showHistory()
     empty_->setVisible(shown.empty());
     clear_->setEnabled(!shown.empty());
     const auto more = panelMore(services_.history);
-    if (more) more_->setText(services_.words(*more));
+    if (more) more_->setText(words_(*more));
     more_->setVisible(more.has_value());
     Q_EMIT heightChanged();
 }

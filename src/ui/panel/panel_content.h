@@ -2,7 +2,9 @@
 #pragma once
 
 #include "base/subscription.h"
-#include "ui/interface_services.h"
+#include "core/services.h"
+#include "ui/windows.h"
+#include "ui/words.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -26,7 +28,7 @@ class TextLabel;
 class PanelContent final : public QWidget {
     Q_OBJECT
 public:
-    PanelContent(const InterfaceServices& services, const Windows& windows, QWidget* parent = nullptr);
+    PanelContent(Services& services, const Windows& windows, QWidget* parent = nullptr);
 
 Q_SIGNALS:
     /// The user chose what happens elsewhere.
@@ -45,7 +47,8 @@ private:
     void showSettings();
     void showHistory();
 
-    const InterfaceServices& services_;
+    Services& services_;
+    const Words words_;
     const Windows windows_;
 
     StatusDot* dot_ = nullptr;

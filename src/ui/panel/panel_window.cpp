@@ -35,16 +35,16 @@ Qt::WindowFlags flagsOf(PanelWindow::Form form)
 
 }
 
-PanelWindow::PanelWindow(const InterfaceServices& services, const Windows& windows, Form form)
+PanelWindow::PanelWindow(Services& services, const Windows& windows, Form form)
     : QWidget(nullptr, flagsOf(form)),
       services_(services),
       form_(form),
       content_(new PanelContent(services, windows))
 {
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowTitle(services.words(texts::panelName));
+    setWindowTitle(Words(services.ports.translator)(texts::panelName));
     setAccessibleRole(this, QAccessible::Window);
-    setAccessibleName(services.words(texts::panelName));
+    setAccessibleName(Words(services.ports.translator)(texts::panelName));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(1, 1, 1, 1);
     layout->addWidget(content_);

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/interface_services.h"
+#include "core/services.h"
+#include "ui/windows.h"
+#include "ui/words.h"
 
 #include <QRect>
 #include <QWidget>
@@ -19,7 +21,7 @@ class PanelWindow final : public QWidget {
 public:
     enum class Form : std::uint8_t { popUp, window };
 
-    PanelWindow(const InterfaceServices& services, const Windows& windows, Form form);
+    PanelWindow(Services& services, const Windows& windows, Form form);
 
     /// Beside `anchor`, in global coordinates, inside the free part of its screen.
     void showBeside(const QRect& anchor);
@@ -33,7 +35,7 @@ protected:
 private:
     void fit();
 
-    const InterfaceServices& services_;
+    Services& services_;
     Form form_;
     PanelContent* content_;
     QRect anchor_;

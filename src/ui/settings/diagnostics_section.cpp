@@ -24,9 +24,10 @@ QPushButton* makeButton(const QString& text)
 
 }
 
-DiagnosticsSection::DiagnosticsSection(const InterfaceServices& services, QWidget* parent)
+DiagnosticsSection::DiagnosticsSection(Services& services, QWidget* parent)
     : QWidget(parent),
       services_(services),
+      words_(services.ports.translator),
       explanation_(makeExplanation())
 {
     auto* card = new Card;
@@ -42,18 +43,17 @@ DiagnosticsSection::DiagnosticsSection(const InterfaceServices& services, QWidge
 QWidget* DiagnosticsSection::makeTests()
 {
     auto* caption = new TextLabel(TextStyle::subheadline, Ink::secondary);
-    caption->setText(services_.words(texts::diagnosticsCaption));
+    caption->setText(words_(texts::diagnosticsCaption));
     caption->setWrapping(true);
-    auto* banner = makeButton(services_.words(texts::testBanner));
+    auto* banner = makeButton(words_(texts::testBanner));
     connect(banner, &QPushButton::clicked, this, [this] {
         services_.actions.testBanner();
         didRunBannerTest_ = true;
-        services_.notifications.refreshStatus();
         showStatus();
     });
-    auto* sample = makeButton(services_.words(texts::playSample));
-    sample->setToolTip(services_.words(texts::sampleTooltip));
-    sample->setAccessibleDescription(services_.words(texts::sampleTooltip));
+    auto* sample = makeButton(words_(texts::playSample));
+    sample->setToolTip(words_(texts::sampleTooltip));
+    sample->setAccessibleDescription(words_(texts::sampleTooltip));
     connect(sample, &QPushButton::clicked, this, [this] { services_.actions.playSample(); });
 
     auto* row = new QWidget;
@@ -71,8 +71,8 @@ QWidget* DiagnosticsSection::makeTests()
 QWidget* DiagnosticsSection::makeExplanation()
 {
     reason_ = new Note(TextStyle::subheadline);
-    open_ = makeButton(services_.words(texts::openSystemSettings));
-    connect(open_, &QPushButton::clicked, this, [this] { services_.notifications.openSystemSettings(); });
+    open_ = makeButton(words_(texts::openSystemSettings));
+    connect(open_, &QPushButton::clicked, this, [this] { services_.actions.openNotificationSettings(); });
     auto* row = new QWidget;
     auto* layout = new QVBoxLayout(row);
     layout->setContentsMargins(inRow(cardEdge), scaled(10) + 1, inRow(cardEdge), scaled(10));
@@ -85,7 +85,7 @@ void DiagnosticsSection::showStatus()
     const AuthStatus status = services_.notifications.status();
     const bool isDenied = status == AuthStatus::denied;
     reason_->setNote("bell.slash", Tone::orange,
-                     services_.words(isDenied ? texts::bannersOff : texts::testBannerNotShown));
+                     words_(isDenied ? texts::bannersOff : texts::testBannerNotShown));
     open_->setVisible(isDenied);
     explanation_->setVisible(didRunBannerTest_ && (isDenied || status == AuthStatus::unavailable));
 }

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "base/subscription.h"
-#include "ui/interface_services.h"
+#include "core/services.h"
+#include "ui/windows.h"
+#include "ui/words.h"
 
 #include <QWidget>
 
@@ -16,14 +18,15 @@ class Note;
 class DiagnosticsSection final : public QWidget {
     Q_OBJECT
 public:
-    explicit DiagnosticsSection(const InterfaceServices& services, QWidget* parent = nullptr);
+    explicit DiagnosticsSection(Services& services, QWidget* parent = nullptr);
 
 private:
     QWidget* makeTests();
     QWidget* makeExplanation();
     void showStatus();
 
-    const InterfaceServices& services_;
+    Services& services_;
+    const Words words_;
     Note* reason_ = nullptr;
     QPushButton* open_ = nullptr;
     QWidget* explanation_;

@@ -11,8 +11,7 @@
 
 namespace chimewell {
 
-EventRow::EventRow(const InterfaceServices& services, CanonicalEvent event, VoiceList& voices,
-                   QWidget* parent)
+EventRow::EventRow(Services& services, CanonicalEvent event, VoiceList& voices, QWidget* parent)
     : QWidget(parent),
       editor_(services, event),
       header_(new EventHeader(editor_)),

@@ -19,8 +19,7 @@ class EventRow final : public QWidget {
     Q_OBJECT
 public:
     /// `voices` outlives this.
-    EventRow(const InterfaceServices& services, CanonicalEvent event, VoiceList& voices,
-             QWidget* parent = nullptr);
+    EventRow(Services& services, CanonicalEvent event, VoiceList& voices, QWidget* parent = nullptr);
 
 private:
     void setOpen(bool isOpen);

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/interface_services.h"
+#include "core/services.h"
+#include "ui/windows.h"
+#include "ui/words.h"
 
 #include <functional>
 #include <string>
@@ -11,8 +13,9 @@ namespace chimewell {
 /// One event's setting, to be shown and changed by the controls of its row.
 class EventSettingEditor {
 public:
-    EventSettingEditor(const InterfaceServices& services, CanonicalEvent event)
+    EventSettingEditor(Services& services, CanonicalEvent event)
         : services_(services),
+          words_(services.ports.translator),
           event_(event)
     {
     }
@@ -24,17 +27,18 @@ public:
     }
     void change(const std::function<void(EventSetting&)>& change) const
     {
-        services_.store.updateEvent(event_, change);
+        services_.actions.changeEvent(event_, change);
     }
     void preview() const { services_.actions.preview(event_); }
 
     CanonicalEvent event() const { return event_; }
-    const Words& words() const { return services_.words; }
+    const Words& words() const { return words_; }
     /// The event's own name in `text`, for those who hear a control and do not see its row.
     QString named(Text text) const { return words()({text, {displayName(event_)}}); }
 
 private:
-    const InterfaceServices& services_;
+    Services& services_;
+    const Words words_;
     CanonicalEvent event_;
 };
 

@@ -11,14 +11,14 @@
 
 namespace chimewell {
 
-EventsPane::EventsPane(const InterfaceServices& services, QWidget* parent) : PaneColumn(parent)
+EventsPane::EventsPane(Services& services, QWidget* parent) : PaneColumn(parent)
 {
-    addIntro(services.words(texts::eventsIntro));
+    addIntro(Words(services.ports.translator)(texts::eventsIntro));
     auto* voices = new VoiceList(services, this);
     Card* card = addCard();
     for (const CanonicalEvent event : configurableEvents)
         card->addRow(new EventRow(services, event, *voices), afterSymbol);
-    addHeading(services.words(texts::reminders));
+    addHeading(Words(services.ports.translator)(texts::reminders));
     addSection(new RemindersSection(services));
     finish();
 }

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/interface_services.h"
+#include "core/services.h"
 #include "ui/settings/pane_column.h"
+#include "ui/windows.h"
+#include "ui/words.h"
 
 namespace chimewell {
 
@@ -10,7 +12,7 @@ namespace chimewell {
 class EventsPane final : public PaneColumn {
     Q_OBJECT
 public:
-    explicit EventsPane(const InterfaceServices& services, QWidget* parent = nullptr);
+    explicit EventsPane(Services& services, QWidget* parent = nullptr);
 };
 
 }

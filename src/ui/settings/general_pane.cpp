@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/settings/general_pane.h"
 
-#include "presentation/permission.h"
+#include "core/product.h"
+#include "presentation/settings_model.h"
 #include "ui/controls/card.h"
 #include "ui/controls/edges.h"
 #include "ui/controls/link_button.h"
@@ -26,7 +27,7 @@ namespace {
 
 constexpr double betweenLinks = 4;
 
-void open(const std::string& address)
+void open(const char* address)
 {
     QDesktopServices::openUrl(QUrl(qString(address)));
 }
@@ -43,12 +44,13 @@ QWidget* makeWideRow(QWidget* text, QWidget* control, double endMargin)
 
 }
 
-GeneralPane::GeneralPane(const InterfaceServices& services, const Windows& windows, QWidget* parent)
+GeneralPane::GeneralPane(Services& services, const Windows& windows, QWidget* parent)
     : PaneColumn(parent),
-      services_(services)
+      services_(services),
+      words_(services.ports.translator)
 {
     addNotifications();
-    addHeading(services_.words(texts::diagnostics));
+    addHeading(words_(texts::diagnostics));
     addSection(new DiagnosticsSection(services_));
     addSetup(windows);
     addSupport();
@@ -63,14 +65,14 @@ GeneralPane::GeneralPane(const InterfaceServices& services, const Windows& windo
 
 void GeneralPane::addNotifications()
 {
-    const Words& words = services_.words;
+    const Words& words = words_;
     mute_ = new SwitchRow(words(texts::muteAllNotifications));
     connect(mute_->control(), &QAbstractButton::toggled, this,
             [this](bool isMuted) { services_.actions.setMuted(isMuted); });
     launch_ = new SwitchRow(words(texts::launchAtLogin));
     connect(launch_->control(), &QAbstractButton::toggled, this, [this](bool isWanted) {
         const auto failure = services_.actions.setLaunchAtLogin(isWanted);
-        launch_->showError(failure ? services_.words(*failure) : QString());
+        launch_->showError(failure ? words_(*failure) : QString());
     });
     permission_ = new TextLabel(TextStyle::body, Ink::secondary);
     addHeading(words(texts::notifications));
@@ -82,32 +84,32 @@ void GeneralPane::addNotifications()
 
 void GeneralPane::addSetup(const Windows& windows)
 {
-    auto* walkthrough = new ActivatableRow(services_.words(texts::showWalkthrough));
-    walkthrough->setToolTip(services_.words(texts::showWalkthroughTooltip));
-    walkthrough->setAccessibleDescription(services_.words(texts::showWalkthroughTooltip));
+    auto* walkthrough = new ActivatableRow(words_(texts::showWalkthrough));
+    walkthrough->setToolTip(words_(texts::showWalkthroughTooltip));
+    walkthrough->setAccessibleDescription(words_(texts::showWalkthroughTooltip));
     connect(walkthrough, &QAbstractButton::clicked, this, windows.openWalkthrough);
-    addHeading(services_.words(texts::setup));
+    addHeading(words_(texts::setup));
     addCard()->addRow(walkthrough);
 }
 
 void GeneralPane::addSupport()
 {
     auto* text = new TextLabel(TextStyle::body);
-    text->setText(services_.words(texts::supportText));
+    text->setText(words_(texts::supportText));
     text->setWrapping(true);
-    auto* support = new QPushButton(symbolIcon("cup.and.saucer.fill"), services_.words(texts::supportButton));
+    auto* support = new QPushButton(symbolIcon("cup.and.saucer.fill"), words_(texts::supportButton));
     support->setAutoDefault(false);
-    connect(support, &QPushButton::clicked, this, [this] { open(services_.addresses.support); });
-    addHeading(services_.words(texts::support));
+    connect(support, &QPushButton::clicked, this, [this] { open(product::supportPage); });
+    addHeading(words_(texts::support));
     addCard()->addRow(makeWideRow(text, support, cardEdge));
 }
 
 void GeneralPane::addAbout()
 {
     auto* name = new TextLabel(TextStyle::bodyMedium);
-    name->setText(services_.words(texts::chimewell));
+    name->setText(words_(texts::chimewell));
     auto* version = new TextLabel(TextStyle::subheadline, Ink::secondary);
-    version->setText(services_.words({texts::version, {services_.version}}));
+    version->setText(words_({texts::version, {std::string(product::version)}}));
     version->setSelectable(true);
     auto* product = new QWidget;
     auto* lines = new QVBoxLayout(product);
@@ -115,7 +117,7 @@ void GeneralPane::addAbout()
     lines->setSpacing(0);
     lines->addWidget(name);
     lines->addWidget(version);
-    addHeading(services_.words(texts::about));
+    addHeading(words_(texts::about));
     addCard()->addRow(makeWideRow(product, makeLinks(), cardEdge - flatPadding));
 }
 
@@ -125,14 +127,14 @@ QWidget* GeneralPane::makeLinks()
     auto* line = new QHBoxLayout(links);
     line->setContentsMargins(0, 0, 0, 0);
     line->setSpacing(scaled(betweenLinks));
-    const auto add = [&](Text text, const std::string& address) {
-        auto* link = new LinkButton(services_.words(text));
-        connect(link, &QPushButton::clicked, this, [&address] { open(address); });
+    const auto add = [&](Text text, const char* address) {
+        auto* link = new LinkButton(words_(text));
+        connect(link, &QPushButton::clicked, this, [address] { open(address); });
         line->addWidget(link);
     };
-    add(texts::website, services_.addresses.website);
-    add(texts::privacyPolicy, services_.addresses.privacyPolicy);
-    add(texts::terms, services_.addresses.terms);
+    add(texts::website, product::website);
+    add(texts::privacyPolicy, product::privacyPolicy);
+    add(texts::terms, product::terms);
     return links;
 }
 
@@ -145,7 +147,7 @@ void GeneralPane::showSettings()
 
 void GeneralPane::showPermission()
 {
-    permission_->setText(services_.words(permissionText(services_.notifications.status())));
+    permission_->setText(words_(permissionText(services_.notifications.status())));
 }
 
 }

@@ -2,8 +2,10 @@
 #pragma once
 
 #include "base/subscription.h"
-#include "ui/interface_services.h"
+#include "core/services.h"
 #include "ui/settings/pane_column.h"
+#include "ui/windows.h"
+#include "ui/words.h"
 
 namespace chimewell {
 
@@ -13,7 +15,7 @@ class SwitchRow;
 class GeneralPane final : public PaneColumn {
     Q_OBJECT
 public:
-    GeneralPane(const InterfaceServices& services, const Windows& windows, QWidget* parent = nullptr);
+    GeneralPane(Services& services, const Windows& windows, QWidget* parent = nullptr);
 
 private:
     void addNotifications();
@@ -24,7 +26,8 @@ private:
     void showSettings();
     void showPermission();
 
-    const InterfaceServices& services_;
+    Services& services_;
+    const Words words_;
     SwitchRow* mute_ = nullptr;
     SwitchRow* launch_ = nullptr;
     TextLabel* permission_ = nullptr;

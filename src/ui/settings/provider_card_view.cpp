@@ -44,9 +44,10 @@ void showNote(Note& note, std::string_view icon, Tone tone, const QString& text)
 
 }
 
-ProviderCardView::ProviderCardView(const InterfaceServices& services, ProviderCard& card, QWidget* parent)
+ProviderCardView::ProviderCardView(Services& services, ProviderCard& card, QWidget* parent)
     : QWidget(parent),
       services_(services),
+      words_(services.ports.translator),
       card_(card)
 {
     setAccessibleRole(this, QAccessible::Grouping);
@@ -84,7 +85,7 @@ ProviderCardView::ProviderCardView(const InterfaceServices& services, ProviderCa
 
 QString ProviderCardView::named(Text text) const
 {
-    return services_.words({text, {std::string(card_.displayName())}});
+    return words_({text, {std::string(card_.displayName())}});
 }
 
 QHBoxLayout* ProviderCardView::makeHeader()
@@ -95,8 +96,7 @@ QHBoxLayout* ProviderCardView::makeHeader()
     auto* line = new QHBoxLayout;
     line->setSpacing(scaled(besideName));
     line->addWidget(name);
-    if (card_.isBeta())
-        line->addWidget(new BetaBadge(services_.words(texts::beta), services_.words(texts::betaTooltip)));
+    if (card_.isBeta()) line->addWidget(new BetaBadge(words_(texts::beta), words_(texts::betaTooltip)));
     line->addStretch(1);
     line->addWidget(pill_);
     return line;
@@ -126,7 +126,7 @@ QWidget* ProviderCardView::makeButtons()
     install_ = makeButton(texts::install, texts::installOf, PendingAction::install);
     uninstall_ = makeButton(texts::uninstall, texts::uninstallOf, PendingAction::uninstall);
     restore_ = makeButton(texts::restoreOriginal, texts::restoreOf, PendingAction::restore);
-    reveal_ = new LinkButton(services_.words(texts::reveal));
+    reveal_ = new LinkButton(words_(texts::reveal));
     reveal_->setAccessibleName(named(texts::revealOf));
     connect(reveal_, &QPushButton::clicked, this, [this] { reveal(); });
     auto* line = new FlowLayout(scaled(8), FlowLayout::Last::trails);
@@ -141,11 +141,11 @@ QWidget* ProviderCardView::makeButtons()
 
 QPushButton* ProviderCardView::makeButton(Text text, Text name, PendingAction action)
 {
-    auto* button = new QPushButton(services_.words(text));
+    auto* button = new QPushButton(words_(text));
     button->setAutoDefault(false);
     button->setAccessibleName(named(name));
     connect(button, &QPushButton::clicked, this, [this, button, action] {
-        if (card_.isSettling())
+        if (card_.isPausing())
             clicked_ = button;
         else
             ask(action);
@@ -156,7 +156,7 @@ QPushButton* ProviderCardView::makeButton(Text text, Text name, PendingAction ac
 void ProviderCardView::showCard()
 {
     const StatusPill pill = card_.pill();
-    pill_->setPill(pill.kind, services_.words(pill.text));
+    pill_->setPill(pill.kind, words_(pill.text));
     showNotes();
     if (card_.isAvailable()) showButtons();
 }
@@ -166,18 +166,18 @@ void ProviderCardView::showNotes()
     const std::optional<Text> about =
         card_.isAvailable() ? card_.agentNote() : std::optional(texts::comingSoonLine);
     agentNote_->setVisible(about.has_value());
-    if (about) agentNote_->setNote("info.circle", Tone::secondary, services_.words(*about));
+    if (about) agentNote_->setNote("info.circle", Tone::secondary, words_(*about));
     const auto notice = card_.notice();
     if (notice)
-        showNote(*notice_, notice->icon, notice->tone, services_.words(notice->text));
+        showNote(*notice_, notice->icon, notice->tone, words_(notice->text));
     else
         notice_->hide();
     if (const auto& info = card_.infoMessage())
-        showNote(*info_, "checkmark.circle", Tone::green, services_.words(*info));
+        showNote(*info_, "checkmark.circle", Tone::green, words_(*info));
     else
         info_->hide();
     if (const auto error = card_.errorMessage())
-        showNote(*error_, "exclamationmark.triangle", Tone::red, services_.words(*error));
+        showNote(*error_, "exclamationmark.triangle", Tone::red, words_(*error));
     else
         error_->hide();
 }
@@ -193,16 +193,16 @@ void ProviderCardView::showButtons()
           Offer{uninstall_, card_.canUninstall()}, Offer{restore_, card_.canRestore()}}) {
         // The keyboard stays in this card when its button goes.
         if (window()->focusWidget() == button && !isOffered) reveal_->setFocus();
-        ChimewellStyle::setHeld(button, card_.isSettling());
+        ChimewellStyle::setHeld(button, card_.isPausing());
         button->setVisible(isOffered);
         if (clicked_ == button && !isOffered) clicked_ = nullptr;
     }
-    if (clicked_ && !card_.isSettling()) std::exchange(clicked_, nullptr)->click();
+    if (clicked_ && !card_.isPausing()) std::exchange(clicked_, nullptr)->click();
 }
 
 void ProviderCardView::ask(PendingAction action)
 {
-    auto* question = new ConfirmDialog(card_.confirmation(action), services_.words, window());
+    auto* question = new ConfirmDialog(card_.confirmation(action), words_, window());
     connect(question, &QDialog::accepted, this, [this, action] {
         Q_EMIT used();
         card_.perform(action);
@@ -213,7 +213,7 @@ void ProviderCardView::ask(PendingAction action)
 void ProviderCardView::reveal()
 {
     Q_EMIT used();
-    if (const auto file = card_.fileToReveal()) services_.workspace.reveal(*file);
+    if (const auto file = card_.fileToReveal()) services_.ports.workspace.reveal(*file);
 }
 
 }

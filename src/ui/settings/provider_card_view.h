@@ -2,7 +2,9 @@
 #pragma once
 
 #include "base/subscription.h"
-#include "ui/interface_services.h"
+#include "core/services.h"
+#include "ui/windows.h"
+#include "ui/words.h"
 
 #include <QWidget>
 
@@ -20,7 +22,7 @@ class ProviderCardView final : public QWidget {
     Q_OBJECT
 public:
     /// `card` outlives this.
-    ProviderCardView(const InterfaceServices& services, ProviderCard& card, QWidget* parent = nullptr);
+    ProviderCardView(Services& services, ProviderCard& card, QWidget* parent = nullptr);
 
 Q_SIGNALS:
     /// It is about to become higher or lower because the user did something here.
@@ -38,7 +40,8 @@ private:
     void reveal();
     QString named(Text text) const;
 
-    const InterfaceServices& services_;
+    Services& services_;
+    const Words words_;
     ProviderCard& card_;
     StatusPillLabel* pill_ = nullptr;
     Note* agentNote_ = nullptr;

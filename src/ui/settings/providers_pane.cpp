@@ -10,9 +10,9 @@
 
 namespace chimewell {
 
-ProvidersPane::ProvidersPane(const InterfaceServices& services, QWidget* parent) : PaneColumn(parent)
+ProvidersPane::ProvidersPane(Services& services, QWidget* parent) : PaneColumn(parent)
 {
-    addIntro(services.words(texts::providersIntro));
+    addIntro(Words(services.ports.translator)(texts::providersIntro));
     for (const auto& card : services.cards.all()) {
         auto* view = new ProviderCardView(services, *card);
         view->installEventFilter(this);

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/interface_services.h"
+#include "core/services.h"
 #include "ui/settings/pane_column.h"
+#include "ui/windows.h"
+#include "ui/words.h"
 
 namespace chimewell {
 
@@ -13,7 +15,7 @@ class ProviderCardView;
 class ProvidersPane final : public PaneColumn {
     Q_OBJECT
 public:
-    explicit ProvidersPane(const InterfaceServices& services, QWidget* parent = nullptr);
+    explicit ProvidersPane(Services& services, QWidget* parent = nullptr);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -26,17 +26,18 @@ constexpr int allRoom = 1000; // beside what would stay empty
 
 }
 
-RecentPane::RecentPane(const InterfaceServices& services, QWidget* parent)
+RecentPane::RecentPane(Services& services, QWidget* parent)
     : PaneColumn(parent),
       services_(services),
-      clear_(new LinkButton(services.words(texts::clear)))
+      words_(services.ports.translator),
+      clear_(new LinkButton(words_(texts::clear)))
 {
-    addIntro(services.words(texts::recentIntro), clear_);
+    addIntro(words_(texts::recentIntro), clear_);
     card_ = addCard();
     empty_ = makeEmpty();
     column()->addWidget(empty_, allRoom);
     finish();
-    connect(clear_, &QPushButton::clicked, this, [this] { services_.history.clear(); });
+    connect(clear_, &QPushButton::clicked, this, [this] { services_.actions.clearHistory(); });
     historyChange_ = services_.history.onChange([this] { showHistory(); });
     showHistory();
 }
@@ -44,9 +45,9 @@ RecentPane::RecentPane(const InterfaceServices& services, QWidget* parent)
 QWidget* RecentPane::makeEmpty()
 {
     auto* title = new TextLabel(TextStyle::headline);
-    title->setText(services_.words(texts::noRecentActivity));
+    title->setText(words_(texts::noRecentActivity));
     auto* line = new TextLabel(TextStyle::body, Ink::secondary);
-    line->setText(services_.words(texts::recentEmpty));
+    line->setText(words_(texts::recentEmpty));
     auto* empty = new QWidget;
     auto* layout = new QVBoxLayout(empty);
     // In the middle of the pane, not of what is left below its first line.
@@ -68,9 +69,9 @@ QWidget* RecentPane::makeEmpty()
 
 RecentRowView* RecentPane::makeRow(const EventHistory::Entry& entry)
 {
-    auto* row = new RecentRowView(services_.words, entry.id);
+    auto* row = new RecentRowView(words_, entry.id);
     connect(row, &RecentRowView::openSession, this,
-            [this, term = entry.term, cwd = entry.cwd] { services_.focus.focusSession(term, cwd); });
+            [this, term = entry.term, cwd = entry.cwd] { services_.actions.openSession(term, cwd); });
     return row;
 }
 
@@ -86,7 +87,7 @@ void RecentPane::showHistory()
             card_->insertRow(static_cast<int>(i), row, afterSymbol);
             isLonger = true;
         }
-        rows_[i]->show(recentRow(entries[i], services_.locale, services_.clock.now()));
+        rows_[i]->show(recentRow(entries[i], services_.ports.locale, services_.ports.clock.now()));
     }
     while (rows_.size() > entries.size()) {
         if (rows_.back()->hasFocus()) moveFocus(-1);

@@ -2,8 +2,10 @@
 #pragma once
 
 #include "base/subscription.h"
-#include "ui/interface_services.h"
+#include "core/services.h"
 #include "ui/settings/pane_column.h"
+#include "ui/windows.h"
+#include "ui/words.h"
 
 #include <QBasicTimer>
 
@@ -18,7 +20,7 @@ class RecentRowView;
 class RecentPane final : public PaneColumn {
     Q_OBJECT
 public:
-    explicit RecentPane(const InterfaceServices& services, QWidget* parent = nullptr);
+    explicit RecentPane(Services& services, QWidget* parent = nullptr);
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -32,7 +34,8 @@ private:
     void showHistory();
     void moveFocus(int rows);
 
-    const InterfaceServices& services_;
+    Services& services_;
+    const Words words_;
     LinkButton* clear_;
     Card* card_;
     QWidget* empty_ = nullptr;

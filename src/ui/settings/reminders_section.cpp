@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/settings/reminders_section.h"
 
-#include "presentation/reminder_choices.h"
+#include "presentation/settings_model.h"
 #include "ui/controls/card.h"
 #include "ui/controls/edges.h"
 #include "ui/controls/picker.h"
@@ -36,11 +36,11 @@ void showSentence(Stepper& stepper, TextLabel& label, const QString& sentence, s
 
 }
 
-RemindersSection::RemindersSection(const InterfaceServices& services, QWidget* parent)
+RemindersSection::RemindersSection(Services& services, QWidget* parent)
     : QWidget(parent),
       services_(services),
-      enabled_(
-          new SwitchRow(services.words(texts::keepReminding), services.words(texts::keepRemindingCaption)))
+      words_(services.ports.translator),
+      enabled_(new SwitchRow(words_(texts::keepReminding), words_(texts::keepRemindingCaption)))
 {
     auto* card = new Card;
     card->addRow(enabled_, cardEdge);
@@ -52,17 +52,16 @@ RemindersSection::RemindersSection(const InterfaceServices& services, QWidget* p
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(card);
 
-    connect(enabled_->control(), &QAbstractButton::toggled, this, [this](bool isOn) {
-        services_.store.update([&](AppSettings& settings) { settings.remindersEnabled = isOn; });
-    });
+    connect(enabled_->control(), &QAbstractButton::toggled, this,
+            [this](bool isOn) { services_.actions.setRemindersEnabled(isOn); });
     storeChange_ = services_.store.onChange([this] { showSettings(); });
     showSettings();
 }
 
 QWidget* RemindersSection::makeInterval()
 {
-    const QString name = services_.words(texts::repeatEvery);
-    custom_ = new QPushButton(services_.words(texts::custom));
+    const QString name = words_(texts::repeatEvery);
+    custom_ = new QPushButton(words_(texts::custom));
     custom_->setAutoDefault(false);
     connect(custom_, &QPushButton::clicked, this, [this] {
         showCustom(true);
@@ -70,14 +69,14 @@ QWidget* RemindersSection::makeInterval()
     });
     interval_ = new Picker(name);
     interval_->setMinimumWidth(scaled(pickerWidth));
-    interval_->setPlaceholderText(services_.words(texts::custom));
+    interval_->setPlaceholderText(words_(texts::custom));
     for (const ReminderPreset& preset : reminderPresets)
-        interval_->addItem(services_.words(preset.label));
+        interval_->addItem(words_(preset.label));
     connect(interval_, &QComboBox::currentIndexChanged, this, [this](int index) {
         if (index < 0) return;
         isCustom_ = false;
         const std::int64_t seconds = reminderPresets[static_cast<std::size_t>(index)].seconds;
-        services_.store.update([&](AppSettings& settings) { settings.reminderIntervalSeconds = seconds; });
+        services_.actions.setReminderInterval(seconds);
     });
     auto* controls = new QWidget;
     auto* line = new QHBoxLayout(controls);
@@ -92,10 +91,8 @@ QWidget* RemindersSection::makeMinutes()
 {
     minutes_ = new Stepper(QString());
     minutes_->setRange(1, static_cast<int>(maxReminderMinutes));
-    connect(minutes_, &QSpinBox::valueChanged, this, [this](int minutes) {
-        services_.store.update(
-            [&](AppSettings& settings) { settings.reminderIntervalSeconds = storedSeconds(minutes); });
-    });
+    connect(minutes_, &QSpinBox::valueChanged, this,
+            [this](int minutes) { services_.actions.setReminderInterval(storedSeconds(minutes)); });
     auto* row = new SettingRow(QString(), minutes_);
     minutesText_ = row->label();
     return row;
@@ -105,9 +102,8 @@ QWidget* RemindersSection::makeCount()
 {
     count_ = new Stepper(QString());
     count_->setRange(1, static_cast<int>(maxReminderCount));
-    connect(count_, &QSpinBox::valueChanged, this, [this](int count) {
-        services_.store.update([&](AppSettings& settings) { settings.reminderMaxCount = count; });
-    });
+    connect(count_, &QSpinBox::valueChanged, this,
+            [this](int count) { services_.actions.setReminderCount(count); });
     auto* row = new SettingRow(QString(), count_);
     countText_ = row->label();
     return row;
@@ -118,8 +114,8 @@ void RemindersSection::showSettings()
     const AppSettings& settings = services_.store.settings();
     enabled_->control()->show(settings.remindersEnabled);
     const std::int64_t minutes = shownMinutes(settings.reminderIntervalSeconds);
-    showSentence(*minutes_, *minutesText_, services_.words({texts::everyMinutes, minutes}), minutes);
-    showSentence(*count_, *countText_, services_.words({texts::upToReminders, settings.reminderMaxCount}),
+    showSentence(*minutes_, *minutesText_, words_({texts::everyMinutes, minutes}), minutes);
+    showSentence(*count_, *countText_, words_({texts::upToReminders, settings.reminderMaxCount}),
                  settings.reminderMaxCount);
     showCustom(isCustom_ || !reminderPreset(settings.reminderIntervalSeconds));
 }

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "base/subscription.h"
-#include "ui/interface_services.h"
+#include "core/services.h"
+#include "ui/windows.h"
+#include "ui/words.h"
 
 #include <QWidget>
 
@@ -19,7 +21,7 @@ class TextLabel;
 class RemindersSection final : public QWidget {
     Q_OBJECT
 public:
-    explicit RemindersSection(const InterfaceServices& services, QWidget* parent = nullptr);
+    explicit RemindersSection(Services& services, QWidget* parent = nullptr);
 
 private:
     QWidget* makeInterval();
@@ -28,7 +30,8 @@ private:
     void showSettings();
     void showCustom(bool isCustom);
 
-    const InterfaceServices& services_;
+    Services& services_;
+    const Words words_;
     SwitchRow* enabled_;
     Picker* interval_ = nullptr;
     QPushButton* custom_ = nullptr;

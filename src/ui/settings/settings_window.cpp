@@ -40,17 +40,18 @@ QScrollArea* makeScrollArea(QWidget* pane)
 
 }
 
-SettingsWindow::SettingsWindow(const InterfaceServices& services, const Windows& windows, QWidget* parent)
+SettingsWindow::SettingsWindow(Services& services, const Windows& windows, QWidget* parent)
     : QWidget(parent, Qt::Window),
       services_(services),
+      words_(services.ports.translator),
       windows_(windows),
-      sidebar_(new Sidebar(services.words)),
+      sidebar_(new Sidebar(words_)),
       errorNote_(new Note(TextStyle::subheadline)),
       error_(makeErrorNote()),
       stack_(new QStackedWidget)
 {
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowTitle(services_.words(texts::settingsTitle));
+    setWindowTitle(words_(texts::settingsTitle));
     setAccessibleRole(this, QAccessible::Window);
     const QSize room = screen()->availableSize() - QSize(aroundWindow, aroundWindow);
     setMinimumSize(QSize(scaled(leastWidth), scaled(leastHeight)).boundedTo(room));
@@ -96,7 +97,7 @@ void SettingsWindow::showError()
 {
     const auto& error = services_.store.lastError();
     error_->setVisible(error.has_value());
-    if (error) errorNote_->setNote("exclamationmark.triangle", Tone::red, services_.words(*error));
+    if (error) errorNote_->setNote("exclamationmark.triangle", Tone::red, words_(*error));
 }
 
 QWidget* SettingsWindow::makePane(Pane pane)

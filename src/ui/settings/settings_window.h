@@ -2,8 +2,10 @@
 #pragma once
 
 #include "base/subscription.h"
-#include "presentation/settings_panes.h"
-#include "ui/interface_services.h"
+#include "core/services.h"
+#include "presentation/settings_model.h"
+#include "ui/windows.h"
+#include "ui/words.h"
 
 #include <QWidget>
 
@@ -20,7 +22,7 @@ class Sidebar;
 class SettingsWindow final : public QWidget {
     Q_OBJECT
 public:
-    SettingsWindow(const InterfaceServices& services, const Windows& windows, QWidget* parent = nullptr);
+    SettingsWindow(Services& services, const Windows& windows, QWidget* parent = nullptr);
 
     ~SettingsWindow() override;
 
@@ -35,7 +37,8 @@ private:
     QWidget* makePane(Pane pane);
     void showError();
 
-    const InterfaceServices& services_;
+    Services& services_;
+    const Words words_;
     const Windows windows_;
     Sidebar* sidebar_;
     Note* errorNote_;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "presentation/settings_panes.h"
+#include "presentation/settings_model.h"
 #include "ui/words.h"
 
 #include <QWidget>

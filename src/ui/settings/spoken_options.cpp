@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/settings/spoken_options.h"
 
-#include "presentation/voice_choices.h"
+#include "presentation/settings_model.h"
 #include "ui/controls/edges.h"
 #include "ui/controls/field.h"
 #include "ui/controls/picker.h"

@@ -7,19 +7,15 @@
 
 namespace chimewell {
 
-VoiceList::VoiceList(const InterfaceServices& services, QObject* parent)
-    : QObject(parent),
-      services_(services)
-{
-}
+VoiceList::VoiceList(Services& services, QObject* parent) : QObject(parent), services_(services) {}
 
 void VoiceList::ask()
 {
     if (std::exchange(isAsked_, true)) return;
     // The answer may come after the window was closed.
-    services_.speech.listVoices([self = QPointer(this)](std::vector<Voice> installed) {
+    services_.voice.listVoices([self = QPointer(this)](std::vector<Voice> voices) {
         if (!self) return;
-        self->voices_ = self->services_.voice.voices(std::move(installed));
+        self->voices_ = std::move(voices);
         Q_EMIT self->changed();
     });
 }

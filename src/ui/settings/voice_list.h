@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/interface_services.h"
+#include "core/services.h"
+#include "ui/windows.h"
+#include "ui/words.h"
 
 #include <QObject>
 
@@ -13,7 +15,7 @@ namespace chimewell {
 class VoiceList final : public QObject {
     Q_OBJECT
 public:
-    explicit VoiceList(const InterfaceServices& services, QObject* parent = nullptr);
+    explicit VoiceList(Services& services, QObject* parent = nullptr);
 
     void ask();
     /// None before the service answered.
@@ -23,7 +25,7 @@ Q_SIGNALS:
     void changed();
 
 private:
-    const InterfaceServices& services_;
+    Services& services_;
     std::vector<Voice> voices_;
     bool isAsked_ = false;
 };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "presentation/provider_cards.h"
+#include "presentation/provider_card.h"
 #include "ui/words.h"
 
 #include <QWidget>

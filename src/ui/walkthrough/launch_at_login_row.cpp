@@ -11,19 +11,20 @@
 
 namespace chimewell {
 
-LaunchAtLoginRow::LaunchAtLoginRow(const InterfaceServices& services, QWidget* parent)
+LaunchAtLoginRow::LaunchAtLoginRow(Services& services, QWidget* parent)
     : QWidget(parent),
       services_(services),
-      switch_(new SwitchButton(services.words(texts::startAtLogin))),
+      words_(services.ports.translator),
+      switch_(new SwitchButton(words_(texts::startAtLogin))),
       error_(new Note)
 {
     auto* name = new TextLabel(TextStyle::body);
     name->setWrapping(true);
-    name->setText(services_.words(texts::startAtLogin));
+    name->setText(words_(texts::startAtLogin));
     auto* caption = new TextLabel(TextStyle::caption, Ink::secondary);
     caption->setWrapping(true);
-    caption->setText(services_.words(texts::startAtLoginCaption));
-    switch_->setAccessibleDescription(services_.words(texts::startAtLoginCaption));
+    caption->setText(words_(texts::startAtLoginCaption));
+    switch_->setAccessibleDescription(words_(texts::startAtLoginCaption));
 
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(directed(scaled(15), scaled(10), scaled(15) - ringRoom, scaled(10)));
@@ -51,7 +52,7 @@ void LaunchAtLoginRow::showSetting()
 void LaunchAtLoginRow::set(bool wanted)
 {
     const auto failure = services_.actions.setLaunchAtLogin(wanted);
-    if (failure) error_->setNote("exclamationmark.triangle", Tone::red, services_.words(*failure));
+    if (failure) error_->setNote("exclamationmark.triangle", Tone::red, words_(*failure));
     error_->setVisible(failure.has_value());
 }
 

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "base/subscription.h"
-#include "ui/interface_services.h"
+#include "core/services.h"
+#include "ui/windows.h"
+#include "ui/words.h"
 
 #include <QWidget>
 
@@ -15,7 +17,7 @@ class SwitchButton;
 class LaunchAtLoginRow final : public QWidget {
     Q_OBJECT
 public:
-    explicit LaunchAtLoginRow(const InterfaceServices& services, QWidget* parent = nullptr);
+    explicit LaunchAtLoginRow(Services& services, QWidget* parent = nullptr);
 
 protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -24,7 +26,8 @@ private:
     void showSetting();
     void set(bool wanted);
 
-    const InterfaceServices& services_;
+    Services& services_;
+    const Words words_;
     SwitchButton* switch_;
     Note* error_;
     Subscription subscription_;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/walkthrough/notifications_step.h"
 
-#include "presentation/permission.h"
+#include "presentation/settings_model.h"
 #include "ui/controls/card.h"
 #include "ui/controls/note.h"
 #include "ui/look/metrics.h"
@@ -23,10 +23,10 @@ QHBoxLayout* rowLayout(QWidget* row)
 
 }
 
-NotificationsStep::NotificationsStep(NotificationService& notifications, const Words& words, QWidget* parent)
+NotificationsStep::NotificationsStep(Services& services, QWidget* parent)
     : QWidget(parent),
-      notifications_(notifications),
-      words_(words)
+      services_(services),
+      words_(services.ports.translator)
 {
     auto* card = new Card;
     card->addRow(makeStatusRow());
@@ -35,7 +35,7 @@ NotificationsStep::NotificationsStep(NotificationService& notifications, const W
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(card);
 
-    subscription_ = notifications_.onChange([this] { showStatus(); });
+    subscription_ = services_.notifications.onChange([this] { showStatus(); });
     showStatus();
 }
 
@@ -47,7 +47,7 @@ QWidget* NotificationsStep::makeStatusRow()
     status_ = new TextLabel(TextStyle::body, Ink::secondary);
     status_->setWrapping(true);
     allow_ = new QPushButton(words_(texts::allowNotifications));
-    connect(allow_, &QPushButton::clicked, this, [this] { notifications_.requestAuthorization(); });
+    connect(allow_, &QPushButton::clicked, this, [this] { services_.actions.allowNotifications(); });
 
     auto* layout = rowLayout(row);
     layout->setSpacing(scaled(4));
@@ -64,7 +64,7 @@ QWidget* NotificationsStep::makeDeniedRow()
     auto* note = new Note(TextStyle::subheadline, Ink::secondary);
     note->setNote("info.circle", Tone::secondary, words_(texts::deniedNote));
     auto* open = new QPushButton(words_(texts::openSystemSettings));
-    connect(open, &QPushButton::clicked, this, [this] { notifications_.openSystemSettings(); });
+    connect(open, &QPushButton::clicked, this, [this] { services_.actions.openNotificationSettings(); });
 
     auto* layout = rowLayout(row);
     layout->setSpacing(scaled(16));
@@ -75,7 +75,7 @@ QWidget* NotificationsStep::makeDeniedRow()
 
 void NotificationsStep::showStatus()
 {
-    const AuthStatus status = notifications_.status();
+    const AuthStatus status = services_.notifications.status();
     status_->setText(words_(permissionText(status)));
     allow_->setEnabled(status == AuthStatus::notDetermined); // otherwise no question appears
     denied_->setVisible(status == AuthStatus::denied);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "alerts/notification_service.h"
 #include "base/subscription.h"
+#include "core/services.h"
 #include "ui/words.h"
 
 #include <QWidget>
@@ -18,15 +18,15 @@ class TextLabel;
 class NotificationsStep final : public QWidget {
     Q_OBJECT
 public:
-    NotificationsStep(NotificationService& notifications, const Words& words, QWidget* parent = nullptr);
+    explicit NotificationsStep(Services& services, QWidget* parent = nullptr);
 
 private:
     QWidget* makeStatusRow();
     QWidget* makeDeniedRow();
     void showStatus();
 
-    NotificationService& notifications_;
-    Words words_;
+    Services& services_;
+    const Words words_;
     TextLabel* status_ = nullptr;
     QPushButton* allow_ = nullptr;
     QWidget* denied_ = nullptr;

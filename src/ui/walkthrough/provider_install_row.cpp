@@ -65,7 +65,7 @@ void ProviderInstallRow::showCard()
         words_({card_.isInstalled() ? texts::installedOf : texts::installOf, {name}}));
     install_->setEnabled(card_.canInstall());
     install_->setVisible(card_.isAvailable());
-    ChimewellStyle::setHeld(install_, card_.isSettling());
+    ChimewellStyle::setHeld(install_, card_.isPausing());
 
     const auto& news = card_.infoMessage();
     const QString info = news ? words_(*news) : QString();
@@ -77,12 +77,12 @@ void ProviderInstallRow::showCard()
     // Heard when the keyboard comes back from the question.
     install_->setAccessibleDescription(error.isEmpty() ? info : error);
     isClicked_ = isClicked_ && card_.canInstall();
-    if (isClicked_ && !card_.isSettling()) ask();
+    if (isClicked_ && !card_.isPausing()) ask();
 }
 
 void ProviderInstallRow::ask()
 {
-    isClicked_ = card_.isSettling();
+    isClicked_ = card_.isPausing();
     if (isClicked_) return;
     auto* question = new ConfirmDialog(card_.confirmation(PendingAction::install), words_, window());
     connect(question, &QDialog::accepted, this, [this] { card_.perform(PendingAction::install); });

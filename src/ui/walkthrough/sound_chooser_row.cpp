@@ -15,13 +15,14 @@
 
 namespace chimewell {
 
-SoundChooserRow::SoundChooserRow(const InterfaceServices& services, CanonicalEvent event, QWidget* parent)
+SoundChooserRow::SoundChooserRow(Services& services, CanonicalEvent event, QWidget* parent)
     : QWidget(parent),
       services_(services),
+      words_(services.ports.translator),
       event_(event),
       name_(new TextLabel(TextStyle::bodyMedium))
 {
-    name_->setText(services.words(displayName(event)));
+    name_->setText(words_(displayName(event)));
     // The controls go below the name where both do not fit beside one another.
     auto* line = new FlowLayout(scaled(8), FlowLayout::Last::trails);
     line->addWidget(name_);
@@ -37,7 +38,7 @@ SoundChooserRow::SoundChooserRow(const InterfaceServices& services, CanonicalEve
 
 QWidget* SoundChooserRow::makeControls()
 {
-    const Words& words = services_.words;
+    const Words& words = words_;
     const Text name = displayName(event_);
     sound_ = new SoundPicker(words, words({texts::soundOf, {name}}));
     connect(sound_, &SoundPicker::soundChosen, this,
@@ -79,7 +80,7 @@ void SoundChooserRow::showSetting()
 
 void SoundChooserRow::update(const std::function<void(EventSetting&)>& change)
 {
-    services_.store.updateEvent(event_, change);
+    services_.actions.changeEvent(event_, change);
 }
 
 }

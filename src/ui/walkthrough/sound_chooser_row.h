@@ -2,7 +2,9 @@
 #pragma once
 
 #include "base/subscription.h"
-#include "ui/interface_services.h"
+#include "core/services.h"
+#include "ui/windows.h"
+#include "ui/words.h"
 #include "values/canonical_event.h"
 
 #include <QWidget>
@@ -19,7 +21,7 @@ class TextLabel;
 class SoundChooserRow final : public QWidget {
     Q_OBJECT
 public:
-    SoundChooserRow(const InterfaceServices& services, CanonicalEvent event, QWidget* parent = nullptr);
+    SoundChooserRow(Services& services, CanonicalEvent event, QWidget* parent = nullptr);
 
     /// The event's name; rows below one another give theirs the same width.
     TextLabel* name() const { return name_; }
@@ -29,7 +31,8 @@ private:
     void showSetting();
     void update(const std::function<void(EventSetting&)>& change);
 
-    const InterfaceServices& services_;
+    Services& services_;
+    const Words words_;
     CanonicalEvent event_;
     TextLabel* name_;
     SoundPicker* sound_;

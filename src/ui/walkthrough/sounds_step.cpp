@@ -16,7 +16,7 @@
 
 namespace chimewell {
 
-SoundsStep::SoundsStep(const InterfaceServices& services, QWidget* parent) : QWidget(parent)
+SoundsStep::SoundsStep(Services& services, QWidget* parent) : QWidget(parent)
 {
     auto* login = new Card;
     login->addRow(new LaunchAtLoginRow(services));
@@ -25,10 +25,10 @@ SoundsStep::SoundsStep(const InterfaceServices& services, QWidget* parent) : QWi
     layout->setSpacing(scaled(12));
     layout->addWidget(makeSounds(services));
     layout->addWidget(login);
-    layout->addWidget(makeClosingNote(services.words));
+    layout->addWidget(makeClosingNote(Words(services.ports.translator)));
 }
 
-QWidget* SoundsStep::makeSounds(const InterfaceServices& services)
+QWidget* SoundsStep::makeSounds(Services& services)
 {
     auto* sounds = new Card;
     std::vector<SoundChooserRow*> rows;

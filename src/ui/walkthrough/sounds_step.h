@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/interface_services.h"
+#include "core/services.h"
+#include "ui/windows.h"
+#include "ui/words.h"
 
 #include <QWidget>
 
@@ -11,10 +13,10 @@ namespace chimewell {
 class SoundsStep final : public QWidget {
     Q_OBJECT
 public:
-    explicit SoundsStep(const InterfaceServices& services, QWidget* parent = nullptr);
+    explicit SoundsStep(Services& services, QWidget* parent = nullptr);
 
 private:
-    QWidget* makeSounds(const InterfaceServices& services);
+    QWidget* makeSounds(Services& services);
     QWidget* makeClosingNote(const Words& words);
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "presentation/walkthrough_steps.h"
+#include "presentation/onboarding_steps.h"
 #include "ui/words.h"
 
 #include <QWidget>

@@ -32,14 +32,15 @@ constexpr int aroundWindow = 32; // of the screen, for frame and title
 
 }
 
-WalkthroughWindow::WalkthroughWindow(const InterfaceServices& services, QWidget* parent)
+WalkthroughWindow::WalkthroughWindow(Services& services, QWidget* parent)
     : QWidget(parent, Qt::Window),
       services_(services),
+      words_(services.ports.translator),
       stack_(new QStackedWidget),
-      bar_(new WalkthroughBar(services.words))
+      bar_(new WalkthroughBar(words_))
 {
     setAttribute(Qt::WA_DeleteOnClose);
-    setWindowTitle(services_.words(texts::walkthroughTitle));
+    setWindowTitle(words_(texts::walkthroughTitle));
     setAccessibleRole(this, QAccessible::Window);
     services_.cards.clearMessages(); // from another time
     for (const OnboardingStep step : allOnboardingSteps)
@@ -58,7 +59,7 @@ WalkthroughWindow::WalkthroughWindow(const InterfaceServices& services, QWidget*
 
 void WalkthroughWindow::addStep(OnboardingStep step)
 {
-    pages_.push_back(new StepPage(step, makeContent(step), services_.words));
+    pages_.push_back(new StepPage(step, makeContent(step), words_));
     stack_->addWidget(new FittingScrollArea(pages_.back()));
 }
 
@@ -66,13 +67,13 @@ QWidget* WalkthroughWindow::makeContent(OnboardingStep step)
 {
     switch (step) {
     case OnboardingStep::welcome:
-        return new WelcomeStep(services_.words);
+        return new WelcomeStep(words_);
     case OnboardingStep::howItWorks:
-        return new HowItWorksStep(services_.words);
+        return new HowItWorksStep(words_);
     case OnboardingStep::notifications:
-        return new NotificationsStep(services_.notifications, services_.words);
+        return new NotificationsStep(services_);
     case OnboardingStep::installHooks:
-        return new InstallHooksStep(services_.cards, services_.words);
+        return new InstallHooksStep(services_.cards, words_);
     case OnboardingStep::sounds:
         break;
     }

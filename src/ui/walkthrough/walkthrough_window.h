@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "presentation/walkthrough_steps.h"
-#include "ui/interface_services.h"
+#include "core/services.h"
+#include "presentation/onboarding_steps.h"
+#include "ui/windows.h"
+#include "ui/words.h"
 
 #include <QWidget>
 
@@ -20,7 +22,7 @@ class WalkthroughBar;
 class WalkthroughWindow final : public QWidget {
     Q_OBJECT
 public:
-    explicit WalkthroughWindow(const InterfaceServices& services, QWidget* parent = nullptr);
+    explicit WalkthroughWindow(Services& services, QWidget* parent = nullptr);
 
     using QWidget::show;
     void show(OnboardingStep step);
@@ -43,7 +45,8 @@ private:
     void fit();
     void refresh();
 
-    const InterfaceServices& services_;
+    Services& services_;
+    const Words words_;
     OnboardingStep step_ = OnboardingStep::welcome;
     bool didEnterRegular_ = false;
     QStackedWidget* stack_;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/macos/appkit_system_sounds.h"
 
-#include "alerts/sound_player.h"
 #include "fakes/sounds.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/services.h"
+#include "core/services.h"
 
 #include "fakes/apple_event_manager.h"
 #include "fakes/login_item.h"

@@ -5,21 +5,23 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstdint>
-#include <utility>
 
 namespace chimewell {
 
 class BootTimers::Handle final : public Timer {
 public:
-    Handle(BootTimers& timers, Shared schedule) : timers_(timers), schedule_(std::move(schedule)) {}
+    Handle(BootTimers& timers, Key key) : timers_(timers), key_(key) {}
     Handle(const Handle&) = delete;
     Handle& operator=(const Handle&) = delete;
-    ~Handle() override { timers_.stop(schedule_); }
+    ~Handle() override
+    {
+        // Nothing is erased when it has fired.
+        if (timers_.queue_.erase(key_) > 0) timers_.setAlarm();
+    }
 
 private:
     BootTimers& timers_;
-    Shared schedule_;
+    Key key_;
 };
 
 BootTimers::BootTimers()
@@ -29,60 +31,35 @@ BootTimers::BootTimers()
     QObject::connect(&notifier_, &QSocketNotifier::activated, &notifier_, [this] { runDue(); });
 }
 
-std::unique_ptr<Timer> BootTimers::repeat(std::chrono::milliseconds period, std::function<void()> tick)
+std::unique_ptr<Timer> BootTimers::once(std::chrono::nanoseconds delay, std::function<void()> fire)
 {
-    period = std::max(period, std::chrono::milliseconds(1)); // zero would never let the event loop go on
-    return start(period, period, std::move(tick));
-}
-
-std::unique_ptr<Timer> BootTimers::once(std::chrono::milliseconds delay, std::function<void()> fire)
-{
-    return start(delay, std::chrono::nanoseconds::zero(), std::move(fire));
-}
-
-std::unique_ptr<Timer> BootTimers::start(std::chrono::nanoseconds delay, std::chrono::nanoseconds period,
-                                         std::function<void()> tick)
-{
-    auto schedule = std::make_shared<Schedule>(clock_.instant() + delay, period, std::move(tick));
-    queue_.emplace(schedule->due, schedule);
+    const Key key(clock_.instant() + std::max(delay, std::chrono::nanoseconds::zero()), ++lastId_);
+    queue_.emplace(key, std::move(fire));
     setAlarm();
-    return std::make_unique<Handle>(*this, std::move(schedule));
-}
-
-void BootTimers::stop(const Shared& schedule)
-{
-    const auto [first, last] = queue_.equal_range(schedule->due);
-    const auto found = std::find_if(first, last, [&](const auto& entry) { return entry.second == schedule; });
-    if (found == last) return;
-    queue_.erase(found);
-    setAlarm();
+    return std::make_unique<Handle>(*this, key);
 }
 
 void BootTimers::runDue()
 {
     std::uint64_t expirations = 0;
     if (::read(descriptor_.get(), &expirations, sizeof expirations) < 0) return; // set anew since it rang
-    const Instant now = clock_.instant();
-    while (!queue_.empty() && queue_.begin()->first <= now) {
-        const Shared schedule = queue_.begin()->second;
-        queue_.erase(queue_.begin());
-        if (schedule->period > std::chrono::nanoseconds::zero()) {
-            const auto missed = (now - schedule->due) / schedule->period; // while the machine slept
-            schedule->due += schedule->period * (missed + 1);
-            queue_.emplace(schedule->due, schedule);
-        }
-        // The queue is in order again before the tick, which may start or stop timers or run an event loop.
+    // Timers that are started meanwhile wait for the next turn of the event loop.
+    const Key end(clock_.instant(), lastId_);
+    while (!queue_.empty() && queue_.begin()->first <= end) {
+        // It is out of the queue before it runs: it may start or stop timers, or run an event loop.
+        const auto due = queue_.extract(queue_.begin());
         setAlarm();
-        schedule->tick();
+        due.mapped()();
     }
 }
 
 void BootTimers::setAlarm()
 {
-    itimerspec alarm = {}; // all zero: silent
+    itimerspec alarm = {}; // all zero: not armed
     if (!queue_.empty()) {
-        // Zero would mean silence here; a moment that has passed rings at once.
-        const auto due = std::max(queue_.begin()->first.time_since_epoch(), std::chrono::nanoseconds(1));
+        // Zero would disarm it; a moment that has passed rings at once.
+        const auto due =
+            std::max(queue_.begin()->first.first.time_since_epoch(), std::chrono::nanoseconds(1));
         const auto seconds = std::chrono::floor<std::chrono::seconds>(due);
         alarm.it_value.tv_sec = seconds.count();
         alarm.it_value.tv_nsec = (due - seconds).count();

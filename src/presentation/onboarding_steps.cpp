@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "presentation/walkthrough_steps.h"
+#include "presentation/onboarding_steps.h"
 
 #include "values/texts.h"
 

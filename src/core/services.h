@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "alerts/alert_preview.h"
+#include "alerts/alert_audio.h"
 #include "alerts/notification_service.h"
-#include "alerts/sound_player.h"
-#include "alerts/voice_announcer.h"
-#include "app/app_delegate.h"
-#include "app/dormant_marker.h"
-#include "app/url_event_handler.h"
+#include "core/app_delegate.h"
 #include "events/event_history.h"
 #include "events/event_router.h"
 #include "events/reminder_manager.h"
@@ -27,15 +23,13 @@
 #include "ports/user_folders.h"
 #include "ports/user_locale.h"
 #include "ports/workspace.h"
-#include "presentation/provider_cards.h"
+#include "presentation/provider_card.h"
 #include "presentation/user_actions.h"
 #include "settings/settings_store.h"
 
-#include <filesystem>
-
 namespace chimewell {
 
-/// What a system has to bring; all of it outlives the services.
+/// What a system provides. All of it outlives the services.
 struct Ports {
     AgentFiles& files;
     const Clock& clock;
@@ -53,26 +47,27 @@ struct Ports {
     ApplicationActivation& activation;
 };
 
-/// Every object behind the ports, made once, in the order of the start, and wired to one another.
+/// Every object above the ports, made once and wired. This is what the windows are given.
 class Services {
 public:
-    /// `folder` is the application's own.
-    Services(const Ports& ports, const std::filesystem::path& folder);
+    explicit Services(const Ports& ports);
     Services(const Services&) = delete;
     Services& operator=(const Services&) = delete;
 
+    const Ports ports;
+
     SettingsStore store;
     SoundPlayer sound;
-    NotificationService notifications;
     VoiceAnnouncer voice;
+    AlertAudio audio;
+    NotificationService notifications;
     EventHistory history;
     ReminderManager reminders;
     EventRouter router;
     SessionFocus focus;
     HookInstallers installers;
-    AlertPreview preview;
-    UserActions actions;
     ProviderCards cards;
+    UserActions actions;
     URLEventHandler urls;
     DormantMarker marker;
     AppDelegate delegate;

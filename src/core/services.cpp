@@ -1,20 +1,34 @@
 // SPDX-License-Identifier: MIT
-#include "app/services.h"
+#include "core/services.h"
+
+#include <filesystem>
 
 namespace chimewell {
 
-Services::Services(const Ports& ports, const std::filesystem::path& folder)
-    : store(ports.files, folder),
+namespace {
+
+/// The folder that holds the settings and the dormant marker.
+std::filesystem::path applicationFolder(const UserFolders& folders)
+{
+    const auto support = folders.applicationSupport();
+    return (support ? *support : folders.home() / "Library/Application Support") / "Chimewell";
+}
+
+}
+
+Services::Services(const Ports& with)
+    : ports(with),
+      store(ports.files, applicationFolder(ports.folders)),
       sound(ports.sounds),
-      notifications(ports.notifications, ports.random, ports.translator),
       voice(ports.speech, ports.translator),
+      audio(sound, voice),
+      notifications(ports.notifications, ports.random, ports.translator),
       history(ports.clock, ports.random),
       reminders({.store = store, .clock = ports.clock, .timers = ports.timers, .random = ports.random}),
       router({.store = store,
               .history = history,
-              .sound = sound,
+              .audio = audio,
               .notifications = notifications,
-              .voice = voice,
               .reminders = reminders,
               .clock = ports.clock}),
       focus(ports.workspace),
@@ -22,18 +36,19 @@ Services::Services(const Ports& ports, const std::filesystem::path& folder)
                   .clock = ports.clock,
                   .folders = ports.folders,
                   .resources = ports.resources}),
-      preview(sound, voice),
+      cards({.installers = installers, .store = store, .files = ports.files, .timers = ports.timers}),
       actions({.store = store,
+               .history = history,
                .router = router,
                .notifications = notifications,
                .sound = sound,
-               .preview = preview,
+               .audio = audio,
+               .focus = focus,
                .loginItem = ports.loginItem,
                .random = ports.random,
                .activation = ports.activation}),
-      cards({.installers = installers, .store = store, .files = ports.files, .timers = ports.timers}),
       urls(router),
-      marker(ports.files, ports.clock, folder),
+      marker(ports.files, ports.clock, store.folder()),
       delegate({.activation = ports.activation,
                 .urls = urls,
                 .notifications = notifications,
