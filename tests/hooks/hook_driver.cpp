@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// hook_driver PROVIDER HELPER ACTION...: lets an installer act on the real files of the home folder (HOME).
-// Prints a line for each action's outcome; the status is 1 if one failed, 64 for a wrong call.
+// hook_driver PROVIDER HELPER ACTION...: runs an installer (install, uninstall, restore, status, nothing) on
+// the real files of the home folder (HOME). Prints a line for each outcome; the status is 1 if one failed, 64
+// for a wrong call.
 #include "hooks/hook_installers.h"
 #include "platform/posix/posix_clock.h"
 #include "platform/posix/posix_files.h"
@@ -26,55 +27,18 @@ void say(const std::string& line)
     std::puts(line.c_str());
 }
 
-bool report(const HookInstaller::Result<ProviderInstallState>& state)
-{
-    say(state ? "ok" : "error: " + english(state.error().description()));
-    return state.has_value();
-}
-
-bool report(const HookInstaller::Result<std::vector<HookChange>>& changes)
-{
-    if (!changes) {
-        say("error: " + english(changes.error().description()));
-        return false;
-    }
-    for (const HookChange& change : *changes)
-        say((change.kind == HookChange::Kind::added ? "+ " : "- ") + change.entry);
-    return true;
-}
-
-bool report(const HookInstallStatus& status)
-{
-    switch (status.kind) {
-    case HookInstallStatus::Kind::installed:
-        say("installed");
-        break;
-    case HookInstallStatus::Kind::notInstalled:
-        say("not installed");
-        break;
-    case HookInstallStatus::Kind::comingSoon:
-        say("coming soon");
-        break;
-    case HookInstallStatus::Kind::error:
-        say("error: " + english(status.message));
-        return false;
-    }
-    return true;
-}
-
 bool act(HookInstaller& installer, std::string_view action)
 {
-    if (action == "install") return report(installer.install());
-    if (action == "uninstall") return report(installer.uninstall());
-    if (action == "restore") return report(installer.restore());
-    if (action == "status") return report(installer.status());
-    if (action == "changes-by-install") return report(installer.changesByInstall());
-    if (action == "changes-by-uninstall") return report(installer.changesByUninstall());
-    if (action == "offers-restore") {
-        say(installer.look({}).offersRestore ? "yes" : "no");
+    if (action == "nothing") return true;
+    if (action == "status") {
+        say(installer.status().kind == HookInstallStatus::Kind::installed ? "installed" : "not installed");
         return true;
     }
-    return action == "nothing";
+    const auto done = action == "install"     ? installer.install()
+                      : action == "uninstall" ? installer.uninstall()
+                                              : installer.restore();
+    say(done ? "ok" : "error: " + english(done.error().description()));
+    return done.has_value();
 }
 
 }
@@ -92,7 +56,7 @@ int main(int argc, char** argv)
     const auto installer =
         std::ranges::find(installers.all(), std::string_view(arguments[1]), &HookInstaller::providerId);
     if (installer == installers.all().end()) return 64;
-    if (*arguments[2] != '\0') (*installer)->helperPathOverride = arguments[2];
+    (*installer)->helperPathOverride = arguments[2];
     bool allWell = true;
     for (const char* action : arguments.subspan(3))
         allWell = act(**installer, action) && allWell;
