@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/tray_icon.h"
 
-#include "ui/look/symbol_icon.h"
-#include "ui/words.h"
+#include "ui/look/symbol.h"
+#include "ui/look/words.h"
 #include "values/texts.h"
 
 #include <QAction>

@@ -2,11 +2,11 @@
 #include "ui/user_interface.h"
 
 #include "presentation/panel_model.h"
+#include "ui/controls/windows.h"
 #include "ui/look/chimewell_style.h"
 #include "ui/look/colours.h"
+#include "ui/onboarding/onboarding_window.h"
 #include "ui/settings/settings_window.h"
-#include "ui/walkthrough/walkthrough_window.h"
-#include "ui/window_keys.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -109,7 +109,7 @@ void UserInterface::openWalkthrough()
 {
     prepareLook();
     if (!walkthrough_) {
-        walkthrough_ = new WalkthroughWindow(services_);
+        walkthrough_ = new OnboardingWindow(services_);
         addKeys(walkthrough_);
     }
     bringForward(*walkthrough_);

@@ -4,8 +4,8 @@
 #include "base/subscription.h"
 #include "core/services.h"
 #include "ports/status_icon.h"
+#include "ui/controls/windows.h"
 #include "ui/panel/panel_window.h"
-#include "ui/windows.h"
 
 #include <QObject>
 #include <QPointer>
@@ -17,7 +17,7 @@
 namespace chimewell {
 
 class SettingsWindow;
-class WalkthroughWindow;
+class OnboardingWindow;
 
 /// The icon and the windows. A window is made when it is opened and given back when it is closed, so that an
 /// application that only listens stays small.
@@ -56,7 +56,7 @@ private:
     Subscription settingsChange_;
     QPointer<PanelWindow> panel_;
     QPointer<SettingsWindow> settings_;
-    QPointer<WalkthroughWindow> walkthrough_;
+    QPointer<OnboardingWindow> walkthrough_;
     std::optional<bool> isDark_;
     bool isLookReady_ = false;
     bool isPaletteOurs_ = false;

@@ -3,8 +3,7 @@
 
 #include "core/services.h"
 #include "support/fake_system.h"
-#include "ui/translation.h"
-#include "ui/words.h"
+#include "ui/look/words.h"
 
 namespace chimewell::test {
 

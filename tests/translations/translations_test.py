@@ -10,7 +10,7 @@ import xml.etree.ElementTree
 
 SOURCES = pathlib.Path()
 LITERALS = r'((?:"(?:[^"\\]|\\.)*"\s*)+)'
-CONTEXT = "chimewell::texts" # in which src/ui/words.cpp asks for a text
+CONTEXT = "chimewell::texts" # in which src/ui/look/words.cpp asks for a text
 TEXT = r"\b(?:Text|onLinux)\(\s*" + LITERALS + r"\)"
 MANY = r'\bmany\(\s*"chimewell::texts",\s*' + LITERALS + r"\)"
 PARTS = r"%[0-9n]|\*\*"

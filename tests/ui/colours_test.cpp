@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/look/colours.h"
 
-#include "ui/look/symbol_icon.h"
+#include "ui/look/symbol.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "support/windows_on_fakes.h"
-#include "ui/confirm_dialog.h"
+#include "ui/controls/confirm_dialog.h"
 
 #include <QAbstractButton>
 #include <QApplication>

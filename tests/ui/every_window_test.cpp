@@ -3,14 +3,14 @@
 // is, and all of it is said in the language of the interface.
 #include "presentation/panel_model.h"
 #include "support/windows_on_fakes.h"
-#include "ui/confirm_dialog.h"
-#include "ui/controls/elided_label.h"
+#include "ui/controls/confirm_dialog.h"
+#include "ui/controls/text_label.h"
 #include "ui/look/chimewell_style.h"
 #include "ui/look/colours.h"
+#include "ui/onboarding/onboarding_window.h"
 #include "ui/panel/panel_window.h"
 #include "ui/settings/settings_window.h"
 #include "ui/tray_icon.h"
-#include "ui/walkthrough/walkthrough_window.h"
 #include "values/sound_option.h"
 
 #include <QAbstractButton>
@@ -113,7 +113,7 @@ protected:
             settings->show(pane);
             look("settings " + std::to_string(static_cast<int>(pane)), *settings);
         }
-        const auto walkthrough = std::make_unique<WalkthroughWindow>(services);
+        const auto walkthrough = std::make_unique<OnboardingWindow>(services);
         for (const OnboardingStep step : allOnboardingSteps) {
             walkthrough->show(step);
             look("walkthrough " + std::to_string(static_cast<int>(step)), *walkthrough);

@@ -2,14 +2,14 @@
 // screenshots FOLDER light|dark: a picture of every window, pane and step. The scale is Qt's
 // (QT_SCALE_FACTOR), the language LANGUAGE's.
 #include "support/windows_on_fakes.h"
-#include "ui/confirm_dialog.h"
-#include "ui/controls/fold_button.h"
+#include "ui/controls/confirm_dialog.h"
+#include "ui/controls/disclosure.h"
 #include "ui/look/chimewell_style.h"
 #include "ui/look/colours.h"
+#include "ui/look/words.h"
+#include "ui/onboarding/onboarding_window.h"
 #include "ui/panel/panel_window.h"
 #include "ui/settings/settings_window.h"
-#include "ui/translation.h"
-#include "ui/walkthrough/walkthrough_window.h"
 
 #include <QApplication>
 #include <QDir>
@@ -86,7 +86,7 @@ void takeAll(const Camera& camera)
     };
     panel(QStringLiteral("panel-setup"));
     for (const OnboardingStep step : allOnboardingSteps) {
-        const auto window = std::make_unique<WalkthroughWindow>(services);
+        const auto window = std::make_unique<OnboardingWindow>(services);
         window->show(step);
         camera.take(*window, QStringLiteral("walkthrough-%1").arg(static_cast<int>(step) + 1));
     }

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/windows_on_fakes.h"
-#include "ui/controls/mnemonics.h"
+#include "ui/controls/windows.h"
 #include "ui/settings/settings_window.h"
-#include "ui/window_keys.h"
 
 #include <QApplication>
 #include <QComboBox>

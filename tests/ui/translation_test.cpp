@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/translation.h"
+#include "ui/look/words.h"
 #include "values/sound_option.h"
 #include "values/texts.h"
 

@@ -3,8 +3,8 @@
 #include "platform/linux/session/display_check.h"
 #include "platform/linux/session/freedesktop_application.h"
 #include "platform/linux/session/running_instance.h"
-#include "ui/look/symbol_icon.h"
-#include "ui/translation.h"
+#include "ui/look/symbol.h"
+#include "ui/look/words.h"
 
 #include <QApplication>
 #include <QCoreApplication>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/macos/application.h"
-#include "ui/translation.h"
+#include "ui/look/words.h"
 
 #include <QApplication>
 #include <QLocale>

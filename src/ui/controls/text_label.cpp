@@ -5,7 +5,11 @@
 
 #include <QEvent>
 #include <QGuiApplication>
+#include <QPainter>
 #include <QRegularExpression>
+
+#include <algorithm>
+#include <numeric>
 
 namespace chimewell {
 
@@ -119,6 +123,93 @@ void TextLabel::follow()
     const Qt::Alignment side = leftwards ? Qt::AlignRight : Qt::AlignLeft;
     setAlignment(Qt::AlignVCenter | (isCentred_ ? Qt::AlignHCenter : side | Qt::AlignAbsolute));
     isFollowing_ = false;
+}
+
+BalancedLabel::BalancedLabel(TextStyle style, Ink ink, int widest, QWidget* parent)
+    : TextLabel(style, ink, parent),
+      widest_(widest)
+{
+    setWrapping(true);
+    setCentred(true);
+}
+
+void BalancedLabel::setText(const QString& text)
+{
+    TextLabel::setText(text);
+    balance();
+}
+
+void BalancedLabel::setMarkedText(const QString& text)
+{
+    TextLabel::setMarkedText(text);
+    balance();
+}
+
+int BalancedLabel::heightForWidth(int width) const
+{
+    // Of the text alone: the margins follow from it.
+    const QMargins margins = contentsMargins();
+    return TextLabel::heightForWidth(std::min(width, widest_) + margins.left() + margins.right());
+}
+
+void BalancedLabel::resizeEvent(QResizeEvent* event)
+{
+    TextLabel::resizeEvent(event);
+    balance();
+}
+
+void BalancedLabel::changeEvent(QEvent* event)
+{
+    TextLabel::changeEvent(event);
+    if (event->type() == QEvent::FontChange) balance();
+}
+
+void BalancedLabel::balance()
+{
+    const int height = heightForWidth(width());
+    int tooNarrow = 0;
+    int enough = std::min(width(), widest_);
+    while (enough - tooNarrow > 1) {
+        const int middle = std::midpoint(tooNarrow, enough);
+        (heightForWidth(middle) > height ? tooNarrow : enough) = middle;
+    }
+    const int spare = width() - enough;
+    setContentsMargins(spare / 2, 0, spare - spare / 2, 0);
+}
+
+void ElidedLabel::setFullText(const QString& text)
+{
+    full_ = QString(text).replace(QLatin1Char('\n'), QLatin1Char(' '));
+    setAccessibleName(text);
+    updateGeometry();
+    update();
+}
+
+QSize ElidedLabel::minimumSizeHint() const
+{
+    return {fontMetrics().averageCharWidth() * 4, fontMetrics().height()};
+}
+
+QSize ElidedLabel::sizeHint() const
+{
+    return {fontMetrics().horizontalAdvance(full_) + 1, fontMetrics().height()};
+}
+
+void ElidedLabel::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setPen(
+        palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
+    painter.drawText(rect(), static_cast<int>(alignment()) | Qt::TextSingleLine,
+                     fontMetrics().elidedText(full_, Qt::ElideRight, width()));
+}
+
+void ElidedLabel::resizeEvent(QResizeEvent* event)
+{
+    TextLabel::resizeEvent(event);
+    // As rich text, which wraps; so what looks like markup has to be escaped.
+    const bool isElided = fontMetrics().horizontalAdvance(full_) > width();
+    setToolTip(isElided ? QStringLiteral("<p>%1</p>").arg(full_.toHtmlEscaped()) : QString());
 }
 
 }

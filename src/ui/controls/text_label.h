@@ -42,4 +42,43 @@ private:
     bool isFollowing_ = false;
 };
 
+/// A centred text whose lines are about equally long: as narrow as it can be without another line.
+class BalancedLabel final : public TextLabel {
+    Q_OBJECT
+public:
+    /// No line is longer than `widest`, in pixels.
+    BalancedLabel(TextStyle style, Ink ink, int widest, QWidget* parent = nullptr);
+
+    void setText(const QString& text);
+    void setMarkedText(const QString& text);
+    int heightForWidth(int width) const override;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void balance();
+
+    int widest_;
+};
+
+/// One line that ends in "…" where there is no room; the whole stands in its tooltip.
+class ElidedLabel final : public TextLabel {
+    Q_OBJECT
+public:
+    using TextLabel::TextLabel;
+
+    void setFullText(const QString& text);
+    QSize minimumSizeHint() const override;
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    QString full_;
+};
+
 }

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "presentation/event_looks.h"
+
 #include <QColor>
+#include <QIcon>
 #include <QImage>
 #include <QPixmap>
 #include <QRectF>
@@ -27,5 +30,14 @@ QPixmap symbol(std::string_view name, int size, const QColor& colour, qreal devi
 /// leftwards.
 void paintSymbol(QPainter& painter, std::string_view name, const QRectF& area, int size, const QColor& colour,
                  Qt::LayoutDirection direction = Qt::LeftToRight);
+
+/// Our drawing of the symbol of that name for ordinary buttons and check boxes. Its colour is read each time
+/// that it is drawn.
+QIcon symbolIcon(std::string_view name, Tone tone = Tone::neutral);
+
+/// The desktop's icon of that name. Where it cannot be loaded, as without Qt's plug-in for SVG, our drawing
+/// of `symbol` stands in, in a grey that is readable on light and dark panels. It bears the name all the
+/// same, for panels that load icons themselves.
+QIcon themedIcon(const QString& name, std::string_view symbol);
 
 }

@@ -3,18 +3,13 @@
 
 #include "presentation/event_looks.h"
 #include "presentation/panel_model.h"
+#include "ui/controls/buttons.h"
 #include "ui/controls/card.h"
-#include "ui/controls/fitting_scroll_area.h"
-#include "ui/controls/icon_button.h"
-#include "ui/controls/link_button.h"
-#include "ui/controls/note.h"
-#include "ui/controls/switch_button.h"
+#include "ui/controls/layouts.h"
+#include "ui/controls/marks.h"
 #include "ui/look/chimewell_style.h"
 #include "ui/look/colours.h"
-#include "ui/panel/action_row.h"
-#include "ui/panel/quick_row.h"
-#include "ui/panel/recent_panel_row.h"
-#include "ui/panel/status_dot.h"
+#include "ui/panel/panel_rows.h"
 #include "values/texts.h"
 
 #include <QGridLayout>

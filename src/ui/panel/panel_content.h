@@ -3,8 +3,8 @@
 
 #include "base/subscription.h"
 #include "core/services.h"
-#include "ui/windows.h"
-#include "ui/words.h"
+#include "ui/controls/windows.h"
+#include "ui/look/words.h"
 
 #include <QTimer>
 #include <QWidget>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/panel/panel_window.h"
 
-#include "ui/controls/accessible_role.h"
+#include "ui/controls/accessibility.h"
 #include "ui/look/colours.h"
 #include "ui/look/metrics.h"
 #include "ui/look/paint.h"

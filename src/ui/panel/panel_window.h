@@ -2,8 +2,8 @@
 #pragma once
 
 #include "core/services.h"
-#include "ui/windows.h"
-#include "ui/words.h"
+#include "ui/controls/windows.h"
+#include "ui/look/words.h"
 
 #include <QRect>
 #include <QWidget>

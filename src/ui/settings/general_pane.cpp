@@ -3,27 +3,31 @@
 
 #include "core/product.h"
 #include "presentation/settings_model.h"
+#include "ui/controls/buttons.h"
 #include "ui/controls/card.h"
-#include "ui/controls/edges.h"
-#include "ui/controls/link_button.h"
-#include "ui/controls/switch_button.h"
+#include "ui/controls/layouts.h"
+#include "ui/controls/marks.h"
 #include "ui/controls/text_label.h"
-#include "ui/look/symbol_icon.h"
-#include "ui/settings/activatable_row.h"
-#include "ui/settings/diagnostics_section.h"
-#include "ui/settings/row_layout.h"
-#include "ui/settings/setting_row.h"
-#include "ui/settings/switch_row.h"
+#include "ui/look/symbol.h"
+#include "ui/settings/pane_column.h"
 #include "values/texts.h"
 
 #include <QDesktopServices>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QUrl>
+#include <QVBoxLayout>
 
 namespace chimewell {
 
 namespace {
+
+QPushButton* makeButton(const QString& text)
+{
+    auto* button = new QPushButton(text);
+    button->setAutoDefault(false);
+    return button;
+}
 
 constexpr double betweenLinks = 4;
 
@@ -42,6 +46,72 @@ QWidget* makeWideRow(QWidget* text, QWidget* control, double endMargin)
     return row;
 }
 
+}
+
+DiagnosticsSection::DiagnosticsSection(Services& services, QWidget* parent)
+    : QWidget(parent),
+      services_(services),
+      words_(services.ports.translator),
+      explanation_(makeExplanation())
+{
+    auto* card = new Card;
+    card->addRow(makeTests(), cardEdge);
+    card->addRow(explanation_, cardEdge);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(card);
+    statusChange_ = services_.notifications.onChange([this] { showStatus(); });
+    showStatus();
+}
+
+QWidget* DiagnosticsSection::makeTests()
+{
+    auto* caption = new TextLabel(TextStyle::subheadline, Ink::secondary);
+    caption->setText(words_(texts::diagnosticsCaption));
+    caption->setWrapping(true);
+    auto* banner = makeButton(words_(texts::testBanner));
+    connect(banner, &QPushButton::clicked, this, [this] {
+        services_.actions.testBanner();
+        didRunBannerTest_ = true;
+        showStatus();
+    });
+    auto* sample = makeButton(words_(texts::playSample));
+    sample->setToolTip(words_(texts::sampleTooltip));
+    sample->setAccessibleDescription(words_(texts::sampleTooltip));
+    connect(sample, &QPushButton::clicked, this, [this] { services_.actions.playSample(); });
+
+    auto* row = new QWidget;
+    auto* layout = new QVBoxLayout(row);
+    layout->setContentsMargins(inRow(cardEdge), scaled(12), inRow(cardEdge), scaled(14));
+    layout->setSpacing(scaled(8));
+    layout->addWidget(caption);
+    auto* buttons = new FlowLayout(scaled(8));
+    buttons->addWidget(banner);
+    buttons->addWidget(sample);
+    layout->addLayout(buttons);
+    return row;
+}
+
+QWidget* DiagnosticsSection::makeExplanation()
+{
+    reason_ = new Note(TextStyle::subheadline);
+    open_ = makeButton(words_(texts::openSystemSettings));
+    connect(open_, &QPushButton::clicked, this, [this] { services_.actions.openNotificationSettings(); });
+    auto* row = new QWidget;
+    auto* layout = new QVBoxLayout(row);
+    layout->setContentsMargins(inRow(cardEdge), scaled(10) + 1, inRow(cardEdge), scaled(10));
+    layout->addLayout(new RowLayout(reason_, open_));
+    return row;
+}
+
+void DiagnosticsSection::showStatus()
+{
+    const AuthStatus status = services_.notifications.status();
+    const bool isDenied = status == AuthStatus::denied;
+    reason_->setNote("bell.slash", Tone::orange,
+                     words_(isDenied ? texts::bannersOff : texts::testBannerNotShown));
+    open_->setVisible(isDenied);
+    explanation_->setVisible(didRunBannerTest_ && (isDenied || status == AuthStatus::unavailable));
 }
 
 GeneralPane::GeneralPane(Services& services, const Windows& windows, QWidget* parent)

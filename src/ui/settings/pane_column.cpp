@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "ui/settings/pane_column.h"
 
+#include "ui/controls/buttons.h"
 #include "ui/controls/card.h"
-#include "ui/controls/edges.h"
+#include "ui/controls/layouts.h"
+#include "ui/controls/marks.h"
 #include "ui/controls/text_label.h"
+#include "ui/look/words.h"
 
 #include <QHBoxLayout>
+#include <QMouseEvent>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -17,6 +21,10 @@ namespace {
 constexpr double widest = 640, sidePadding = 24, endPadding = 20;
 constexpr double introHeight = 28, betweenCards = 12, aboveHeading = 22, aboveFirstHeading = 4,
                  belowHeading = 8;
+
+constexpr double rowHeight = 45, aboveAndBelow = 8; // with the hairline above
+
+constexpr double aroundSwitchRow = 9;
 
 }
 
@@ -86,6 +94,55 @@ void PaneColumn::centre()
     const int side = std::max(scaled(sidePadding), (room - scaled(widest)) / 2);
     const QMargins margins = directed(side, scaled(endPadding), side - (room - width()), scaled(endPadding));
     if (column_->contentsMargins() != margins) column_->setContentsMargins(margins);
+}
+
+SettingRow::SettingRow(const QString& label, QWidget* control, QWidget* parent)
+    : QWidget(parent),
+      label_(new TextLabel(TextStyle::body))
+{
+    label_->setText(label);
+    label_->setWrapping(true);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(inRow(cardEdge), scaled(aboveAndBelow) + 1, inRow(cardEdge),
+                               scaled(aboveAndBelow));
+    layout->addLayout(new RowLayout(label_, control));
+    setMinimumHeight(scaled(rowHeight));
+}
+
+SwitchRow::SwitchRow(const QString& label, const QString& caption, QWidget* parent)
+    : QWidget(parent),
+      label_(new TextLabel(TextStyle::body)),
+      switch_(new SwitchButton(label)),
+      error_(new Note)
+{
+    label_->setText(label);
+    label_->setWrapping(true);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(directed(inRow(cardEdge), scaled(aroundSwitchRow), inRow(cardEdge) - ringRoom,
+                                        scaled(aroundSwitchRow)));
+    layout->setSpacing(scaled(4));
+    layout->addLayout(new RowLayout(label_, switch_));
+    if (!caption.isEmpty()) {
+        auto* text = new TextLabel(TextStyle::caption, Ink::secondary);
+        text->setText(caption);
+        text->setWrapping(true);
+        text->setContentsMargins(directed(0, 0, scaled(metrics::switchWidth), 0));
+        switch_->setAccessibleDescription(caption);
+        layout->addWidget(text);
+    }
+    error_->hide();
+    layout->addWidget(error_);
+}
+
+void SwitchRow::showError(const QString& message)
+{
+    error_->setVisible(!message.isEmpty());
+    error_->setNote("exclamationmark.triangle", Tone::red, message);
+}
+
+void SwitchRow::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton && label_->geometry().contains(event->pos())) switch_->click();
 }
 
 }

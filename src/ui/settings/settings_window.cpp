@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/settings/settings_window.h"
 
-#include "ui/controls/accessible_role.h"
+#include "ui/controls/accessibility.h"
 #include "ui/controls/card.h"
-#include "ui/controls/edges.h"
-#include "ui/controls/note.h"
+#include "ui/controls/layouts.h"
+#include "ui/controls/marks.h"
 #include "ui/settings/events_pane.h"
 #include "ui/settings/general_pane.h"
 #include "ui/settings/providers_pane.h"

@@ -4,8 +4,8 @@
 #include "base/subscription.h"
 #include "core/services.h"
 #include "presentation/settings_model.h"
-#include "ui/windows.h"
-#include "ui/words.h"
+#include "ui/controls/windows.h"
+#include "ui/look/words.h"
 
 #include <QWidget>
 

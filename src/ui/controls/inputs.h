@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/look/words.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QSpinBox>
+
+#include <string>
+#include <string_view>
+
+namespace chimewell {
+
+/// A line of text to be edited. What is being edited is left alone, and counts when the editing is over.
+class Field final : public QLineEdit {
+    Q_OBJECT
+public:
+    explicit Field(const QString& name, QWidget* parent = nullptr);
+
+    /// Shows what is stored, unless the user is writing something else.
+    void showText(const QString& text);
+
+protected:
+    void hideEvent(QHideEvent* event) override;
+};
+
+/// A choice of one among several. The wheel scrolls the pane and does not change it.
+class Picker : public QComboBox {
+    Q_OBJECT
+public:
+    /// `name` says what is chosen.
+    explicit Picker(const QString& name, QWidget* parent = nullptr);
+
+protected:
+    void wheelEvent(QWheelEvent* event) override;
+};
+
+/// A choice among all sounds and silence.
+class SoundPicker final : public Picker {
+    Q_OBJECT
+public:
+    SoundPicker(const Words& words, const QString& name, QWidget* parent = nullptr);
+
+    /// Nothing is chosen where there is no such sound. Tells nobody.
+    void show(std::string_view soundId);
+
+Q_SIGNALS:
+    /// By the user.
+    void soundChosen(const std::string& soundId);
+};
+
+/// A whole number, one more or one less at a time: two halves with a hairline between them. The number itself
+/// stands in the row's text.
+class Stepper final : public QSpinBox {
+    Q_OBJECT
+public:
+    explicit Stepper(const QString& name, QWidget* parent = nullptr);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+
+private:
+    /// -1 for the half that takes away, 1 for the other.
+    int halfAt(const QPoint& position) const;
+    void repeatAfter(int milliseconds);
+
+    int pressed_ = 0;
+    int timer_ = 0;
+};
+
+}

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "presentation/event_looks.h"
+#include "presentation/panel_model.h"
+#include "ui/look/words.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <string_view>
+
+namespace chimewell {
+
+class ElidedLabel;
+class IconButton;
+class SwitchButton;
+class SymbolLabel;
+class TextLabel;
+
+/// A symbol, a name and a switch, with a button before the switch where there is something to try.
+class QuickRow final : public QWidget {
+    Q_OBJECT
+public:
+    explicit QuickRow(const QString& name, QWidget* parent = nullptr);
+
+    SwitchButton* toggle() const { return switch_; }
+    void setSymbol(std::string_view symbol, Tone tone);
+    IconButton* addButton(std::string_view symbol, const QString& name);
+
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    SymbolLabel* icon_;
+    SwitchButton* switch_;
+};
+
+/// One alert of the past in the panel: what it was, when, and the way back to its session.
+class RecentPanelRow final : public QWidget {
+    Q_OBJECT
+public:
+    RecentPanelRow(const Words& words, std::function<void(const RecentRow&)> openSession,
+                   QWidget* parent = nullptr);
+
+    void show(const RecentRow& row);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    const Words words_;
+    std::function<void(const RecentRow&)> openSession_;
+    RecentRow row_;
+    SymbolLabel* icon_;
+    ElidedLabel* title_;
+    TextLabel* time_;
+    ElidedLabel* message_;
+    IconButton* open_;
+};
+
+}
