@@ -27,7 +27,7 @@ UserInterface::~UserInterface()
 {
     delete panel_;
     delete settings_;
-    delete walkthrough_;
+    delete onboarding_;
 }
 
 bool UserInterface::eventFilter(QObject* watched, QEvent* event)
@@ -55,13 +55,13 @@ void UserInterface::showState()
 
 void UserInterface::start()
 {
-    if (!services_.store.settings().hasCompletedOnboarding) openWalkthrough();
+    if (!services_.store.settings().hasCompletedOnboarding) openOnboarding();
 }
 
 void UserInterface::activate()
 {
     if (!services_.store.settings().hasCompletedOnboarding)
-        openWalkthrough();
+        openOnboarding();
     else if (icon_)
         openSettings();
     else
@@ -81,7 +81,7 @@ void UserInterface::openPanel(const QRect& icon)
     }
     const auto form = icon.isEmpty() ? PanelWindow::Form::window : PanelWindow::Form::popUp;
     panel_ = new PanelWindow(services_, windows(), form);
-    addKeys(panel_);
+    addKeys(*panel_);
     panel_->showBeside(icon);
     services_.actions.comeForward();
 }
@@ -100,30 +100,29 @@ void UserInterface::openSettings()
     prepareLook();
     if (!settings_) {
         settings_ = new SettingsWindow(services_, windows());
-        addKeys(settings_);
+        addKeys(*settings_);
     }
     bringForward(*settings_);
 }
 
-void UserInterface::openWalkthrough()
+void UserInterface::openOnboarding()
 {
     prepareLook();
-    if (!walkthrough_) {
-        walkthrough_ = new OnboardingWindow(services_);
-        addKeys(walkthrough_);
+    if (!onboarding_) {
+        onboarding_ = new OnboardingWindow(services_);
+        addKeys(*onboarding_);
     }
-    bringForward(*walkthrough_);
+    bringForward(*onboarding_);
 }
 
-void UserInterface::addKeys(QWidget* window)
+void UserInterface::addKeys(QWidget& window)
 {
-    WindowKeys{.openSettings = [this] { openSettings(); }, .quit = [this] { services_.actions.quit(); }}
-        .addTo(window);
+    addWindowKeys(window, [this] { openSettings(); }, [this] { services_.actions.quit(); });
 }
 
 Windows UserInterface::windows()
 {
-    return {.openSettings = [this] { openSettings(); }, .openWalkthrough = [this] { openWalkthrough(); }};
+    return {.openSettings = [this] { openSettings(); }, .openOnboarding = [this] { openOnboarding(); }};
 }
 
 void UserInterface::setDark(std::optional<bool> isDark)
@@ -136,7 +135,7 @@ void UserInterface::prepareLook()
 {
     if (isLookReady_) return;
     isLookReady_ = true;
-    // A palette that is just the style's own comes from no desktop.
+    // A palette equal to the style's own does not come from a desktop.
     isPaletteOurs_ = QApplication::palette() == QApplication::style()->standardPalette();
     QApplication::setStyle(new ChimewellStyle); // the application owns it
     if (isPaletteOurs_) applyPalette();

@@ -19,8 +19,8 @@ namespace chimewell {
 class SettingsWindow;
 class OnboardingWindow;
 
-/// The icon and the windows. A window is made when it is opened and given back when it is closed, so that an
-/// application that only listens stays small.
+/// The icon and the windows. A window exists only while it is open, so that an application that only listens
+/// stays small.
 class UserInterface final : public QObject {
     Q_OBJECT
 public:
@@ -29,23 +29,22 @@ public:
 
     /// Shows the state of the application in `icon` from now on; null where nothing shows icons.
     void setIcon(std::unique_ptr<StatusIcon> icon);
-    /// The walkthrough opens by itself until the user has ended it once.
+    /// Opens the onboarding unless the user has ended it once.
     void start();
-    /// The user started the application, which runs already.
+    /// Call it when the user starts the application while it is running.
     void activate();
     void openPanel(const QRect& icon);
     void openSettings();
-    void openWalkthrough();
+    void openOnboarding();
 
-    /// What the desktop says of light and dark; nothing where it says nothing. Counts only where the desktop
-    /// has no palette of its own.
+    /// The desktop's preference, if it has one. Used only where the desktop has no palette of its own.
     void setDark(std::optional<bool> isDark);
 
     Windows windows();
 
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void addKeys(QWidget* window);
+    void addKeys(QWidget& window);
     void bringForward(QWidget& window);
     void showState();
     void prepareLook();
@@ -56,7 +55,7 @@ private:
     Subscription settingsChange_;
     QPointer<PanelWindow> panel_;
     QPointer<SettingsWindow> settings_;
-    QPointer<OnboardingWindow> walkthrough_;
+    QPointer<OnboardingWindow> onboarding_;
     std::optional<bool> isDark_;
     bool isLookReady_ = false;
     bool isPaletteOurs_ = false;

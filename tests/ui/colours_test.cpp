@@ -43,32 +43,33 @@ const Desktop desktops[] = {
     {"yellow accent", palette(0xF4F4F6, 0xFFFFFF, 0x1C1C1F, 0xF6D32D, 0x1A5DC2)},
 };
 
-TEST(Colours, ReadOnEveryGroundOfEveryDesktop)
+TEST(Colours, ReadOnEveryBackgroundOfEveryDesktop)
 {
     for (const Desktop& desktop : desktops) {
         const Colours c = Colours::from(desktop.palette);
-        const auto reads = [&](const char* what, const QColor& colour, const QColor& ground, double least) {
-            EXPECT_GE(Colours::contrast(colour, ground), least)
+        const auto reads = [&](const char* what, const QColor& colour, const QColor& background,
+                               double least) {
+            EXPECT_GE(Colours::contrast(colour, background), least)
                 << desktop.name << ": " << what << " " << colour.name().toStdString() << " on "
-                << ground.name().toStdString();
+                << background.name().toStdString();
         };
-        for (const QColor& ground : {c.window, c.sidebar, c.card}) {
-            const auto washed = [&](double veil) { return Colours::mixed(c.text, ground, veil); };
-            for (const double veil : {0.0, Colours::hover, Colours::pressed, Colours::selected,
-                                      Colours::buttonRest, Colours::buttonHover, Colours::buttonPressed})
-                reads("text", c.text, washed(veil), text);
-            for (const double veil : {0.0, Colours::hover}) {
-                reads("secondary", c.secondary, washed(veil), text);
-                reads("link", c.accentText, washed(veil), text);
+        for (const QColor& background : {c.window, c.sidebar, c.card}) {
+            const auto tinted = [&](double opacity) { return Colours::mixed(c.text, background, opacity); };
+            for (const double opacity : {0.0, Colours::hover, Colours::pressed, Colours::selected,
+                                         Colours::buttonRest, Colours::buttonHover, Colours::buttonPressed})
+                reads("text", c.text, tinted(opacity), text);
+            for (const double opacity : {0.0, Colours::hover}) {
+                reads("secondary", c.secondary, tinted(opacity), text);
+                reads("link", c.accentText, tinted(opacity), text);
             }
             for (const QColor& colour : {c.green, c.orange, c.red})
-                reads("meaning", colour, ground, text);
+                reads("meaning", colour, background, text);
             for (const QColor& colour : {c.green, c.orange, c.secondary})
-                reads("capsule", colour, Colours::mixed(colour, ground, Colours::capsule), text);
+                reads("capsule", colour, Colours::mixed(colour, background, Colours::capsule), text);
             for (const QColor& colour : {c.greenMark, c.orangeMark, c.redMark, c.outline, c.accent})
-                reads("mark", colour, ground, mark);
+                reads("mark", colour, background, mark);
         }
-        reads("the due button", c.onAccent, c.accent, text);
+        reads("the primary button", c.onAccent, c.accent, text);
         reads("the knob", c.knobOff(), c.outline, mark);
     }
 }

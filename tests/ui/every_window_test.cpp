@@ -98,7 +98,7 @@ protected:
     /// Shows everything there is, one after the other.
     void forEach(const std::function<void(const std::string& name, QWidget&)>& visit)
     {
-        const Windows windows{.openSettings = [] {}, .openWalkthrough = [] {}};
+        const Windows windows{.openSettings = [] {}, .openOnboarding = [] {}};
         const auto look = [&](const std::string& name, QWidget& window) {
             window.show();
             for (int i = 0; i < 5; ++i)

@@ -76,7 +76,7 @@ private:
 void takeAll(const Camera& camera)
 {
     const EnglishTimes times;
-    const Windows windows{.openSettings = [] {}, .openWalkthrough = [] {}};
+    const Windows windows{.openSettings = [] {}, .openOnboarding = [] {}};
     WindowsOnFakes fakes(&times);
     Services& services = fakes.services;
     const auto panel = [&](const QString& name) {
@@ -119,7 +119,7 @@ void takeAll(const Camera& camera)
     const auto question = [&](std::size_t agent, PendingAction action, const QString& name) {
         const auto dialog = std::make_unique<ConfirmDialog>(services.cards.all()[agent]->confirmation(action),
                                                             fakes.words, nullptr);
-        if (auto* fold = dialog->findChild<FoldButton*>()) fold->click();
+        if (auto* fold = dialog->findChild<DisclosureButton*>()) fold->click();
         camera.take(*dialog, name);
     };
     question(2, PendingAction::install, QStringLiteral("question-install"));

@@ -29,7 +29,7 @@ protected:
 
     void open(Pane pane)
     {
-        const Windows windows{.openSettings = [] {}, .openWalkthrough = [this] { ++walkthroughs; }};
+        const Windows windows{.openSettings = [] {}, .openOnboarding = [this] { ++walkthroughs; }};
         window = new SettingsWindow(fakes.services, windows);
         window->show(pane);
         window->show();
@@ -315,8 +315,7 @@ TEST_F(SettingsWindowTest, GeneralTellsWhatGoesWrong)
     EXPECT_EQ(walkthroughs, 1);
 
     int asked = 0;
-    WindowKeys{.openSettings = [&] { ++asked; }, .quit = [this] { fakes.services.actions.quit(); }}.addTo(
-        window);
+    addWindowKeys(*window, [&] { ++asked; }, [this] { fakes.services.actions.quit(); });
     QTest::keyClick(window, Qt::Key_Comma, Qt::ControlModifier);
     EXPECT_EQ(asked, 1);
     QTest::keyClick(window, Qt::Key_Q, Qt::ControlModifier);

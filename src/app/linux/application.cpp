@@ -82,7 +82,7 @@ void Application::showIcon(bool hasHost)
 void Application::act(const std::string& action)
 {
     if (action == "settings") interface_.openSettings();
-    if (action == "walkthrough") interface_.openWalkthrough();
+    if (action == "walkthrough") interface_.openOnboarding();
     if (action == "sample") services_.actions.playSample();
     if (action == "mute") services_.actions.setMuted(true);
     if (action == "unmute") services_.actions.setMuted(false);

@@ -23,8 +23,20 @@ QAccessibleInterface* withRole(const QString&, QObject* object)
 
 void setAccessibleRole(QWidget* widget, QAccessible::Role role)
 {
-    QAccessible::installFactory(withRole); // once: Qt knows those that it has
+    QAccessible::installFactory(withRole); // does nothing when it is installed
     widget->setProperty(roleProperty, static_cast<int>(role));
+}
+
+void setHelp(QWidget& control, const QString& help)
+{
+    control.setToolTip(help);
+    control.setAccessibleDescription(help);
+}
+
+void announce(QWidget& widget)
+{
+    QAccessibleEvent event(&widget, QAccessible::Alert);
+    QAccessible::updateAccessibility(&event);
 }
 
 }

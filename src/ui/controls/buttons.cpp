@@ -21,16 +21,11 @@ namespace chimewell {
 namespace {
 
 constexpr int slideMilliseconds = 120;
-constexpr double textStart = 36;
-constexpr double padding = 12;
-
-constexpr double rowHeight = 44;
+constexpr double menuLineHeight = 30, menuTextStart = 36, menuEdge = 12, cardRowHeight = 44;
 
 }
 
-IconButton::IconButton(std::string_view symbol, const QString& name, QWidget* parent)
-    : QAbstractButton(parent),
-      symbol_(symbol)
+IconButton::IconButton(std::string_view symbol, const QString& name) : symbol_(symbol)
 {
     setAccessibleName(name);
     setToolTip(name);
@@ -54,39 +49,42 @@ void IconButton::paintEvent(QPaintEvent*)
 {
     const Colours& c = colours();
     QPainter painter(this);
-    const int radius = scaled(metrics::controlRadius);
-    if (isEnabled() && (isDown() || underMouse()))
-        fillRounded(painter, rect(), radius, c.wash(isDown() ? Colours::pressed : Colours::hover));
-    const QColor ink =
+    paintButtonBackground(painter, *this, scaled(metrics::controlRadius));
+    const QColor colour =
         isEnabled() ? (underMouse() ? c.text : c.secondary) : Colours::faint(c.text, Colours::disabled);
-    paintSymbol(painter, symbol_, rect(), scaled(metrics::rowIcon), ink, layoutDirection());
-    if (ChimewellStyle::showsFocus(this)) paintFocusRing(painter, rect(), radius);
+    paintSymbol(painter, symbol_, rect(), scaled(metrics::rowIcon), colour, layoutDirection());
 }
 
-LinkButton::LinkButton(const QString& text, QWidget* parent) : QPushButton(text, parent)
+void reserveWidth(QPushButton& button, std::initializer_list<QString> texts)
+{
+    int width = scaled(metrics::smallestButton);
+    for (const QString& text : texts) {
+        button.setText(text);
+        width = std::max(width, button.sizeHint().width());
+    }
+    button.setMinimumWidth(width);
+}
+
+LinkButton::LinkButton(const QString& text, Tone tone) : QPushButton(text), tone_(tone)
 {
     setFlat(true);
-    setAutoDefault(false);
-    follow();
+    applyColour();
 }
 
 void LinkButton::changeEvent(QEvent* event)
 {
     QPushButton::changeEvent(event);
-    if (event->type() == QEvent::ApplicationPaletteChange) follow();
+    if (event->type() == QEvent::ApplicationPaletteChange) applyColour();
 }
 
-void LinkButton::follow()
+void LinkButton::applyColour()
 {
-    if (isFollowing_) return;
-    isFollowing_ = true;
     QPalette palette = QGuiApplication::palette();
-    palette.setColor(QPalette::ButtonText, colours().accentText);
+    palette.setColor(QPalette::ButtonText, colours().textColour(tone_));
     setPalette(palette);
-    isFollowing_ = false;
 }
 
-SwitchButton::SwitchButton(const QString& name, QWidget* parent) : QAbstractButton(parent)
+SwitchButton::SwitchButton(const QString& name)
 {
     setCheckable(true);
     setAccessibleName(name);
@@ -152,80 +150,43 @@ void SwitchButton::paintEvent(QPaintEvent*)
     }
 }
 
-ActionRow::ActionRow(std::string_view symbol, const QString& text, QWidget* parent)
-    : QAbstractButton(parent),
-      symbol_(symbol)
+RowButton::RowButton(Kind kind, std::string_view symbol, const QString& text) : kind_(kind), symbol_(symbol)
 {
     setText(text);
     setAccessibleName(text);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_Hover);
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-}
-
-QSize ActionRow::sizeHint() const
-{
-    return {scaled(textStart) + fontMetrics().horizontalAdvance(text()) + scaled(padding),
-            std::max(scaled(30), fontMetrics().height() + scaled(8))};
-}
-
-void ActionRow::paintEvent(QPaintEvent*)
-{
-    const Colours& c = colours();
-    QPainter painter(this);
-    const int radius = scaled(metrics::controlRadius);
-    if (isDown() || underMouse())
-        fillRounded(painter, rect(), radius, c.wash(isDown() ? Colours::pressed : Colours::hover));
-    const QRect icon(scaled(padding), 0, scaled(metrics::rowIcon), height());
-    paintSymbol(painter, symbol_, QStyle::visualRect(layoutDirection(), rect(), icon),
-                scaled(metrics::rowIcon), c.secondary, layoutDirection());
-    painter.setPen(c.text);
-    const QRect line = rect().adjusted(scaled(textStart), 0, -scaled(padding), 0);
-    painter.drawText(QStyle::visualRect(layoutDirection(), rect(), line),
-                     static_cast<int>(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft)) |
-                         Qt::AlignVCenter,
-                     text());
-    if (ChimewellStyle::showsFocus(this)) paintFocusRing(painter, rect(), radius);
-}
-
-ActivatableRow::ActivatableRow(const QString& text, QWidget* parent) : QAbstractButton(parent)
-{
-    setText(text);
-    setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    setAttribute(Qt::WA_Hover);
 }
 
-QSize ActivatableRow::sizeHint() const
+QSize RowButton::sizeHint() const
 {
     const QFontMetrics size(fontFor(TextStyle::body));
-    return {size.horizontalAdvance(text()) + 2 * scaled(cardEdge) + scaled(8) + scaled(metrics::rowIcon),
-            std::max(scaled(rowHeight), size.height() + 2 * scaled(8))};
+    const int words = size.horizontalAdvance(text());
+    if (kind_ == Kind::menuLine)
+        return {scaled(menuTextStart) + words + scaled(menuEdge),
+                std::max(scaled(menuLineHeight), size.height() + scaled(8))};
+    return {words + 2 * scaled(cardEdge) + scaled(8) + scaled(metrics::rowIcon),
+            std::max(scaled(cardRowHeight), size.height() + 2 * scaled(8))};
 }
 
-void ActivatableRow::paintEvent(QPaintEvent*)
+void RowButton::paintEvent(QPaintEvent*)
 {
-    const Colours& c = colours();
     QPainter painter(this);
-    const int radius = scaled(metrics::cardRadius) - 1; // that of the card, just inside its border
-    if (isDown() || underMouse())
-        fillRounded(painter, rect(), radius, c.wash(isDown() ? Colours::pressed : Colours::hover));
+    const bool isMenuLine = kind_ == Kind::menuLine;
     const int side = scaled(metrics::rowIcon);
-    const int edge = inRow(cardEdge);
-    const auto placed = [&](const QRect& area) {
-        return QStyle::visualRect(layoutDirection(), rect(), area);
-    };
-    painter.setPen(c.text);
+    const int edge = isMenuLine ? scaled(menuEdge) : inRow(cardEdge);
+    // In a card, the radius is the card's, just inside its border; the arrow does not fill its square.
+    paintButtonBackground(painter, *this,
+                          isMenuLine ? scaled(metrics::controlRadius) : scaled(metrics::cardRadius) - 1);
+    const QRect symbol(isMenuLine ? edge : width() - edge - side + scaled(4), 0, side, height());
+    const QRect words = isMenuLine ? rect().adjusted(scaled(menuTextStart), 0, -edge, 0)
+                                   : rect().adjusted(edge, 0, -edge - side - scaled(8), 0);
+    paintSymbol(painter, symbol_, QStyle::visualRect(layoutDirection(), rect(), symbol), side,
+                colours().secondary, layoutDirection());
+    painter.setPen(colours().text);
     painter.setFont(fontFor(TextStyle::body));
-    const QRect words(edge, 0, width() - 2 * edge - side - scaled(8), height());
-    const Qt::Alignment start = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft);
-    painter.drawText(placed(words),
-                     static_cast<int>(start | Qt::AlignVCenter | Qt::AlignAbsolute) | Qt::TextSingleLine,
-                     painter.fontMetrics().elidedText(text(), Qt::ElideRight, words.width()));
-    // The arrow, which does not fill its square, ends where the controls end.
-    paintSymbol(painter, "chevron.right", placed(QRect(width() - edge - side + scaled(4), 0, side, height())),
-                side, c.secondary, layoutDirection());
-    if (ChimewellStyle::showsFocus(this)) paintFocusRing(painter, rect(), radius);
+    paintTextLine(painter, QStyle::visualRect(layoutDirection(), rect(), words), text(), layoutDirection());
 }
 
 }

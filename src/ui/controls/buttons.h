@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "presentation/event_looks.h"
+
 #include <QAbstractButton>
 #include <QPushButton>
 #include <QVariantAnimation>
 
+#include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -15,7 +19,7 @@ class IconButton final : public QAbstractButton {
     Q_OBJECT
 public:
     /// `name` is its accessible name and, unless another one is set, its tooltip.
-    IconButton(std::string_view symbol, const QString& name, QWidget* parent = nullptr);
+    IconButton(std::string_view symbol, const QString& name);
 
     void setSymbol(std::string_view symbol);
     QSize sizeHint() const override;
@@ -27,29 +31,32 @@ private:
     std::string symbol_;
 };
 
-/// A button without a ground, whose words have the colour of links.
+/// Makes the button as wide as with the widest of the texts, so that nothing moves when they change.
+void reserveWidth(QPushButton& button, std::initializer_list<QString> texts);
+
+/// A button without a background, whose text has the colour of links or that of `tone`.
 class LinkButton final : public QPushButton {
     Q_OBJECT
 public:
-    explicit LinkButton(const QString& text, QWidget* parent = nullptr);
+    explicit LinkButton(const QString& text, Tone tone = Tone::accent);
 
 protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void follow();
+    void applyColour();
 
-    bool isFollowing_ = false;
+    Tone tone_;
 };
 
 /// Turns a whole thing on or off.
 class SwitchButton final : public QAbstractButton {
     Q_OBJECT
 public:
-    /// `name` is what those hear who do not see the row.
-    explicit SwitchButton(const QString& name, QWidget* parent = nullptr);
+    /// `name` is the accessible name.
+    explicit SwitchButton(const QString& name);
 
-    /// Without the sliding and without telling anybody.
+    /// Without the animation and without a signal.
     void show(bool isOn);
     QSize sizeHint() const override;
 
@@ -64,11 +71,15 @@ private:
     qreal place_ = 0; ///< Of the knob: 0 off, 1 on.
 };
 
-/// A line of a menu: a symbol and what it does.
-class ActionRow final : public QAbstractButton {
+/// A whole row that is a button: a symbol and a text.
+class RowButton final : public QAbstractButton {
     Q_OBJECT
 public:
-    ActionRow(std::string_view symbol, const QString& text, QWidget* parent = nullptr);
+    enum class Kind : std::uint8_t {
+        menuLine, ///< The symbol comes before the text.
+        cardRow   ///< The symbol comes at the end of the line. Fills its card.
+    };
+    RowButton(Kind kind, std::string_view symbol, const QString& text);
 
     QSize sizeHint() const override;
 
@@ -76,19 +87,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    Kind kind_;
     std::string symbol_;
-};
-
-/// A whole row that leads somewhere: what it is and an arrow.
-class ActivatableRow final : public QAbstractButton {
-    Q_OBJECT
-public:
-    explicit ActivatableRow(const QString& text, QWidget* parent = nullptr);
-
-    QSize sizeHint() const override;
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
 };
 
 }

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/card.h"
 
+#include "ui/controls/buttons.h"
+#include "ui/controls/layouts.h"
+#include "ui/controls/marks.h"
 #include "ui/look/colours.h"
 #include "ui/look/metrics.h"
 #include "ui/look/paint.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QVBoxLayout>
@@ -14,13 +18,13 @@ namespace chimewell {
 namespace {
 
 constexpr char textStartProperty[] = "textStart";
+constexpr double rowHeight = 45, aboveAndBelow = 8; // with the hairline above
 
 }
 
-Card::Card(QWidget* parent) : QWidget(parent), layout_(new QVBoxLayout(this))
+Card::Card() : layout_(makeColumn(this))
 {
     layout_->setContentsMargins(1, 1, 1, 1);
-    layout_->setSpacing(0);
 }
 
 void Card::setContent(QWidget* content, double padding)
@@ -60,6 +64,54 @@ void Card::paintEvent(QPaintEvent*)
         }
         isFirst = false;
     }
+}
+
+SettingRow::SettingRow(const QString& label, QWidget* control)
+    : label_(makeParagraph(TextStyle::body, Tone::neutral, label))
+{
+    auto* layout = makeColumn(this);
+    layout->setContentsMargins(inRow(cardEdge), scaled(aboveAndBelow) + 1, inRow(cardEdge),
+                               scaled(aboveAndBelow));
+    layout->addLayout(new RowLayout(label_, control));
+    setMinimumHeight(scaled(rowHeight));
+}
+
+SwitchRow::SwitchRow(const QString& label, const QString& caption, std::string_view symbol)
+    : hasSymbol_(!symbol.empty()),
+      label_(makeParagraph(TextStyle::body, Tone::neutral, label)),
+      switch_(new SwitchButton(label)),
+      error_(new Note)
+{
+    const int edge = hasSymbol_ ? scaled(cardEdge - 1) : inRow(cardEdge);
+    const int around = scaled(hasSymbol_ ? 10 : 9);
+    const int textStart = hasSymbol_ ? scaled(metrics::rowIcon) + scaled(8) : 0;
+    auto* layout = makeColumn(this, hasSymbol_ ? 2 : 4);
+    layout->setContentsMargins(directed(edge, around, edge - ringRoom, around));
+    auto* line = makeLine(nullptr, 8);
+    if (hasSymbol_) line->addWidget(new SymbolLabel(symbol, metrics::rowIcon));
+    line->addLayout(new RowLayout(label_, switch_), 1);
+    layout->addLayout(line);
+    if (!caption.isEmpty()) {
+        TextLabel* text = makeParagraph(TextStyle::caption, Tone::secondary, caption);
+        const int beside =
+            hasSymbol_ ? switch_->sizeHint().width() + scaled(8) : scaled(metrics::switchWidth);
+        switch_->setAccessibleDescription(caption);
+        layout->addWidget(padded(text, directed(textStart, 0, beside, 0)));
+    }
+    if (hasSymbol_) error_->setContentsMargins(0, scaled(4), 0, 0);
+    error_->hide();
+    layout->addWidget(error_);
+}
+
+void SwitchRow::showError(const QString& message)
+{
+    error_->showError(message);
+}
+
+void SwitchRow::mouseReleaseEvent(QMouseEvent* event)
+{
+    const QRect clickable = hasSymbol_ ? rect() : label_->geometry();
+    if (event->button() == Qt::LeftButton && clickable.contains(event->pos())) switch_->click();
 }
 
 }

@@ -3,6 +3,7 @@
 
 #include "presentation/provider_card.h"
 #include "ui/controls/disclosure.h"
+#include "ui/controls/layouts.h"
 #include "ui/controls/text_label.h"
 #include "ui/controls/windows.h"
 #include "ui/look/chimewell_style.h"
@@ -15,6 +16,7 @@
 #include <QDialogButtonBox>
 #include <QEvent>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStyle>
 #include <QVBoxLayout>
@@ -25,85 +27,84 @@ namespace chimewell {
 
 namespace {
 
-constexpr double side = 40, symbolSide = 22;
-
-constexpr double insideCorner = 3, aroundLines = 9;
-
 constexpr double dialogWidth = 480, dialogPadding = 24, besideMark = 16;
-constexpr double smallestButton = 84, highestBox = 200;
+constexpr double markSide = 40, markSymbol = 22;
+constexpr double highestBox = 200;
+constexpr double boxCorner = 3, aroundLines = 9;
 
-}
+/// What the dialog is about, at its leading edge: a symbol on a background of its own.
+class DialogMark final : public QWidget {
+public:
+    DialogMark() { setFixedSize(scaled(markSide), scaled(markSide)); }
 
-DialogMark::DialogMark(std::string_view symbol, QWidget* parent) : QWidget(parent), symbol_(symbol)
-{
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-}
-
-QSize DialogMark::sizeHint() const
-{
-    return {scaled(side), scaled(side)};
-}
-
-void DialogMark::paintEvent(QPaintEvent*)
-{
-    QPainter painter(this);
-    const QColor ink = colours().accentText;
-    fillRounded(painter, rect(), scaled(metrics::cardRadius), Colours::faint(ink, Colours::capsule));
-    paintSymbol(painter, symbol_, rect(), scaled(symbolSide), ink, layoutDirection());
-}
-
-TextBox::TextBox(const QString& name, QWidget* parent) : QPlainTextEdit(parent)
-{
-    setAccessibleName(name);
-    setReadOnly(true);
-    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    setTabChangesFocus(true);
-    setLineWrapMode(QPlainTextEdit::NoWrap);
-    setLayoutDirection(Qt::LeftToRight);
-    setFont(fontFor(TextStyle::monospace));
-    // A frame that is not drawn keeps the scroll bars within the round corners.
-    const int corner = scaled(insideCorner);
-    setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Plain));
-    setLineWidth(corner);
-    setViewportMargins(scaled(aroundLines) - corner, scaled(aroundLines) - corner, 0, 0);
-    viewport()->setAutoFillBackground(false);
-    document()->setDocumentMargin(0);
-}
-
-int TextBox::wantedHeight() const
-{
-    return document()->blockCount() * fontMetrics().lineSpacing() + 2 * scaled(aroundLines) +
-           style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-}
-
-bool TextBox::event(QEvent* event)
-{
-    switch (event->type()) {
-    case QEvent::Paint: // of what is around the lines
-        paintGround();
-        return true;
-    case QEvent::FocusIn:
-    case QEvent::FocusOut:
-        update();
-        break;
-    case QEvent::ApplicationFontChange:
-        setFont(fontFor(TextStyle::monospace));
-        break;
-    default:
-        break;
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        const QColor colour = colours().accentText;
+        fillRounded(painter, rect(), scaled(metrics::cardRadius), Colours::faint(colour, Colours::capsule));
+        paintSymbol(painter, "puzzlepiece.extension", rect(), scaled(markSymbol), colour, layoutDirection());
     }
-    return QPlainTextEdit::event(event);
-}
+};
 
-void TextBox::paintGround()
-{
-    QPainter painter(this);
-    const int radius = scaled(metrics::controlRadius);
-    fillRounded(painter, rect(), radius, colours().card);
-    if (ChimewellStyle::showsFocus(this))
-        paintFocusRing(painter, rect(), radius);
-    else
-        strokeRounded(painter, rect(), radius, colours().cardBorder());
+/// Unbroken lines of a file in a font of equal widths, to be read and copied.
+class TextBox final : public QPlainTextEdit {
+public:
+    TextBox(const QString& name, const QString& text)
+    {
+        setAccessibleName(name);
+        setReadOnly(true);
+        setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+        setTabChangesFocus(true);
+        setLineWrapMode(QPlainTextEdit::NoWrap);
+        setLayoutDirection(Qt::LeftToRight);
+        setFont(fontFor(TextStyle::monospace));
+        // A frame that is not drawn keeps the scroll bars within the round corners.
+        const int corner = scaled(boxCorner);
+        setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Plain));
+        setLineWidth(corner);
+        setViewportMargins(scaled(aroundLines) - corner, scaled(aroundLines) - corner, 0, 0);
+        viewport()->setAutoFillBackground(false);
+        document()->setDocumentMargin(0);
+        setPlainText(text);
+        const int allLines = document()->blockCount() * fontMetrics().lineSpacing() +
+                             2 * scaled(aroundLines) + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+        setFixedHeight(std::min(allLines, scaled(highestBox)));
+    }
+
+protected:
+    bool event(QEvent* event) override
+    {
+        switch (event->type()) {
+        case QEvent::Paint: // of what is around the lines
+            paintBackground();
+            return true;
+        case QEvent::FocusIn:
+        case QEvent::FocusOut:
+            update();
+            break;
+        case QEvent::ApplicationFontChange:
+            setFont(fontFor(TextStyle::monospace));
+            break;
+        default:
+            break;
+        }
+        return QPlainTextEdit::event(event);
+    }
+
+private:
+    void paintBackground()
+    {
+        QPainter painter(this);
+        const int radius = scaled(metrics::controlRadius);
+        fillRounded(painter, rect(), radius, colours().card);
+        if (ChimewellStyle::showsFocus(this))
+            paintFocusRing(painter, rect(), radius);
+        else
+            strokeRounded(painter, rect(), radius, colours().cardBorder());
+    }
+};
+
 }
 
 ConfirmDialog::ConfirmDialog(const Confirmation& question, const Words& words, QWidget* parent)
@@ -117,30 +118,20 @@ ConfirmDialog::ConfirmDialog(const Confirmation& question, const Words& words, Q
     setWindowTitle(title);
     setAccessibleDescription(words(question.message));
 
-    auto* mark = new DialogMark("puzzlepiece.extension");
-    auto* headline = new TextLabel(TextStyle::headline);
-    headline->setText(title);
-    headline->setWrapping(true);
-    auto* message = new TextLabel(TextStyle::body);
-    message->setText(words(question.message));
-    message->setWrapping(true);
-    message->setSelectable(true);
-
-    auto* column = new QVBoxLayout;
-    column->setSpacing(0);
-    column->addWidget(headline);
+    auto* message = makeParagraph(TextStyle::body, Tone::neutral, words(question.message));
+    message->makeSelectable();
+    auto* column = makeColumn(nullptr);
+    column->addWidget(makeParagraph(TextStyle::headline, Tone::neutral, title));
     column->addSpacing(scaled(8));
     column->addWidget(message);
     addChanges(question, words, *column);
 
-    auto* top = new QHBoxLayout;
-    top->setSpacing(scaled(besideMark));
-    top->addWidget(mark, 0, Qt::AlignTop);
+    auto* top = makeLine(nullptr, besideMark);
+    top->addWidget(new DialogMark, 0, Qt::AlignTop);
     top->addLayout(column, 1);
-    auto* layout = new QVBoxLayout(this);
+    auto* layout = makeColumn(this);
     const int padding = scaled(dialogPadding);
     layout->setContentsMargins(padding, padding, padding, padding);
-    layout->setSpacing(0);
     layout->addLayout(top);
     layout->addSpacing(scaled(20));
     addButtons(question, words, *layout);
@@ -151,20 +142,14 @@ void ConfirmDialog::addChanges(const Confirmation& question, const Words& words,
 {
     if (!question.changesTitle) return;
     const QString name = words(*question.changesTitle);
-    auto* arrow = new FoldButton(name);
-    auto* box = new TextBox(name);
-    box->setPlainText(question.changes.empty() ? words(texts::nothingToChange)
-                                               : qString(changesText(question.changes)));
-    box->setFixedHeight(std::min(box->wantedHeight(), scaled(highestBox)));
-    auto* holder = new QWidget;
-    auto* inside = new QVBoxLayout(holder);
-    inside->setContentsMargins(0, scaled(8), 0, 0);
-    inside->addWidget(box);
-    auto* fold = new Fold(holder);
-    connect(arrow, &QAbstractButton::toggled, fold, &Fold::setOpen);
+    auto* button = new DisclosureButton(name);
+    auto* box = new TextBox(name, question.changes.empty() ? words(texts::nothingToChange)
+                                                           : qString(changesText(question.changes)));
+    auto* disclosure = new Disclosure(padded(box, {0, scaled(8), 0, 0}));
+    connect(button, &QAbstractButton::toggled, disclosure, &Disclosure::setOpen);
     layout.addSpacing(scaled(16));
-    layout.addWidget(arrow, 0, Qt::AlignLeft);
-    layout.addWidget(fold);
+    layout.addWidget(button, 0, Qt::AlignLeft);
+    layout.addWidget(disclosure);
 }
 
 void ConfirmDialog::addButtons(const Confirmation& question, const Words& words, QVBoxLayout& layout)
@@ -176,13 +161,13 @@ void ConfirmDialog::addButtons(const Confirmation& question, const Words& words,
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     setMnemonics({confirm, cancel});
-    new MnemonicHints(this);
+    underlineMnemonicsWithAlt(*this);
     for (QPushButton* button : {cancel, confirm}) {
-        button->setMinimumWidth(scaled(smallestButton));
+        button->setMinimumWidth(scaled(metrics::smallestButton));
         button->setAutoDefault(true);
     }
-    if (question.losesChanges) ChimewellStyle::setGrave(confirm);
-    if (!question.isDestructive) ChimewellStyle::setDue(confirm, true);
+    if (question.losesChanges) ChimewellStyle::setDestructive(confirm);
+    if (!question.isDestructive) ChimewellStyle::setPrimary(confirm, true);
     QPushButton* answer = question.isDestructive ? cancel : confirm;
     answer->setDefault(true);
     answer->setFocus();

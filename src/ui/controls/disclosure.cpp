@@ -26,7 +26,7 @@ constexpr double foldButtonHeight = 24;
 
 }
 
-Fold::Fold(QWidget* content, QWidget* parent) : QWidget(parent), content_(content)
+Disclosure::Disclosure(QWidget* content) : content_(content)
 {
     content_->setParent(this);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
@@ -36,7 +36,7 @@ Fold::Fold(QWidget* content, QWidget* parent) : QWidget(parent), content_(conten
             [this](const QVariant& share) { moveTo(share.toReal()); });
 }
 
-void Fold::setOpen(bool isOpen)
+void Disclosure::setOpen(bool isOpen)
 {
     if (isOpen == isOpen_) return;
     isOpen_ = isOpen;
@@ -49,35 +49,35 @@ void Fold::setOpen(bool isOpen)
     slide_.start();
 }
 
-void Fold::moveTo(qreal share)
+void Disclosure::moveTo(qreal share)
 {
     share_ = share;
     setVisible(isOpen_ || share_ > 0);
     updateGeometry();
 }
 
-int Fold::contentHeight(int width) const
+int Disclosure::contentHeight(int width) const
 {
     return content_->hasHeightForWidth() ? content_->heightForWidth(width) : content_->sizeHint().height();
 }
 
-int Fold::heightForWidth(int width) const
+int Disclosure::heightForWidth(int width) const
 {
     return static_cast<int>(std::lround(share_ * contentHeight(width)));
 }
 
-QSize Fold::sizeHint() const
+QSize Disclosure::sizeHint() const
 {
     const QSize size = content_->sizeHint();
     return {size.width(), static_cast<int>(std::lround(share_ * size.height()))};
 }
 
-QSize Fold::minimumSizeHint() const
+QSize Disclosure::minimumSizeHint() const
 {
     return {content_->minimumSizeHint().width(), 0};
 }
 
-bool Fold::event(QEvent* event)
+bool Disclosure::event(QEvent* event)
 {
     if (event->type() == QEvent::LayoutRequest) { // the content wants another size
         place();
@@ -86,19 +86,19 @@ bool Fold::event(QEvent* event)
     return QWidget::event(event);
 }
 
-void Fold::resizeEvent(QResizeEvent*)
+void Disclosure::resizeEvent(QResizeEvent*)
 {
     place();
 }
 
-void Fold::place()
+void Disclosure::place()
 {
     // The content comes from under what is above it.
     const int full = contentHeight(width());
     content_->setGeometry(0, height() - full, width(), full);
 }
 
-FoldButton::FoldButton(const QString& text, QWidget* parent) : QAbstractButton(parent)
+DisclosureButton::DisclosureButton(const QString& text)
 {
     setText(text);
     setCheckable(true);
@@ -107,14 +107,14 @@ FoldButton::FoldButton(const QString& text, QWidget* parent) : QAbstractButton(p
     setAttribute(Qt::WA_Hover);
 }
 
-QSize FoldButton::sizeHint() const
+QSize DisclosureButton::sizeHint() const
 {
     const QFontMetrics size(fontFor(TextStyle::body));
     return {scaled(beforeText) + size.horizontalAdvance(text()) + scaled(padding),
             std::max(scaled(foldButtonHeight), size.height() + scaled(4))};
 }
 
-void FoldButton::paintEvent(QPaintEvent*)
+void DisclosureButton::paintEvent(QPaintEvent*)
 {
     const Colours& c = colours();
     QPainter painter(this);
@@ -128,11 +128,7 @@ void FoldButton::paintEvent(QPaintEvent*)
     painter.setFont(fontFor(TextStyle::body));
     painter.setPen(c.text);
     const QRect words(scaled(beforeText), 0, width() - scaled(beforeText), height());
-    painter.drawText(placed(words),
-                     static_cast<int>(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) |
-                                      Qt::AlignVCenter | Qt::AlignAbsolute) |
-                         Qt::TextSingleLine,
-                     text());
+    paintTextLine(painter, placed(words), text(), layoutDirection());
     if (ChimewellStyle::showsFocus(this)) paintFocusRing(painter, rect(), scaled(metrics::controlRadius));
 }
 

@@ -7,11 +7,11 @@
 
 namespace chimewell {
 
-/// Shows its content or takes no room; slides from one to the other where the desktop wants things to move.
-class Fold final : public QWidget {
+/// Shows its content or takes no room. Slides from one to the other where the desktop wants animations.
+class Disclosure final : public QWidget {
     Q_OBJECT
 public:
-    explicit Fold(QWidget* content, QWidget* parent = nullptr);
+    explicit Disclosure(QWidget* content);
 
     bool isOpen() const { return isOpen_; }
     void setOpen(bool isOpen);
@@ -36,11 +36,11 @@ private:
     qreal share_ = 0; ///< Of the content's height.
 };
 
-/// Opens and closes what is below it: an arrow and what that is.
-class FoldButton final : public QAbstractButton {
+/// Opens and closes a disclosure: an arrow and the name of its content.
+class DisclosureButton final : public QAbstractButton {
     Q_OBJECT
 public:
-    explicit FoldButton(const QString& text, QWidget* parent = nullptr);
+    explicit DisclosureButton(const QString& text);
 
     QSize sizeHint() const override;
 

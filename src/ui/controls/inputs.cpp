@@ -29,7 +29,7 @@ constexpr double stepperHeight = 24;
 
 }
 
-Field::Field(const QString& name, QWidget* parent) : QLineEdit(parent)
+Field::Field(const QString& name)
 {
     setAccessibleName(name);
     setTextMargins(scaled(7), 0, scaled(7), 0);
@@ -43,14 +43,14 @@ void Field::showText(const QString& text)
 void Field::hideEvent(QHideEvent* event)
 {
     QLineEdit::hideEvent(event);
-    // The window is closed, or the field is taken away, while somebody writes in it.
+    // The window was closed, or the field hidden, while somebody was writing in it.
     if (isModified()) Q_EMIT editingFinished();
 }
 
-Picker::Picker(const QString& name, QWidget* parent) : QComboBox(parent)
+Picker::Picker(const QString& name)
 {
     setAccessibleName(name);
-    // Assistive technology shows the entry in the place of a picker's name.
+    // Assistive technology shows the current entry instead of a picker's name.
     setAccessibleDescription(name);
     setFocusPolicy(Qt::StrongFocus);
     setSizeAdjustPolicy(QComboBox::AdjustToContents);
@@ -61,7 +61,7 @@ void Picker::wheelEvent(QWheelEvent* event)
     event->ignore();
 }
 
-SoundPicker::SoundPicker(const Words& words, const QString& name, QWidget* parent) : Picker(name, parent)
+SoundPicker::SoundPicker(const Words& words, const QString& name) : Picker(name)
 {
     for (const SoundOption& option : SoundOption::all())
         addItem(words(option.displayName));
@@ -77,7 +77,7 @@ void SoundPicker::show(std::string_view soundId)
     setCurrentIndex(found == all.end() ? -1 : static_cast<int>(found - all.begin()));
 }
 
-Stepper::Stepper(const QString& name, QWidget* parent) : QSpinBox(parent)
+Stepper::Stepper(const QString& name)
 {
     setAccessibleName(name);
     setFocusPolicy(Qt::StrongFocus);
@@ -95,7 +95,7 @@ void Stepper::paintEvent(QPaintEvent*)
     const Colours& c = colours();
     QPainter painter(this);
     const int radius = scaled(metrics::controlRadius);
-    fillRounded(painter, rect(), radius, c.wash(Colours::buttonRest));
+    fillRounded(painter, rect(), radius, c.overlay(Colours::buttonRest));
     const bool leftwards = layoutDirection() == Qt::RightToLeft;
     for (const int half : {-1, 1}) {
         const bool isLeft = (half < 0) != leftwards;
@@ -104,13 +104,13 @@ void Stepper::paintEvent(QPaintEvent*)
         if (pressed_ == half && canStep) {
             painter.save();
             painter.setClipRect(area);
-            fillRounded(painter, rect(), radius, c.wash(Colours::buttonRest));
+            fillRounded(painter, rect(), radius, c.overlay(Colours::buttonRest));
             painter.restore();
         }
-        const QColor ink = canStep ? c.text : Colours::faint(c.text, Colours::disabled);
-        paintSymbol(painter, half < 0 ? "minus" : "plus", area, scaled(14), ink);
+        const QColor colour = canStep ? c.text : Colours::faint(c.text, Colours::disabled);
+        paintSymbol(painter, half < 0 ? "minus" : "plus", area, scaled(14), colour);
     }
-    painter.fillRect(QRectF(width() / 2.0 - 0.5, height() * 0.2, 1, height() * 0.6), c.wash(0.2));
+    painter.fillRect(QRectF(width() / 2.0 - 0.5, height() * 0.2, 1, height() * 0.6), c.overlay(0.2));
     if (ChimewellStyle::showsFocus(this)) paintFocusRing(painter, rect(), radius);
 }
 

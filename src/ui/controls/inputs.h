@@ -12,25 +12,25 @@
 
 namespace chimewell {
 
-/// A line of text to be edited. What is being edited is left alone, and counts when the editing is over.
+/// A line of text to be edited. What the user is writing counts when the editing is over.
 class Field final : public QLineEdit {
     Q_OBJECT
 public:
-    explicit Field(const QString& name, QWidget* parent = nullptr);
+    explicit Field(const QString& name);
 
-    /// Shows what is stored, unless the user is writing something else.
+    /// Does nothing while the user is writing.
     void showText(const QString& text);
 
 protected:
     void hideEvent(QHideEvent* event) override;
 };
 
-/// A choice of one among several. The wheel scrolls the pane and does not change it.
+/// A choice of one among several. The mouse wheel scrolls the pane and does not change the choice.
 class Picker : public QComboBox {
     Q_OBJECT
 public:
     /// `name` says what is chosen.
-    explicit Picker(const QString& name, QWidget* parent = nullptr);
+    explicit Picker(const QString& name);
 
 protected:
     void wheelEvent(QWheelEvent* event) override;
@@ -40,9 +40,9 @@ protected:
 class SoundPicker final : public Picker {
     Q_OBJECT
 public:
-    SoundPicker(const Words& words, const QString& name, QWidget* parent = nullptr);
+    SoundPicker(const Words& words, const QString& name);
 
-    /// Nothing is chosen where there is no such sound. Tells nobody.
+    /// Shows no choice where there is no such sound. Emits no signal.
     void show(std::string_view soundId);
 
 Q_SIGNALS:
@@ -50,12 +50,11 @@ Q_SIGNALS:
     void soundChosen(const std::string& soundId);
 };
 
-/// A whole number, one more or one less at a time: two halves with a hairline between them. The number itself
-/// stands in the row's text.
+/// Changes a whole number by one: two halves with a hairline between them. The row's text shows the number.
 class Stepper final : public QSpinBox {
     Q_OBJECT
 public:
-    explicit Stepper(const QString& name, QWidget* parent = nullptr);
+    explicit Stepper(const QString& name);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -69,7 +68,7 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
-    /// -1 for the half that takes away, 1 for the other.
+    /// -1 for the minus half, 1 for the plus half.
     int halfAt(const QPoint& position) const;
     void repeatAfter(int milliseconds);
 

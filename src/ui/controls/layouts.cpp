@@ -4,7 +4,9 @@
 #include "ui/look/metrics.h"
 
 #include <QEvent>
+#include <QHBoxLayout>
 #include <QStyle>
+#include <QVBoxLayout>
 #include <QWidget>
 
 #include <algorithm>
@@ -22,25 +24,43 @@ int heightOf(const QLayoutItem& item, int width)
 
 }
 
-FlowLayout::FlowLayout(int spacing, Last last, QWidget* parent) : QLayout(parent), last_(last)
+QVBoxLayout* makeColumn(QWidget* holder, double spacing)
+{
+    auto* column = new QVBoxLayout(holder);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(scaled(spacing));
+    return column;
+}
+
+QHBoxLayout* makeLine(QWidget* holder, double spacing)
+{
+    auto* line = new QHBoxLayout(holder);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->setSpacing(scaled(spacing));
+    return line;
+}
+
+QWidget* padded(QWidget* content, const QMargins& margins)
+{
+    auto* holder = new QWidget;
+    auto* column = makeColumn(holder);
+    column->setContentsMargins(margins);
+    column->addWidget(content);
+    return holder;
+}
+
+ListLayout::ListLayout(int spacing, QWidget* parent) : QLayout(parent)
 {
     setContentsMargins(0, 0, 0, 0);
     setSpacing(spacing);
 }
 
-FlowLayout::~FlowLayout() = default;
-
-void FlowLayout::addItem(QLayoutItem* item)
-{
-    items_.emplace_back(item);
-}
-
-QLayoutItem* FlowLayout::itemAt(int index) const
+QLayoutItem* ListLayout::itemAt(int index) const
 {
     return index >= 0 && index < count() ? items_[static_cast<std::size_t>(index)].get() : nullptr;
 }
 
-QLayoutItem* FlowLayout::takeAt(int index)
+QLayoutItem* ListLayout::takeAt(int index)
 {
     if (index < 0 || index >= count()) return nullptr;
     QLayoutItem* item = items_[static_cast<std::size_t>(index)].release();
@@ -48,25 +68,39 @@ QLayoutItem* FlowLayout::takeAt(int index)
     return item;
 }
 
-QSize FlowLayout::sizeHint() const
+QSize ListLayout::sizeHint() const
 {
     QSize size;
-    for (const auto& item : items_) {
-        if (item->isEmpty()) continue;
+    for (const QLayoutItem* item : shownItems()) {
         const QSize hint = item->sizeHint();
         size = {size.width() + (size.isEmpty() ? 0 : spacing()) + hint.width(),
                 std::max(size.height(), hint.height())};
     }
-    return size.grownBy(contentsMargins());
+    return size;
 }
 
-QSize FlowLayout::minimumSize() const
+QSize ListLayout::minimumSize() const
 {
     QSize size;
-    for (const auto& item : items_)
-        if (!item->isEmpty()) size = size.expandedTo(item->minimumSize());
-    return size.grownBy(contentsMargins());
+    for (const QLayoutItem* item : shownItems())
+        size = size.expandedTo(item->minimumSize());
+    return size;
 }
+
+std::vector<QLayoutItem*> ListLayout::shownItems() const
+{
+    std::vector<QLayoutItem*> shown;
+    for (const auto& item : items_)
+        if (!item->isEmpty()) shown.push_back(item.get());
+    return shown;
+}
+
+Qt::LayoutDirection ListLayout::direction() const
+{
+    return parentWidget() ? parentWidget()->layoutDirection() : Qt::LeftToRight;
+}
+
+FlowLayout::FlowLayout(int spacing, Last last, QWidget* parent) : ListLayout(spacing, parent), last_(last) {}
 
 void FlowLayout::setGeometry(const QRect& area)
 {
@@ -74,15 +108,9 @@ void FlowLayout::setGeometry(const QRect& area)
     arrange(area, true);
 }
 
-int FlowLayout::arrange(const QRect& outer, bool places) const
+int FlowLayout::arrange(const QRect& area, bool places) const
 {
-    const QRect area = outer.marginsRemoved(contentsMargins());
-    const Qt::LayoutDirection direction =
-        parentWidget() ? parentWidget()->layoutDirection() : Qt::LeftToRight;
-    std::vector<QLayoutItem*> shown;
-    for (const auto& item : items_)
-        if (!item->isEmpty()) shown.push_back(item.get());
-
+    const std::vector<QLayoutItem*> shown = shownItems();
     int top = area.top();
     for (std::size_t first = 0; first < shown.size();) {
         int width = 0;
@@ -90,9 +118,9 @@ int FlowLayout::arrange(const QRect& outer, bool places) const
         std::size_t end = first;
         for (; end < shown.size(); ++end) {
             const QSize hint = shown[end]->sizeHint();
-            const int wanted = width + (end == first ? 0 : spacing()) + hint.width();
-            if (end != first && wanted > area.width()) break;
-            width = wanted;
+            const int longer = width + (end == first ? 0 : spacing()) + hint.width();
+            if (end != first && longer > area.width()) break;
+            width = longer;
             height = std::max(height, hint.height());
         }
         int left = area.left();
@@ -102,49 +130,24 @@ int FlowLayout::arrange(const QRect& outer, bool places) const
             const bool trails = last_ == Last::trails && i + 1 == shown.size() && !isAloneBelow;
             if (trails) left = area.right() + 1 - hint.width();
             const QRect place(QPoint(left, top + (height - hint.height()) / 2), hint);
-            shown[i]->setGeometry(QStyle::visualRect(direction, area, place));
+            shown[i]->setGeometry(QStyle::visualRect(direction(), area, place));
             left += hint.width() + spacing();
         }
         first = end;
         top += height + (first < shown.size() ? spacing() : 0);
     }
-    return top - area.top() + outer.height() - area.height();
+    return top - area.top();
 }
 
-RowLayout::RowLayout(QWidget* parent) : QLayout(parent)
-{
-    setContentsMargins(0, 0, 0, 0);
-}
-
-RowLayout::RowLayout(QWidget* label, QWidget* control, QWidget* parent) : RowLayout(parent)
+RowLayout::RowLayout(QWidget* label, QWidget* control) : ListLayout(scaled(beside), nullptr)
 {
     addWidget(label);
     addWidget(control);
 }
 
-RowLayout::~RowLayout() = default;
-
-void RowLayout::addItem(QLayoutItem* item)
+QLayoutItem* RowLayout::shown(int index) const
 {
-    items_.emplace_back(item);
-}
-
-QLayoutItem* RowLayout::itemAt(int index) const
-{
-    return index >= 0 && index < count() ? items_[static_cast<std::size_t>(index)].get() : nullptr;
-}
-
-QLayoutItem* RowLayout::takeAt(int index)
-{
-    if (index < 0 || index >= count()) return nullptr;
-    QLayoutItem* item = items_[static_cast<std::size_t>(index)].release();
-    items_.erase(items_.begin() + index);
-    return item;
-}
-
-const QLayoutItem* RowLayout::shown(std::size_t index) const
-{
-    const QLayoutItem* item = index < items_.size() ? items_[index].get() : nullptr;
+    QLayoutItem* item = itemAt(index);
     return item && !item->isEmpty() ? item : nullptr;
 }
 
@@ -154,11 +157,11 @@ RowLayout::Places RowLayout::places(int width) const
     const QLayoutItem* label = shown(0);
     const QLayoutItem* control = shown(1);
     const int controlWidth = control ? std::min(control->sizeHint().width(), width) : 0;
-    const int wanted = label ? std::min(label->sizeHint().width(), scaled(least)) : 0;
-    const int rest = std::max(0, width - controlWidth - scaled(beside));
+    const int needed = label ? std::min(label->sizeHint().width(), scaled(least)) : 0;
+    const int rest = std::max(0, width - controlWidth - spacing());
     // Nobody reads a tall column of single words.
     const bool isBelow =
-        label && control && (wanted > rest || heightOf(*label, rest) > 2 * heightOf(*label, width));
+        label && control && (needed > rest || heightOf(*label, rest) > 2 * heightOf(*label, width));
     const int labelWidth = isBelow || !control ? width : rest;
     const int labelHeight = label ? heightOf(*label, labelWidth) : 0;
     const int controlHeight = control ? heightOf(*control, controlWidth) : 0;
@@ -175,55 +178,32 @@ RowLayout::Places RowLayout::places(int width) const
     return result;
 }
 
-int RowLayout::heightForWidth(int width) const
-{
-    return places(width).height;
-}
-
-QSize RowLayout::sizeHint() const
-{
-    QSize size;
-    for (const auto& item : items_) {
-        if (item->isEmpty()) continue;
-        const QSize hint = item->sizeHint();
-        size = {size.width() + (size.width() > 0 ? scaled(beside) : 0) + hint.width(),
-                std::max(size.height(), hint.height())};
-    }
-    return size;
-}
-
-QSize RowLayout::minimumSize() const
-{
-    QSize size;
-    for (const auto& item : items_)
-        if (!item->isEmpty()) size = size.expandedTo(item->minimumSize());
-    return size;
-}
-
 void RowLayout::setGeometry(const QRect& area)
 {
     QLayout::setGeometry(area);
     const Places where = places(area.width());
     const QPoint corner(area.left(), area.top() + std::max(0, area.height() - where.height) / 2);
-    const Qt::LayoutDirection direction =
-        parentWidget() ? parentWidget()->layoutDirection() : Qt::LeftToRight;
-    const auto place = [&](std::size_t index, const QRect& at) {
-        if (shown(index))
-            items_[index]->setGeometry(QStyle::visualRect(direction, area, at.translated(corner)));
+    const auto place = [&](QLayoutItem* item, const QRect& at) {
+        if (item) item->setGeometry(QStyle::visualRect(direction(), area, at.translated(corner)));
     };
-    place(0, where.label);
-    place(1, where.control);
+    place(shown(0), where.label);
+    place(shown(1), where.control);
 }
 
-FittingScrollArea::FittingScrollArea(QWidget* content, QWidget* parent) : QScrollArea(parent)
+void setScrolledContent(QScrollArea& area, QWidget* content)
 {
-    setFrameShape(QFrame::NoFrame);
-    setWidgetResizable(true);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setFocusPolicy(Qt::NoFocus); // what is in it has it
-    viewport()->setAutoFillBackground(false);
-    setWidget(content);
+    area.setFrameShape(QFrame::NoFrame);
+    area.setWidgetResizable(true);
+    area.setFocusPolicy(Qt::NoFocus); // the content's controls have it
+    area.viewport()->setAutoFillBackground(false);
+    area.setWidget(content);
     content->setAutoFillBackground(false);
+}
+
+FittingScrollArea::FittingScrollArea(QWidget* content)
+{
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setScrolledContent(*this, content);
 }
 
 QSize FittingScrollArea::sizeHint() const
@@ -236,7 +216,7 @@ QSize FittingScrollArea::sizeHint() const
 
 bool FittingScrollArea::eventFilter(QObject* watched, QEvent* event)
 {
-    // What is in a scroll area does not tell those around it by itself that it wants another size.
+    // A scroll area does not tell its layout by itself that its content's size has changed.
     if (watched == widget() && event->type() == QEvent::LayoutRequest) updateGeometry();
     return QScrollArea::eventFilter(watched, event);
 }

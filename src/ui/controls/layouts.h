@@ -5,23 +5,25 @@
 
 #include <QGuiApplication>
 #include <QLayout>
-#include <QList>
 #include <QMargins>
 #include <QScrollArea>
 
 #include <memory>
 #include <vector>
 
+class QHBoxLayout;
+class QVBoxLayout;
+
 namespace chimewell {
 
-/// How far from a card's edge its texts begin and its controls end, as a design length; so do the texts
-/// outside the cards.
+/// How far from a card's edge its texts begin and its controls end, as a design length. The texts outside the
+/// cards are aligned with them.
 inline constexpr double cardEdge = 16;
 /// The same after a column of symbols.
 inline constexpr double afterSymbol = 40;
-/// What a button without a ground has around its words, which are to end at the edge.
+/// The padding of a button without a background, whose text is to end at the edge.
 inline constexpr double flatPadding = 8;
-/// The pixels around a switch for its focus ring; the switch itself ends at the edge.
+/// Pixels around a switch for its focus ring; the switch itself ends at the edge.
 inline constexpr int ringRoom = 3;
 /// The same beside a check box.
 inline constexpr int aroundCheckBox = 2;
@@ -39,73 +41,83 @@ inline QMargins directed(int leading, int top, int trailing, int bottom)
     return {leftwards ? trailing : leading, top, leftwards ? leading : trailing, bottom};
 }
 
-/// Puts its items beside one another and goes on below when the line is full. The last item may stand at the
-/// trailing edge of its line.
-class FlowLayout final : public QLayout {
+/// Layouts without margins; `spacing` is a design length.
+QVBoxLayout* makeColumn(QWidget* holder, double spacing = 0);
+QHBoxLayout* makeLine(QWidget* holder, double spacing = 0);
+/// A holder with one widget inside `margins`.
+QWidget* padded(QWidget* content, const QMargins& margins);
+
+/// What the layouts below have in common: they own a list of items.
+class ListLayout : public QLayout {
+    Q_OBJECT
+public:
+    void addItem(QLayoutItem* item) override { items_.emplace_back(item); }
+    int count() const override { return static_cast<int>(items_.size()); }
+    QLayoutItem* itemAt(int index) const override;
+    QLayoutItem* takeAt(int index) override;
+    bool hasHeightForWidth() const override { return true; }
+    QSize sizeHint() const override;
+    QSize minimumSize() const override;
+
+protected:
+    ListLayout(int spacing, QWidget* parent);
+    std::vector<QLayoutItem*> shownItems() const;
+    Qt::LayoutDirection direction() const;
+
+private:
+    std::vector<std::unique_ptr<QLayoutItem>> items_;
+};
+
+/// Puts its items beside one another and continues on the next line when one is full. The last item may be at
+/// the trailing edge of its line.
+class FlowLayout final : public ListLayout {
     Q_OBJECT
 public:
     enum class Last { follows, trails };
 
     explicit FlowLayout(int spacing, Last last = Last::follows, QWidget* parent = nullptr);
-    ~FlowLayout() override;
 
-    void addItem(QLayoutItem* item) override;
-    int count() const override { return static_cast<int>(items_.size()); }
-    QLayoutItem* itemAt(int index) const override;
-    QLayoutItem* takeAt(int index) override;
     Qt::Orientations expandingDirections() const override { return {}; }
-    bool hasHeightForWidth() const override { return true; }
     int heightForWidth(int width) const override { return arrange(QRect(0, 0, width, 0), false); }
-    QSize sizeHint() const override;
-    QSize minimumSize() const override;
     void setGeometry(const QRect& area) override;
 
 private:
     /// Returns the height that it takes.
-    int arrange(const QRect& outer, bool places) const;
+    int arrange(const QRect& area, bool places) const;
 
-    std::vector<std::unique_ptr<QLayoutItem>> items_;
     Last last_;
 };
 
-/// A label and, at the end of the line, its control: the two items in the order in which they were added. A
-/// control that would leave the label too little room stands below it.
-class RowLayout final : public QLayout {
+/// A label and, at the end of the line, its control. The control goes below the label where it would leave it
+/// too little room.
+class RowLayout final : public ListLayout {
     Q_OBJECT
 public:
-    explicit RowLayout(QWidget* parent = nullptr);
-    RowLayout(QWidget* label, QWidget* control, QWidget* parent = nullptr);
-    ~RowLayout() override;
+    RowLayout(QWidget* label, QWidget* control);
 
-    void addItem(QLayoutItem* item) override;
-    int count() const override { return static_cast<int>(items_.size()); }
-    QLayoutItem* itemAt(int index) const override;
-    QLayoutItem* takeAt(int index) override;
     Qt::Orientations expandingDirections() const override { return Qt::Horizontal; }
-    bool hasHeightForWidth() const override { return true; }
-    int heightForWidth(int width) const override;
-    QSize sizeHint() const override;
-    QSize minimumSize() const override;
+    int heightForWidth(int width) const override { return places(width).height; }
     void setGeometry(const QRect& area) override;
 
 private:
-    /// Where the shown items go; relative to the layout's own corner, as if the line ran rightwards.
+    /// Relative to the layout's own corner, as if the line ran rightwards.
     struct Places {
         QRect label;
         QRect control;
         int height = 0;
     };
     Places places(int width) const;
-    const QLayoutItem* shown(std::size_t index) const;
-
-    std::vector<std::unique_ptr<QLayoutItem>> items_;
+    QLayoutItem* shown(int index) const;
 };
 
-/// A column that scrolls up and down only when there is less height than it would like to have.
+/// Makes `content` what `area` scrolls.
+void setScrolledContent(QScrollArea& area, QWidget* content);
+
+/// A column that scrolls up and down only when there is less height than its content needs.
 class FittingScrollArea final : public QScrollArea {
     Q_OBJECT
 public:
-    explicit FittingScrollArea(QWidget* content, QWidget* parent = nullptr);
+    explicit FittingScrollArea(QWidget* content);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

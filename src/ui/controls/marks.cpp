@@ -2,30 +2,18 @@
 #include "ui/controls/marks.h"
 
 #include "ui/controls/accessibility.h"
+#include "ui/controls/layouts.h"
 #include "ui/look/colours.h"
-#include "ui/look/metrics.h"
 #include "ui/look/paint.h"
 #include "ui/look/symbol.h"
+#include "values/texts.h"
 
-#include <QHBoxLayout>
 #include <QPainter>
 
 namespace chimewell {
 
-namespace {
-
-QColor textColour(Tone tone)
-{
-    const Colours& c = colours();
-    if (tone == Tone::green) return c.green;
-    return tone == Tone::orange ? c.orange : c.secondary;
-}
-
-}
-
-SymbolLabel::SymbolLabel(std::string_view name, double size, Tone tone, QWidget* parent)
-    : QWidget(parent),
-      name_(name),
+SymbolLabel::SymbolLabel(std::string_view name, double size, Tone tone)
+    : name_(name),
       size_(size),
       tone_(tone)
 {
@@ -47,96 +35,54 @@ QSize SymbolLabel::sizeHint() const
 void SymbolLabel::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    paintSymbol(painter, name_, rect(), scaled(size_), colours().mark(tone_), layoutDirection());
+    paintSymbol(painter, name_, rect(), scaled(size_), colours().markColour(tone_), layoutDirection());
 }
 
-StatusDot::StatusDot(QWidget* parent) : QWidget(parent)
+CapsuleLabel::CapsuleLabel(TextStyle style) : style_(style)
 {
-    setFixedSize(8, 8);
-}
-
-void StatusDot::setTone(Tone tone)
-{
-    tone_ = tone;
-    update();
-}
-
-void StatusDot::paintEvent(QPaintEvent*)
-{
-    QPainter painter(this);
-    fillRounded(painter, rect(), width() / 2.0, colours().mark(tone_));
+    setAccessibleRole(this, QAccessible::StaticText);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
 void CapsuleLabel::show(const QString& text, Tone tone)
 {
     text_ = text;
     tone_ = tone;
-    setAccessibleRole(this, QAccessible::StaticText);
     setAccessibleName(text);
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     updateGeometry();
     update();
 }
 
 QSize CapsuleLabel::sizeHint() const
 {
-    const QFontMetrics size(capsuleFont());
+    const QFontMetrics size(fontFor(style_));
     return {size.horizontalAdvance(text_) + 2 * scaled(8), size.height() + 2 * scaled(2)};
 }
 
 void CapsuleLabel::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    const QColor colour = textColour(tone_);
+    const QColor colour = colours().textColour(tone_);
     fillRounded(painter, rect(), height() / 2.0, Colours::faint(colour, Colours::capsule));
     painter.setPen(colour);
-    painter.setFont(capsuleFont());
+    painter.setFont(fontFor(style_));
     painter.drawText(rect(), Qt::AlignCenter, text_);
 }
 
-StatusPillLabel::StatusPillLabel(QWidget* parent) : CapsuleLabel(parent) {}
-
-void StatusPillLabel::setPill(StatusPill::Kind kind, const QString& text)
+CapsuleLabel* makeBetaBadge(const Words& words)
 {
-    switch (kind) {
-    case StatusPill::Kind::installed:
-        return show(text, Tone::green);
-    case StatusPill::Kind::setupNeeded:
-        return show(text, Tone::orange);
-    case StatusPill::Kind::notInstalled:
-    case StatusPill::Kind::neutral:
-        break;
-    }
-    show(text, Tone::secondary);
+    auto* badge = new CapsuleLabel(TextStyle::badge);
+    badge->show(words(texts::beta), Tone::orange);
+    setHelp(*badge, words(texts::betaTooltip));
+    return badge;
 }
 
-QFont StatusPillLabel::capsuleFont() const
+Note::Note(TextStyle style, Tone textTone)
+    : mark_(new SymbolLabel("info.circle", metrics::rowIcon)),
+      text_(makeParagraph(style, textTone))
 {
-    return fontFor(TextStyle::caption);
-}
-
-BetaBadge::BetaBadge(const QString& text, const QString& tooltip, QWidget* parent) : CapsuleLabel(parent)
-{
-    show(text, Tone::orange);
-    setToolTip(tooltip);
-    setAccessibleDescription(tooltip);
-}
-
-QFont BetaBadge::capsuleFont() const
-{
-    return fontFor(TextStyle::badge);
-}
-
-Note::Note(TextStyle style, Ink ink, QWidget* parent)
-    : QWidget(parent),
-      mark_(new SymbolLabel("info.circle", metrics::rowIcon, Tone::secondary)),
-      text_(new TextLabel(style, ink))
-{
-    text_->setWrapping(true);
-    text_->setSelectable(true);
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(scaled(8));
+    text_->makeSelectable();
+    auto* layout = makeLine(this, 8);
     layout->addWidget(mark_, 0, Qt::AlignTop);
     layout->addWidget(text_, 1);
 }
@@ -145,6 +91,12 @@ void Note::setNote(std::string_view symbol, Tone tone, const QString& text)
 {
     mark_->setSymbol(symbol, tone);
     text_->setText(text);
+}
+
+void Note::showError(const QString& message)
+{
+    if (!message.isEmpty()) setNote("exclamationmark.triangle", Tone::red, message);
+    setVisible(!message.isEmpty());
 }
 
 }

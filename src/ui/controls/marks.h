@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "presentation/event_looks.h"
-#include "presentation/provider_card.h"
 #include "ui/controls/text_label.h"
+#include "ui/look/words.h"
 
 #include <QWidget>
 
@@ -17,7 +16,7 @@ class SymbolLabel final : public QWidget {
     Q_OBJECT
 public:
     /// `size` is a design length.
-    SymbolLabel(std::string_view name, double size, Tone tone, QWidget* parent = nullptr);
+    SymbolLabel(std::string_view name, double size, Tone tone = Tone::secondary);
 
     void setSymbol(std::string_view name, Tone tone);
     QSize sizeHint() const override;
@@ -31,66 +30,36 @@ private:
     Tone tone_;
 };
 
-/// A filled circle of eight pixels.
-class StatusDot final : public QWidget {
-    Q_OBJECT
-public:
-    explicit StatusDot(QWidget* parent = nullptr);
-
-    void setTone(Tone tone);
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
-private:
-    Tone tone_ = Tone::orange;
-};
-
 /// A short word on a capsule of its own colour.
-class CapsuleLabel : public QWidget {
+class CapsuleLabel final : public QWidget {
     Q_OBJECT
 public:
+    explicit CapsuleLabel(TextStyle style);
+
+    void show(const QString& text, Tone tone);
     QSize sizeHint() const override;
 
 protected:
-    using QWidget::QWidget;
-    void show(const QString& text, Tone tone);
     void paintEvent(QPaintEvent* event) override;
-    virtual QFont capsuleFont() const = 0;
 
 private:
+    TextStyle style_;
     QString text_;
     Tone tone_ = Tone::secondary;
 };
 
-/// What an agent's file says about our hooks.
-class StatusPillLabel final : public CapsuleLabel {
-    Q_OBJECT
-public:
-    explicit StatusPillLabel(QWidget* parent = nullptr);
-    void setPill(StatusPill::Kind kind, const QString& text);
-
-private:
-    QFont capsuleFont() const override;
-};
-
 /// Marks an integration as newer than the others.
-class BetaBadge final : public CapsuleLabel {
-    Q_OBJECT
-public:
-    BetaBadge(const QString& text, const QString& tooltip, QWidget* parent = nullptr);
-
-private:
-    QFont capsuleFont() const override;
-};
+CapsuleLabel* makeBetaBadge(const Words& words);
 
 /// A mark and a text of as many lines as it takes, which can be copied. The colour is the mark's alone.
 class Note final : public QWidget {
     Q_OBJECT
 public:
-    explicit Note(TextStyle style = TextStyle::caption, Ink ink = Ink::text, QWidget* parent = nullptr);
+    explicit Note(TextStyle style = TextStyle::caption, Tone textTone = Tone::neutral);
 
     void setNote(std::string_view symbol, Tone tone, const QString& text);
+    /// Hides the note where `message` is empty.
+    void showError(const QString& message);
     TextLabel* label() const { return text_; }
 
 private:

@@ -15,27 +15,8 @@ namespace chimewell {
 
 namespace {
 
-QColor colourOf(Ink ink)
-{
-    const Colours& c = colours();
-    switch (ink) {
-    case Ink::text:
-        return c.text;
-    case Ink::secondary:
-        return c.secondary;
-    case Ink::accent:
-        return c.accentText;
-    case Ink::green:
-        return c.green;
-    case Ink::orange:
-        return c.orange;
-    case Ink::red:
-        break;
-    }
-    return c.red;
-}
-
-QString held(QString text)
+/// With a space before each dash and arrow at which no line is broken.
+QString withHardSpaces(QString text)
 {
     for (const QChar sign : {QChar(0x2013), QChar(0x2014), QChar(0x25B8)})
         text.replace(QLatin1Char(' ') + sign, QChar(QChar::Nbsp) + QString(sign));
@@ -44,15 +25,16 @@ QString held(QString text)
 
 }
 
-TextLabel::TextLabel(TextStyle style, Ink ink, QWidget* parent) : QLabel(parent), style_(style), ink_(ink)
+TextLabel::TextLabel(TextStyle style, Tone tone, const QString& text) : style_(style), tone_(tone)
 {
     setTextFormat(Qt::PlainText);
-    follow();
+    if (!text.isEmpty()) setText(text);
+    applyStyle();
 }
 
 void TextLabel::setText(const QString& text)
 {
-    QLabel::setText(held(text));
+    QLabel::setText(withHardSpaces(text));
     setAccessibleName(text);
 }
 
@@ -60,19 +42,14 @@ void TextLabel::setMarkedText(const QString& text)
 {
     static const QRegularExpression bold(QStringLiteral("\\*\\*(.+?)\\*\\*"));
     setTextFormat(Qt::RichText);
-    QLabel::setText(held(text.toHtmlEscaped()).replace(bold, QStringLiteral("<b>\\1</b>")));
+    QLabel::setText(withHardSpaces(text.toHtmlEscaped()).replace(bold, QStringLiteral("<b>\\1</b>")));
     setAccessibleName(QString(text).remove(QStringLiteral("**")));
 }
 
-void TextLabel::setInk(Ink ink)
+void TextLabel::setTone(Tone tone)
 {
-    ink_ = ink;
-    follow();
-}
-
-void TextLabel::setWrapping(bool wraps)
-{
-    setWordWrap(wraps);
+    tone_ = tone;
+    applyStyle();
 }
 
 QSize TextLabel::minimumSizeHint() const
@@ -81,16 +58,15 @@ QSize TextLabel::minimumSizeHint() const
     return wordWrap() ? QSize(1, smallest.height()) : smallest; // a long path makes no window wide
 }
 
-void TextLabel::setSelectable(bool isSelectable)
+void TextLabel::makeSelectable()
 {
-    setTextInteractionFlags(isSelectable ? Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard
-                                         : Qt::NoTextInteraction);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 }
 
-void TextLabel::setCentred(bool isCentred)
+void TextLabel::setCentred()
 {
-    isCentred_ = isCentred;
-    follow();
+    isCentred_ = true;
+    applyStyle();
 }
 
 void TextLabel::changeEvent(QEvent* event)
@@ -101,36 +77,41 @@ void TextLabel::changeEvent(QEvent* event)
     case QEvent::ApplicationFontChange:
     case QEvent::LayoutDirectionChange:
     case QEvent::EnabledChange:
-        follow();
+        applyStyle();
         break;
     default:
         break;
     }
 }
 
-void TextLabel::follow()
+void TextLabel::applyStyle()
 {
-    if (isFollowing_) return;
-    isFollowing_ = true;
+    if (isApplying_) return;
+    isApplying_ = true;
     QPalette palette = QGuiApplication::palette();
-    const QColor colour = colourOf(ink_);
+    const QColor colour = colours().textColour(tone_);
     palette.setColor(QPalette::WindowText, colour);
     palette.setColor(QPalette::Disabled, QPalette::WindowText, Colours::faint(colour, Colours::disabled));
     setPalette(palette);
     setFont(fontFor(style_));
-    // By itself a label would follow the direction of its text and not that of the window.
+    // By itself a label follows the direction of its text and not that of the window.
     const bool leftwards = layoutDirection() == Qt::RightToLeft;
     const Qt::Alignment side = leftwards ? Qt::AlignRight : Qt::AlignLeft;
     setAlignment(Qt::AlignVCenter | (isCentred_ ? Qt::AlignHCenter : side | Qt::AlignAbsolute));
-    isFollowing_ = false;
+    isApplying_ = false;
 }
 
-BalancedLabel::BalancedLabel(TextStyle style, Ink ink, int widest, QWidget* parent)
-    : TextLabel(style, ink, parent),
-      widest_(widest)
+TextLabel* makeParagraph(TextStyle style, Tone tone, const QString& text)
 {
-    setWrapping(true);
-    setCentred(true);
+    auto* label = new TextLabel(style, tone, text);
+    label->setWordWrap(true);
+    return label;
+}
+
+BalancedLabel::BalancedLabel(TextStyle style, Tone tone, int widest) : TextLabel(style, tone), widest_(widest)
+{
+    setWordWrap(true);
+    setCentred();
 }
 
 void BalancedLabel::setText(const QString& text)

@@ -1,53 +1,50 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "presentation/event_looks.h"
 #include "ui/look/metrics.h"
 
 #include <QLabel>
 
-#include <cstdint>
-
 namespace chimewell {
-
-/// What a text's colour tells.
-enum class Ink : std::uint8_t { text, secondary, accent, green, orange, red };
 
 /// A text in one of the design's styles. Follows the desktop's font and colours.
 class TextLabel : public QLabel {
     Q_OBJECT
 public:
-    explicit TextLabel(TextStyle style, Ink ink = Ink::text, QWidget* parent = nullptr);
+    explicit TextLabel(TextStyle style, Tone tone = Tone::neutral, const QString& text = {});
 
-    /// No line begins with a dash or an arrow.
+    /// Keeps a dash or an arrow on the line of the word before it.
     void setText(const QString& text);
     /// The same with **bold** parts.
     void setMarkedText(const QString& text);
-    void setInk(Ink ink);
-    /// Lines are broken; as many as it takes.
-    void setWrapping(bool wraps);
+    void setTone(Tone tone);
     /// By mouse and by keyboard, to be copied.
-    void setSelectable(bool isSelectable);
-    void setCentred(bool isCentred);
+    void makeSelectable();
+    void setCentred();
     QSize minimumSizeHint() const override;
 
 protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void follow();
+    void applyStyle();
 
     TextStyle style_;
-    Ink ink_;
+    Tone tone_;
     bool isCentred_ = false;
-    bool isFollowing_ = false;
+    bool isApplying_ = false; ///< Applying changes the palette and font, which calls changeEvent.
 };
+
+/// A label that breaks its text into as many lines as it takes.
+TextLabel* makeParagraph(TextStyle style, Tone tone = Tone::neutral, const QString& text = {});
 
 /// A centred text whose lines are about equally long: as narrow as it can be without another line.
 class BalancedLabel final : public TextLabel {
     Q_OBJECT
 public:
     /// No line is longer than `widest`, in pixels.
-    BalancedLabel(TextStyle style, Ink ink, int widest, QWidget* parent = nullptr);
+    BalancedLabel(TextStyle style, Tone tone, int widest);
 
     void setText(const QString& text);
     void setMarkedText(const QString& text);
@@ -63,7 +60,7 @@ private:
     int widest_;
 };
 
-/// One line that ends in "…" where there is no room; the whole stands in its tooltip.
+/// One line that ends in "…" where there is no room. Its tooltip then has the whole text.
 class ElidedLabel final : public TextLabel {
     Q_OBJECT
 public:

@@ -13,6 +13,28 @@
 
 namespace chimewell {
 
+namespace {
+
+class AltKeyFilter final : public QObject {
+public:
+    explicit AltKeyFilter(QWidget& window) : QObject(&window), window_(window) {}
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+        if (isKey && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Alt)
+            ChimewellStyle::setUnderlinesMnemonics(&window_, event->type() == QEvent::KeyPress);
+        else if (event->type() == QEvent::WindowDeactivate) // no release will come
+            ChimewellStyle::setUnderlinesMnemonics(&window_, false);
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QWidget& window_;
+};
+
+}
+
 void setMnemonics(std::initializer_list<QAbstractButton*> buttons)
 {
     QSet<QChar> taken;
@@ -33,31 +55,22 @@ QString withoutMnemonic(QString text)
     return text.remove(u'&');
 }
 
-MnemonicHints::MnemonicHints(QWidget* window) : QObject(window), window_(window)
+void underlineMnemonicsWithAlt(QWidget& window)
 {
-    window->installEventFilter(this);
+    window.installEventFilter(new AltKeyFilter(window));
 }
 
-bool MnemonicHints::eventFilter(QObject* watched, QEvent* event)
+void addWindowKeys(QWidget& window, const std::function<void()>& openSettings,
+                   const std::function<void()>& quit)
 {
-    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
-    if (isKey && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Alt)
-        ChimewellStyle::setUnderlinesMnemonics(window_, event->type() == QEvent::KeyPress);
-    else if (event->type() == QEvent::WindowDeactivate) // the release is not told
-        ChimewellStyle::setUnderlinesMnemonics(window_, false);
-    return QObject::eventFilter(watched, event);
-}
-
-void WindowKeys::addTo(QWidget* window) const
-{
-    const auto add = [window](QShortcut* shortcut, auto pressed) {
-        QObject::connect(shortcut, &QShortcut::activated, window, pressed);
+    const auto add = [&](QShortcut* shortcut, auto pressed) {
+        QObject::connect(shortcut, &QShortcut::activated, &window, pressed);
     };
-    // By its meaning: a desktop may have several keys for it.
-    add(new QShortcut(QKeySequence::Close, window), [window] { window->close(); });
-    add(new QShortcut(Qt::CTRL | Qt::Key_Comma, window), openSettings);
-    add(new QShortcut(Qt::CTRL | Qt::Key_Q, window), quit);
-    new MnemonicHints(window);
+    // The standard key: a desktop may have several.
+    add(new QShortcut(QKeySequence::Close, &window), [&window] { window.close(); });
+    add(new QShortcut(Qt::CTRL | Qt::Key_Comma, &window), openSettings);
+    add(new QShortcut(Qt::CTRL | Qt::Key_Q, &window), quit);
+    underlineMnemonicsWithAlt(window);
 }
 
 }

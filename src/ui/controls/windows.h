@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QObject>
 #include <QString>
 
 #include <functional>
@@ -15,35 +14,20 @@ namespace chimewell {
 /// Opens another window, or brings it forward: there is one of each.
 struct Windows {
     std::function<void()> openSettings;
-    std::function<void()> openWalkthrough;
+    std::function<void()> openOnboarding;
 };
 
-/// Alt and a letter of its own then press each button: the first letter of its text that no button before it
-/// has. Texts that are set later lose it.
+/// The keys of every window: Ctrl+W closes it, Ctrl+comma opens the settings, Ctrl+Q quits, Alt underlines
+/// the letters that press buttons.
+void addWindowKeys(QWidget& window, const std::function<void()>& openSettings,
+                   const std::function<void()>& quit);
+/// While Alt is held, underlines the letters that press the window's buttons.
+void underlineMnemonicsWithAlt(QWidget& window);
+
+/// Lets Alt and a letter press each button: the first letter of its text that no button before it has. Call
+/// it again after changing a text.
 void setMnemonics(std::initializer_list<QAbstractButton*> buttons);
-/// The text as it is read.
+/// The text without the mark of its letter.
 QString withoutMnemonic(QString text);
-
-/// Underlines the letters that press a button with Alt, while Alt is held in the window and only then.
-/// Belongs to the window.
-class MnemonicHints final : public QObject {
-    Q_OBJECT
-public:
-    explicit MnemonicHints(QWidget* window);
-
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
-private:
-    QWidget* window_;
-};
-
-/// The keys of every window: Ctrl+W closes it, Ctrl+comma opens the settings, Ctrl+Q quits; Alt and an
-/// underlined letter press a button.
-struct WindowKeys {
-    std::function<void()> openSettings;
-    std::function<void()> quit;
-
-    void addTo(QWidget* window) const;
-};
 
 }

@@ -21,9 +21,9 @@ namespace chimewell {
 
 namespace {
 
-constexpr char dueProperty[] = "isDue";
-constexpr char graveProperty[] = "isGrave";
-constexpr char heldProperty[] = "isHeld";
+constexpr char primaryProperty[] = "isPrimary";
+constexpr char destructiveProperty[] = "isDestructive";
+constexpr char delayedProperty[] = "isDelayed";
 constexpr char mnemonicsProperty[] = "underlinesMnemonics";
 constexpr int fieldPadding = 8;
 constexpr int buttonPadding = 12;
@@ -38,17 +38,17 @@ double fillOf(const QStyleOption& option)
     return option.state & QStyle::State_MouseOver ? Colours::buttonHover : Colours::buttonRest;
 }
 
-bool isDue(const QWidget* widget)
+bool isPrimary(const QWidget* widget)
 {
-    return widget && widget->property(dueProperty).toBool();
+    return widget && widget->property(primaryProperty).toBool();
 }
 
-QColor dueFill(const QStyleOption& option)
+QColor primaryFill(const QStyleOption& option)
 {
     const Colours& c = colours();
-    const QColor veil = c.onAccent == Qt::white ? Qt::black : Qt::white;
-    if (option.state & QStyle::State_Sunken) return Colours::mixed(veil, c.accent, 0.16);
-    return option.state & QStyle::State_MouseOver ? Colours::mixed(veil, c.accent, 0.08) : c.accent;
+    const QColor overlay = c.onAccent == Qt::white ? Qt::black : Qt::white;
+    if (option.state & QStyle::State_Sunken) return Colours::mixed(overlay, c.accent, 0.16);
+    return option.state & QStyle::State_MouseOver ? Colours::mixed(overlay, c.accent, 0.08) : c.accent;
 }
 
 void paintButton(QPainter& painter, const QStyleOption& option, const QWidget* widget)
@@ -57,18 +57,18 @@ void paintButton(QPainter& painter, const QStyleOption& option, const QWidget* w
     const int radius = scaled(metrics::controlRadius);
     const auto* button = qobject_cast<const QPushButton*>(widget);
     const QRectF area = option.rect;
-    if (isDue(widget) && enabled)
-        fillRounded(painter, area, radius, dueFill(option));
+    if (isPrimary(widget) && enabled)
+        fillRounded(painter, area, radius, primaryFill(option));
     else if (button && button->isFlat()) {
         const bool sunken = option.state & QStyle::State_Sunken;
         if (enabled && (sunken || option.state & QStyle::State_MouseOver))
-            fillRounded(painter, area, radius, colours().wash(sunken ? Colours::pressed : Colours::hover));
+            fillRounded(painter, area, radius, colours().overlay(sunken ? Colours::pressed : Colours::hover));
     } else
-        fillRounded(painter, area, radius, colours().wash(fillOf(option)));
+        fillRounded(painter, area, radius, colours().overlay(fillOf(option)));
     if (ChimewellStyle::showsFocus(widget)) paintFocusRing(painter, area, radius);
 }
 
-/// Both as one thing, on that side of the area or in its middle.
+/// Keeps both together, on that side of the area or in its middle.
 void paintIconAndText(const QStyle& style, QPainter& painter, const QStyleOptionButton& option,
                       Qt::Alignment side, QPalette::ColorRole role)
 {
@@ -121,7 +121,7 @@ void paintPicker(QPainter& painter, const QStyleOptionComboBox& option, const QW
     QStyleOption state = option;
     state.state &= ~QStyle::State_On;
     const QRectF area = option.rect;
-    fillRounded(painter, area, scaled(metrics::controlRadius), colours().wash(fillOf(state)));
+    fillRounded(painter, area, scaled(metrics::controlRadius), colours().overlay(fillOf(state)));
     const bool leftwards = option.direction == Qt::RightToLeft;
     const int side = scaled(22);
     const QRectF arrows(leftwards ? area.left() + scaled(4) : area.right() - side - scaled(2), area.top(),
@@ -149,21 +149,21 @@ void paintScrollBar(QPainter& painter, const QStyleOptionSlider& option, const Q
 
 ChimewellStyle::ChimewellStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
 
-void ChimewellStyle::setDue(QWidget* button, bool isDue)
+void ChimewellStyle::setPrimary(QWidget* button, bool isPrimary)
 {
-    button->setProperty(dueProperty, isDue);
+    button->setProperty(primaryProperty, isPrimary);
     button->update();
 }
 
-void ChimewellStyle::setGrave(QWidget* button)
+void ChimewellStyle::setDestructive(QWidget* button)
 {
-    button->setProperty(graveProperty, true);
+    button->setProperty(destructiveProperty, true);
     button->update();
 }
 
-void ChimewellStyle::setHeld(QWidget* button, bool isHeld)
+void ChimewellStyle::setDelayed(QWidget* button, bool isDelayed)
 {
-    button->setProperty(heldProperty, isHeld);
+    button->setProperty(delayedProperty, isDelayed);
     button->update();
 }
 
@@ -213,11 +213,11 @@ void ChimewellStyle::drawPrimitive(PrimitiveElement element, const QStyleOption*
 void ChimewellStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                                  const QWidget* widget) const
 {
-    if (element == CE_PushButton && widget && widget->property(heldProperty).toBool()) {
+    if (element == CE_PushButton && widget && widget->property(delayedProperty).toBool()) {
         if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
-            QStyleOptionButton held = *button;
-            held.state &= ~State_Enabled;
-            QProxyStyle::drawControl(element, &held, painter, widget);
+            QStyleOptionButton delayed = *button;
+            delayed.state &= ~State_Enabled;
+            QProxyStyle::drawControl(element, &delayed, painter, widget);
             return;
         }
     }
@@ -225,10 +225,10 @@ void ChimewellStyle::drawControl(ControlElement element, const QStyleOption* opt
         if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
             QStyleOptionButton changed = *button;
             const bool enabled = option->state & State_Enabled;
-            QColor colour = isDue(widget) && enabled ? colours().onAccent : colours().text;
+            QColor colour = isPrimary(widget) && enabled ? colours().onAccent : colours().text;
             if (button->features & QStyleOptionButton::Flat && enabled)
                 colour = widget->palette().color(QPalette::ButtonText);
-            if (widget && widget->property(graveProperty).toBool()) colour = colours().red;
+            if (widget && widget->property(destructiveProperty).toBool()) colour = colours().red;
             if (!enabled) colour = Colours::faint(colour, Colours::disabled);
             changed.palette.setColor(QPalette::ButtonText, colour);
             changed.state &= ~State_On; // whose text Fusion would move
@@ -240,7 +240,7 @@ void ChimewellStyle::drawControl(ControlElement element, const QStyleOption* opt
         }
     }
     if (element == CE_PushButtonBevel) {
-        // Fusion leaves the ground out where a button is flat, and with it the wash and the ring.
+        // Fusion omits the background of a flat button, and with it the hover tint and the focus ring.
         drawPrimitive(PE_PanelButtonCommand, option, painter, widget);
         return;
     }
@@ -251,7 +251,7 @@ void ChimewellStyle::drawControl(ControlElement element, const QStyleOption* opt
     }
     if (const auto* box = qstyleoption_cast<const QStyleOptionButton*>(option);
         box && element == CE_CheckBox) {
-        // Fusion would put the words where it has them itself.
+        // Fusion would place the text as it does for its own indicator.
         QStyleOptionButton part = *box;
         part.rect = subElementRect(SE_CheckBoxIndicator, box, widget);
         drawPrimitive(PE_IndicatorCheckBox, &part, painter, widget);

@@ -11,12 +11,12 @@ class ChimewellStyle final : public QProxyStyle {
 public:
     ChimewellStyle();
 
-    /// Marks the one button of a window that is due: it is filled with the accent.
-    static void setDue(QWidget* button, bool isDue);
-    /// Marks a button whose deed cannot be undone: its words are red.
-    static void setGrave(QWidget* button);
-    /// Marks a button whose click has to wait a moment: it is drawn as disabled.
-    static void setHeld(QWidget* button, bool isHeld);
+    /// Marks the primary button of a window, which is filled with the accent colour.
+    static void setPrimary(QWidget* button, bool isPrimary);
+    /// Marks a button whose action cannot be undone: its text is red.
+    static void setDestructive(QWidget* button);
+    /// Marks a button whose click will have to wait a moment: it is drawn as disabled.
+    static void setDelayed(QWidget* button, bool isDelayed);
     /// A focus ring is drawn only for somebody who moves by keyboard.
     static bool showsFocus(const QWidget* widget);
     /// Whether the letters that press a button with Alt are underlined in the window.

@@ -25,23 +25,24 @@ double luminance(const QColor& colour)
            0.0722 * linear(colour.blueF());
 }
 
-/// A ground on which a colour has to be read; the colour itself may tint it.
-using Ground = std::function<QColor(const QColor&)>;
+/// A background on which a colour has to be read; the colour itself may tint it.
+using Background = std::function<QColor(const QColor&)>;
 
-/// The colour, moved towards `pole` in small steps until it reads on every ground.
-QColor readable(const QColor& colour, const QColor& pole, double contrast, const std::vector<Ground>& grounds)
+/// The colour, moved towards `pole` in small steps until it reads on every background.
+QColor readable(const QColor& colour, const QColor& pole, double contrast,
+                const std::vector<Background>& backgrounds)
 {
     for (int step = 0; step <= 50; ++step) {
         const QColor moved = Colours::mixed(pole, colour, step * 0.02);
-        if (std::ranges::all_of(grounds, [&](const Ground& ground) {
-                return Colours::contrast(moved, ground(moved)) >= contrast;
+        if (std::ranges::all_of(backgrounds, [&](const Background& background) {
+                return Colours::contrast(moved, background(moved)) >= contrast;
             }))
             return moved;
     }
     return pole;
 }
 
-/// The meanings on a neutral light and a neutral dark ground.
+/// Colours with a meaning, on neutral light and dark backgrounds.
 struct Reference {
     QRgb green, orange, red, greenMark, orangeMark, redMark, outline;
 };
@@ -60,18 +61,19 @@ Colours Colours::from(const QPalette& palette)
     c.sidebar = mixed(c.text, c.window, 0.04);
     c.card = luminance(base) >= luminance(c.window) ? base : mixed(c.text, c.window, 0.06);
 
-    std::vector<Ground> plain;
-    std::vector<Ground> capsules;
-    std::vector<Ground> hovered;
-    for (const QColor& ground : {c.window, c.sidebar, c.card}) {
-        plain.emplace_back([ground](const QColor&) { return ground; });
-        capsules.emplace_back([ground](const QColor& colour) { return mixed(colour, ground, capsule); });
-        hovered.emplace_back([washed = mixed(c.text, ground, hover)](const QColor&) { return washed; });
+    std::vector<Background> plain;
+    std::vector<Background> capsules;
+    std::vector<Background> hovered;
+    for (const QColor& background : {c.window, c.sidebar, c.card}) {
+        plain.emplace_back([background](const QColor&) { return background; });
+        capsules.emplace_back(
+            [background](const QColor& colour) { return mixed(colour, background, capsule); });
+        hovered.emplace_back([tinted = mixed(c.text, background, hover)](const QColor&) { return tinted; });
     }
-    const auto with = [&](std::initializer_list<const std::vector<Ground>*> more) {
-        std::vector<Ground> all = plain;
-        for (const auto* grounds : more)
-            all.insert(all.end(), grounds->begin(), grounds->end());
+    const auto with = [&](std::initializer_list<const std::vector<Background>*> more) {
+        std::vector<Background> all = plain;
+        for (const auto* backgrounds : more)
+            all.insert(all.end(), backgrounds->begin(), backgrounds->end());
         return all;
     };
 
@@ -91,11 +93,13 @@ Colours Colours::from(const QPalette& palette)
     const QColor highlight = palette.color(QPalette::Active, QPalette::Highlight);
     const QColor underWhite =
         readable(highlight, Qt::black, textContrast, {[](const QColor&) { return QColor(Qt::white); }});
-    const bool stands = std::ranges::all_of(
-        plain, [&](const Ground& ground) { return contrast(underWhite, ground({})) >= markContrast; });
-    // Darkened for white text it would vanish from a grey ground: then it stays bright under black text.
-    c.accent = stands ? underWhite : readable(highlight, pole, markContrast, plain);
-    const bool isWhite = stands || contrast(Qt::white, c.accent) > contrast(Qt::black, c.accent);
+    const bool isVisible = std::ranges::all_of(plain, [&](const Background& background) {
+        return contrast(underWhite, background({})) >= markContrast;
+    });
+    // Darkened for white text it could be too close to a grey background: then it stays bright, with black
+    // text.
+    c.accent = isVisible ? underWhite : readable(highlight, pole, markContrast, plain);
+    const bool isWhite = isVisible || contrast(Qt::white, c.accent) > contrast(Qt::black, c.accent);
     c.onAccent = isWhite ? Qt::white : Qt::black;
     return c;
 }
@@ -105,7 +109,7 @@ QColor Colours::knobOff() const
     return contrast(Qt::white, outline) >= markContrast ? Qt::white : Qt::black;
 }
 
-QColor Colours::mark(Tone tone) const
+QColor Colours::textColour(Tone tone) const
 {
     switch (tone) {
     case Tone::neutral:
@@ -115,13 +119,27 @@ QColor Colours::mark(Tone tone) const
     case Tone::accent:
         return accentText;
     case Tone::green:
+        return green;
+    case Tone::orange:
+        return orange;
+    case Tone::red:
+        break;
+    }
+    return red;
+}
+
+QColor Colours::markColour(Tone tone) const
+{
+    switch (tone) {
+    case Tone::green:
         return greenMark;
     case Tone::orange:
         return orangeMark;
     case Tone::red:
-        break;
+        return redMark;
+    default:
+        return textColour(tone);
     }
-    return redMark;
 }
 
 QColor Colours::faint(QColor colour, double opacity)
@@ -136,13 +154,13 @@ double Colours::contrast(const QColor& a, const QColor& b)
     return (high + 0.05) / (low + 0.05);
 }
 
-QColor Colours::mixed(const QColor& over, const QColor& ground, double opacity)
+QColor Colours::mixed(const QColor& over, const QColor& background, double opacity)
 {
     const auto channel = [&](int o, int g) {
         return static_cast<int>(std::lround(o * opacity + g * (1 - opacity)));
     };
-    return {channel(over.red(), ground.red()), channel(over.green(), ground.green()),
-            channel(over.blue(), ground.blue())};
+    return {channel(over.red(), background.red()), channel(over.green(), background.green()),
+            channel(over.blue(), background.blue())};
 }
 
 const Colours& colours()

@@ -9,13 +9,14 @@
 namespace chimewell {
 
 /// Every colour of the interface, derived from the desktop's palette. Text keeps a contrast of at least 4.5 :
-/// 1 and marks one of 3 : 1 on each of the three grounds (WCAG 2.1, 1.4.3 and 1.4.11), whatever the palette.
+/// 1 and marks one of 3 : 1 on each of the three backgrounds (WCAG 2.1, 1.4.3 and 1.4.11), whatever the
+/// palette.
 struct Colours {
     bool isDark = false;
-    QColor window, sidebar, card;       ///< Grounds.
+    QColor window, sidebar, card;       ///< Backgrounds.
     QColor text, secondary, accentText; ///< Texts.
     QColor outline;                     ///< Of check boxes, fields and switches that are off.
-    QColor accent, onAccent;            ///< The one button that is due, and what stands on it.
+    QColor accent, onAccent;            ///< The primary button, and its text.
     QColor green, orange, red;          ///< Texts with a meaning.
     QColor greenMark, orangeMark, redMark;
 
@@ -23,12 +24,13 @@ struct Colours {
 
     QColor cardBorder() const { return faint(text, 0.10); }
     QColor separator() const { return faint(text, 0.08); }
-    /// The text's colour as a veil over any ground.
-    QColor wash(double opacity) const { return faint(text, opacity); }
+    /// The text's colour, to be laid over any background.
+    QColor overlay(double opacity) const { return faint(text, opacity); }
     QColor knobOff() const; ///< Of a switch that is off.
-    QColor mark(Tone tone) const;
+    QColor textColour(Tone tone) const;
+    QColor markColour(Tone tone) const; ///< Of symbols and dots.
 
-    /// How much of the text's colour lies over the ground in each state.
+    /// Opacity of the text's colour over the background in each state.
     static constexpr double hover = 0.06, pressed = 0.12, selected = 0.09;
     static constexpr double buttonRest = 0.075, buttonHover = 0.115, buttonPressed = 0.165;
     static constexpr double disabled = 0.38, disabledFill = 0.04, capsule = 0.15;
@@ -36,15 +38,15 @@ struct Colours {
     static QColor faint(QColor colour, double opacity);
     /// WCAG's contrast ratio, 1 to 21.
     static double contrast(const QColor& a, const QColor& b);
-    /// `over` at `opacity` on `ground`, without transparency.
-    static QColor mixed(const QColor& over, const QColor& ground, double opacity);
+    /// `over` at `opacity` on `background`, without transparency.
+    static QColor mixed(const QColor& over, const QColor& background, double opacity);
 };
 
-/// Those of the application's palette as it is now. Read in each paintEvent, never stored: it changes while
-/// we run.
+/// Those of the application's current palette. Read them in each paintEvent and store none: the palette may
+/// change at any time.
 const Colours& colours();
 
-/// A palette of our own, for desktops that have none.
+/// Our own palette, for desktops that have none.
 QPalette referencePalette(bool dark);
 
 }

@@ -7,8 +7,8 @@
 
 namespace chimewell {
 
-/// A length of the design, which is drawn for a system font of 13 pixels, in pixels beside the system font
-/// that there is. Never smaller than drawn.
+/// Converts a design length to pixels. The design is drawn for a system font of 13 pixels and grows with the
+/// font, but is never smaller than drawn.
 int scaled(double length);
 
 enum class TextStyle : std::uint8_t {
@@ -24,10 +24,11 @@ enum class TextStyle : std::uint8_t {
 };
 QFont fontFor(TextStyle style);
 
-/// In design lengths: to be scaled.
+/// Design lengths, to be given to scaled().
 namespace metrics {
-inline constexpr double controlRadius = 6, cardRadius = 10, panelRadius = 12, checkRadius = 4;
-inline constexpr double controlHeight = 28, iconButton = 24, switchWidth = 34, switchHeight = 20, knob = 16;
+inline constexpr double controlRadius = 6, cardRadius = 10, checkRadius = 4;
+inline constexpr double controlHeight = 28, iconButton = 24, smallestButton = 84, switchWidth = 34,
+                        switchHeight = 20, knob = 16;
 inline constexpr double checkBox = 16, rowIcon = 16, sidebarIcon = 18;
 }
 

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "ui/look/paint.h"
 
+#include "ui/look/chimewell_style.h"
 #include "ui/look/colours.h"
 
+#include <QAbstractButton>
 #include <QPainter>
+#include <QStyle>
 
 namespace chimewell {
 
@@ -27,6 +30,21 @@ void strokeRounded(QPainter& painter, const QRectF& area, qreal radius, const QC
 void paintFocusRing(QPainter& painter, const QRectF& area, qreal radius)
 {
     strokeRounded(painter, area, radius, colours().accentText, 2);
+}
+
+void paintButtonBackground(QPainter& painter, const QAbstractButton& button, qreal radius)
+{
+    if (button.isEnabled() && (button.isDown() || button.underMouse()))
+        fillRounded(painter, button.rect(), radius,
+                    colours().overlay(button.isDown() ? Colours::pressed : Colours::hover));
+    if (ChimewellStyle::showsFocus(&button)) paintFocusRing(painter, button.rect(), radius);
+}
+
+void paintTextLine(QPainter& painter, const QRect& area, const QString& text, Qt::LayoutDirection direction)
+{
+    const Qt::Alignment side = QStyle::visualAlignment(direction, Qt::AlignLeft);
+    painter.drawText(area, static_cast<int>(side | Qt::AlignVCenter) | Qt::TextSingleLine,
+                     painter.fontMetrics().elidedText(text, Qt::ElideRight, area.width()));
 }
 
 }

@@ -30,7 +30,7 @@ SymbolSource& symbolSource()
     return source;
 }
 
-constexpr int large = 40; // from here on the lines of a symbol would look coarse
+constexpr int large = 40; // from this size on, the lines of a symbol would look coarse
 
 QByteArray ourDrawing(const QString& name, int devicePixels, int size)
 {
@@ -88,7 +88,7 @@ public:
 private:
     virtual QColor colour(QIcon::Mode mode) const
     {
-        const QColor full = colours().mark(tone_);
+        const QColor full = colours().markColour(tone_);
         return mode == QIcon::Disabled ? Colours::faint(full, Colours::disabled) : full;
     }
 
@@ -96,17 +96,17 @@ private:
     Tone tone_;
 };
 
-/// Stands in for an icon of the desktop's theme.
-class StandInEngine final : public SymbolIconEngine {
+/// Replaces an icon that the desktop's theme does not have.
+class FallbackEngine final : public SymbolIconEngine {
 public:
-    StandInEngine(QString themeName, std::string symbol)
+    FallbackEngine(QString themeName, std::string symbol)
         : SymbolIconEngine(std::move(symbol), Tone::neutral),
           themeName_(std::move(themeName))
     {
     }
 
     QString iconName() override { return themeName_; }
-    QIconEngine* clone() const override { return new StandInEngine(*this); }
+    QIconEngine* clone() const override { return new FallbackEngine(*this); }
 
 private:
     QColor colour(QIcon::Mode) const override { return {0x80, 0x80, 0x80}; }
@@ -162,7 +162,7 @@ QIcon symbolIcon(std::string_view name, Tone tone)
 
 QIcon themedIcon(const QString& name, std::string_view symbol)
 {
-    return QIcon::fromTheme(name, QIcon(new StandInEngine(name, std::string(symbol))));
+    return QIcon::fromTheme(name, QIcon(new FallbackEngine(name, std::string(symbol))));
 }
 
 }

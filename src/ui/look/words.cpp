@@ -38,7 +38,7 @@ QString qString(std::string_view utf8)
 
 std::string installTranslation(QCoreApplication& application, const QStringList& languages)
 {
-    // One after another: left to itself, Qt would pass over English, for which there is no file.
+    // One after another: given the list, Qt would skip English, which has no file.
     for (const QString& name : languages) {
         const QLocale language(name);
         if (language.language() == QLocale::English) return name.toStdString();

@@ -28,12 +28,12 @@ private:
 
 QString qString(std::string_view utf8);
 
-/// Makes the application speak the first of these languages that it knows, English among them; Qt's own words
-/// too, where they are installed. Once, before the first window, with QLocale's uiLanguages(). Returns the
-/// tag of that language as it stands in the list, "en" where none is known.
+/// Installs the first of these languages that there is a translation for, English among them, and Qt's own
+/// translation where there is one. Call it once, before the first window, with QLocale's uiLanguages().
+/// Returns the tag of that language as in the list, or "en".
 std::string installTranslation(QCoreApplication& application, const QStringList& languages);
 
-/// Says phrases in the language of the translation that is installed.
+/// Says phrases in the language of the installed translation.
 class QtTranslator final : public Translator {
 public:
     /// `language` is what `installTranslation` returned.

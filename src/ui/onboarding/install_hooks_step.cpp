@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "ui/onboarding/install_hooks_step.h"
-
+#include "ui/controls/buttons.h"
 #include "ui/controls/card.h"
 #include "ui/controls/confirm_dialog.h"
+#include "ui/controls/layouts.h"
 #include "ui/controls/marks.h"
 #include "ui/controls/text_label.h"
 #include "ui/look/chimewell_style.h"
 #include "ui/look/metrics.h"
+#include "ui/onboarding/onboarding_steps.h"
 #include "values/texts.h"
 
 #include <QHBoxLayout>
@@ -19,36 +20,40 @@ namespace chimewell {
 
 namespace {
 
-constexpr double smallestButton = 84;
+/// One agent with a button that installs its hooks, and what came of that.
+class ProviderInstallRow final : public QWidget {
+public:
+    ProviderInstallRow(ProviderCard& card, const Words& words);
 
-}
+private:
+    void showCard();
+    void ask();
 
-ProviderInstallRow::ProviderInstallRow(ProviderCard& card, const Words& words, QWidget* parent)
-    : QWidget(parent),
-      card_(card),
+    ProviderCard& card_;
+    const Words words_;
+    QPushButton* install_;
+    Note* info_;
+    Note* error_;
+    bool isClicked_ = false; ///< While a click has to wait.
+    Subscription subscription_;
+};
+
+ProviderInstallRow::ProviderInstallRow(ProviderCard& card, const Words& words)
+    : card_(card),
       words_(words),
       install_(new QPushButton),
       info_(new Note(TextStyle::subheadline)),
       error_(new Note(TextStyle::subheadline))
 {
-    auto* name = new TextLabel(TextStyle::bodyMedium);
-    name->setText(qString(card_.displayName()));
-    auto* line = new QHBoxLayout;
-    line->setSpacing(scaled(8));
-    line->addWidget(name);
-    if (card_.isBeta()) line->addWidget(new BetaBadge(words_(texts::beta), words_(texts::betaTooltip)));
+    auto* line = makeLine(nullptr, 8);
+    line->addWidget(new TextLabel(TextStyle::bodyMedium, Tone::neutral, qString(card_.displayName())));
+    if (card_.isBeta()) line->addWidget(makeBetaBadge(words_));
     line->addStretch(1);
     line->addWidget(install_);
-    // As wide with either word, so that nothing moves once it is installed.
-    for (const Text& text : {texts::install, texts::installed}) {
-        install_->setText(words_(text));
-        install_->setMinimumWidth(
-            std::max({scaled(smallestButton), install_->minimumWidth(), install_->sizeHint().width()}));
-    }
+    reserveWidth(*install_, {words_(texts::install), words_(texts::installed)});
 
-    auto* layout = new QVBoxLayout(this);
+    auto* layout = makeColumn(this, 6);
     layout->setContentsMargins(scaled(15), scaled(11), scaled(15), scaled(11));
-    layout->setSpacing(scaled(6));
     layout->addLayout(line);
     layout->addWidget(info_);
     layout->addWidget(error_);
@@ -66,16 +71,15 @@ void ProviderInstallRow::showCard()
         words_({card_.isInstalled() ? texts::installedOf : texts::installOf, {name}}));
     install_->setEnabled(card_.canInstall());
     install_->setVisible(card_.isAvailable());
-    ChimewellStyle::setHeld(install_, card_.isPausing());
+    ChimewellStyle::setDelayed(install_, card_.isPausing());
 
     const auto& news = card_.infoMessage();
     const QString info = news ? words_(*news) : QString();
     const QString error = words_(card_.errorMessage().value_or(Phrase()));
     info_->setNote("checkmark.circle", Tone::green, info);
     info_->setVisible(!info.isEmpty());
-    error_->setNote("exclamationmark.triangle", Tone::red, error);
-    error_->setVisible(!error.isEmpty());
-    // Heard when the keyboard comes back from the question.
+    error_->showError(error);
+    // Read aloud when the keyboard focus comes back from the question.
     install_->setAccessibleDescription(error.isEmpty() ? info : error);
     isClicked_ = isClicked_ && card_.canInstall();
     if (isClicked_ && !card_.isPausing()) ask();
@@ -90,15 +94,14 @@ void ProviderInstallRow::ask()
     question->open();
 }
 
-InstallHooksStep::InstallHooksStep(ProviderCards& cards, const Words& words, QWidget* parent)
-    : QWidget(parent)
+}
+
+QWidget* makeInstallHooksStep(Services& services)
 {
     auto* agents = new Card;
-    for (const auto& card : cards.all())
-        agents->addRow(new ProviderInstallRow(*card, words), 16);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(agents);
+    for (const auto& card : services.cards.all())
+        agents->addRow(new ProviderInstallRow(*card, Words(services.ports.translator)), 16);
+    return agents;
 }
 
 }

@@ -3,9 +3,8 @@
 
 #include "presentation/settings_model.h"
 #include "ui/controls/card.h"
+#include "ui/controls/layouts.h"
 #include "ui/controls/marks.h"
-#include "ui/controls/text_label.h"
-#include "ui/look/metrics.h"
 #include "values/texts.h"
 
 #include <QGridLayout>
@@ -17,159 +16,94 @@ namespace chimewell {
 
 namespace {
 
-constexpr double iconSize = 52;
-constexpr double widestText = 480;
+constexpr double iconSize = 52, widestText = 480;
+constexpr double sidePadding = 48, above = 44, below = 16, underHeader = 24;
+constexpr double nodeWidth = 120, tile = 64, symbolSize = 28;
 
-constexpr double sidePadding = 48;
-constexpr double above = 44;
-constexpr double below = 16;
-constexpr double underHeader = 24;
-
-constexpr double nodeWidth = 120;
-constexpr double tile = 64;
-constexpr double symbolSize = 28;
-
-QHBoxLayout* rowLayout(QWidget* row)
+/// What the product does, and that the set-up may be skipped.
+QWidget* makeWelcomeStep(const Words& words)
 {
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(scaled(15), scaled(12), scaled(15), scaled(12));
-    return layout;
-}
-
-}
-
-StepHeader::StepHeader(const StepHeading& heading, const Words& words, QWidget* parent)
-    : QWidget(parent),
-      title_(new TextLabel(TextStyle::title))
-{
-    title_->setWrapping(true);
-    title_->setCentred(true);
-    title_->setText(words(heading.title));
-    title_->setAccessibleDescription(words(heading.subtitle));
-    title_->setFocusPolicy(Qt::ClickFocus); // none for the tab key
-    auto* subtitle = new BalancedLabel(TextStyle::body, Ink::secondary, scaled(widestText));
-    subtitle->setText(words(heading.subtitle));
-
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(new SymbolLabel(heading.icon, iconSize, Tone::accent), 0, Qt::AlignHCenter);
-    layout->addSpacing(scaled(12));
-    layout->addWidget(title_);
-    layout->addSpacing(scaled(4));
-    layout->addWidget(subtitle);
-}
-
-void StepHeader::announce()
-{
-    title_->setFocus(Qt::OtherFocusReason);
-}
-
-StepPage::StepPage(OnboardingStep step, QWidget* content, const Words& words, QWidget* parent)
-    : QWidget(parent),
-      header_(new StepHeader(heading(step), words))
-{
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(scaled(sidePadding), scaled(above), scaled(sidePadding), scaled(below));
-    layout->setSpacing(0);
-    layout->addWidget(header_);
-    layout->addSpacing(scaled(underHeader));
-    layout->addWidget(content);
-    layout->addStretch(1);
-}
-
-WelcomeStep::WelcomeStep(const Words& words, QWidget* parent) : QWidget(parent)
-{
-    auto* body = new BalancedLabel(TextStyle::body, Ink::text, scaled(widestText));
+    auto* body = new BalancedLabel(TextStyle::body, Tone::neutral, scaled(widestText));
     body->setMarkedText(words(texts::welcomeBody));
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(body);
+    return body;
 }
 
-FlowDiagram::FlowDiagram(const Words& words, QWidget* parent) : QWidget(parent)
+/// Agent, hook and Chimewell, joined by arrows.
+QWidget* makeHowItWorksStep(const Words& words)
 {
-    auto* grid = new QGridLayout(this);
-    grid->setContentsMargins(0, 0, 0, 0);
+    auto* step = new QWidget;
+    auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(scaled(10));
     grid->setVerticalSpacing(scaled(12));
-    addNode(*grid, "terminal", words(texts::yourAgent));
-    addNode(*grid, "bolt.horizontal.circle", words(texts::hook));
-    addNode(*grid, "bell.badge", words(texts::chimewell));
+    const auto addNode = [&](int column, std::string_view symbol, const Text& name) {
+        auto* card = new Card;
+        card->setContent(new SymbolLabel(symbol, symbolSize, Tone::accent), (tile - symbolSize) / 2 - 1);
+        auto* label = new TextLabel(TextStyle::bodyMedium, Tone::neutral, words(name));
+        label->setCentred();
+        grid->addWidget(card, 0, column, Qt::AlignCenter);
+        grid->addWidget(label, 1, column);
+        grid->setColumnMinimumWidth(column, scaled(nodeWidth));
+    };
+    addNode(0, "terminal", texts::yourAgent);
+    addNode(2, "bolt.horizontal.circle", texts::hook);
+    addNode(4, "bell.badge", texts::chimewell);
+    for (const int column : {1, 3})
+        grid->addWidget(new SymbolLabel("arrow.right", metrics::rowIcon), 0, column, Qt::AlignCenter);
+    auto* line = makeLine(step);
+    line->setContentsMargins(0, scaled(20), 0, 0);
+    line->addStretch(1);
+    line->addLayout(grid);
+    line->addStretch(1);
+    return step;
 }
 
-void FlowDiagram::addNode(QGridLayout& grid, std::string_view symbol, const QString& name)
-{
-    // Nodes stand in every other column, arrows between them.
-    const int column = grid.count() == 0 ? 0 : grid.columnCount() + 1;
-    if (column > 0)
-        grid.addWidget(new SymbolLabel("arrow.right", metrics::rowIcon, Tone::secondary), 0, column - 1,
-                       Qt::AlignCenter);
-    auto* card = new Card;
-    card->setContent(new SymbolLabel(symbol, symbolSize, Tone::accent), (tile - symbolSize) / 2 - 1);
-    grid.addWidget(card, 0, column, Qt::AlignCenter);
-    auto* label = new TextLabel(TextStyle::bodyMedium);
-    label->setCentred(true);
-    label->setText(name);
-    grid.addWidget(label, 1, column);
-    grid.setColumnMinimumWidth(column, scaled(nodeWidth));
-}
+/// Whether banners may be shown, and what can be done about it.
+class NotificationsStep final : public QWidget {
+public:
+    explicit NotificationsStep(Services& services);
 
-HowItWorksStep::HowItWorksStep(const Words& words, QWidget* parent) : QWidget(parent)
-{
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, scaled(20), 0, 0);
-    layout->addWidget(new FlowDiagram(words), 0, Qt::AlignHCenter);
-}
+private:
+    void showStatus();
 
-NotificationsStep::NotificationsStep(Services& services, QWidget* parent)
-    : QWidget(parent),
-      services_(services),
-      words_(services.ports.translator)
-{
-    auto* card = new Card;
-    card->addRow(makeStatusRow());
-    card->addRow(denied_ = makeDeniedRow(), 16);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(card);
+    Services& services_;
+    const Words words_;
+    TextLabel* status_;
+    QPushButton* allow_;
+    QWidget* denied_ = nullptr;
+    Subscription subscription_;
+};
 
-    subscription_ = services_.notifications.onChange([this] { showStatus(); });
-    showStatus();
-}
-
-QWidget* NotificationsStep::makeStatusRow()
+NotificationsStep::NotificationsStep(Services& services)
+    : services_(services),
+      words_(services.ports.translator),
+      status_(makeParagraph(TextStyle::body, Tone::secondary)),
+      allow_(new QPushButton(words_(texts::allowNotifications)))
 {
-    auto* row = new QWidget;
-    auto* name = new TextLabel(TextStyle::body);
-    name->setText(words_(texts::status));
-    status_ = new TextLabel(TextStyle::body, Ink::secondary);
-    status_->setWrapping(true);
-    allow_ = new QPushButton(words_(texts::allowNotifications));
     connect(allow_, &QPushButton::clicked, this, [this] { services_.actions.allowNotifications(); });
-
-    auto* layout = rowLayout(row);
-    layout->setSpacing(scaled(4));
-    layout->addWidget(name);
-    layout->addWidget(status_, 1);
-    layout->addWidget(allow_);
-    row->setMinimumHeight(scaled(metrics::controlHeight) + 2 * scaled(12));
-    return row;
-}
-
-QWidget* NotificationsStep::makeDeniedRow()
-{
     auto* row = new QWidget;
-    auto* note = new Note(TextStyle::subheadline, Ink::secondary);
+    auto* line = makeLine(row, 4);
+    line->addWidget(new TextLabel(TextStyle::body, Tone::neutral, words_(texts::status)));
+    line->addWidget(status_, 1);
+    line->addWidget(allow_);
+    row->setMinimumHeight(scaled(metrics::controlHeight) + 2 * scaled(12));
+
+    auto* note = new Note(TextStyle::subheadline, Tone::secondary);
     note->setNote("info.circle", Tone::secondary, words_(texts::deniedNote));
     auto* open = new QPushButton(words_(texts::openSystemSettings));
     connect(open, &QPushButton::clicked, this, [this] { services_.actions.openNotificationSettings(); });
+    denied_ = new QWidget;
+    auto* deniedLine = makeLine(denied_, 16);
+    deniedLine->addWidget(note, 1);
+    deniedLine->addWidget(open);
 
-    auto* layout = rowLayout(row);
-    layout->setSpacing(scaled(16));
-    layout->addWidget(note, 1);
-    layout->addWidget(open);
-    return row;
+    for (QHBoxLayout* each : {line, deniedLine})
+        each->setContentsMargins(scaled(15), scaled(12), scaled(15), scaled(12));
+    auto* card = new Card;
+    card->addRow(row);
+    card->addRow(denied_, 16);
+    makeColumn(this)->addWidget(card);
+    subscription_ = services_.notifications.onChange([this] { showStatus(); });
+    showStatus();
 }
 
 void NotificationsStep::showStatus()
@@ -178,6 +112,54 @@ void NotificationsStep::showStatus()
     status_->setText(words_(permissionText(status)));
     allow_->setEnabled(status == AuthStatus::notDetermined); // otherwise no question appears
     denied_->setVisible(status == AuthStatus::denied);
+}
+
+QWidget* makeContent(OnboardingStep step, Services& services)
+{
+    const Words words(services.ports.translator);
+    switch (step) {
+    case OnboardingStep::welcome:
+        return makeWelcomeStep(words);
+    case OnboardingStep::howItWorks:
+        return makeHowItWorksStep(words);
+    case OnboardingStep::notifications:
+        return new NotificationsStep(services);
+    case OnboardingStep::installHooks:
+        return makeInstallHooksStep(services);
+    case OnboardingStep::sounds:
+        break;
+    }
+    return makeSoundsStep(services);
+}
+
+}
+
+StepPage::StepPage(OnboardingStep step, Services& services) : title_(makeParagraph(TextStyle::title))
+{
+    const Words words(services.ports.translator);
+    const StepHeading shown = heading(step);
+    title_->setCentred();
+    title_->setText(words(shown.title));
+    title_->setAccessibleDescription(words(shown.subtitle));
+    title_->setFocusPolicy(Qt::ClickFocus); // the tab key skips it
+    auto* subtitle = new BalancedLabel(TextStyle::body, Tone::secondary, scaled(widestText));
+    subtitle->setText(words(shown.subtitle));
+
+    auto* layout = makeColumn(this);
+    layout->setContentsMargins(scaled(sidePadding), scaled(above), scaled(sidePadding), scaled(below));
+    layout->addWidget(new SymbolLabel(shown.icon, iconSize, Tone::accent), 0, Qt::AlignHCenter);
+    layout->addSpacing(scaled(12));
+    layout->addWidget(title_);
+    layout->addSpacing(scaled(4));
+    layout->addWidget(subtitle);
+    layout->addSpacing(scaled(underHeader));
+    layout->addWidget(makeContent(step, services));
+    layout->addStretch(1);
+}
+
+void StepPage::announce()
+{
+    title_->setFocus(Qt::OtherFocusReason);
 }
 
 }

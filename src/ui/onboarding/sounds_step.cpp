@@ -1,23 +1,19 @@
 // SPDX-License-Identifier: MIT
-#include "ui/onboarding/sounds_step.h"
-
 #include "presentation/event_looks.h"
+#include "ui/controls/accessibility.h"
 #include "ui/controls/buttons.h"
 #include "ui/controls/card.h"
+#include "ui/controls/event_editor.h"
 #include "ui/controls/inputs.h"
 #include "ui/controls/layouts.h"
 #include "ui/controls/marks.h"
-#include "ui/controls/text_label.h"
-#include "ui/look/metrics.h"
 #include "ui/look/symbol.h"
+#include "ui/onboarding/onboarding_steps.h"
 #include "values/texts.h"
 
 #include <QCheckBox>
-#include <QGridLayout>
 #include <QHBoxLayout>
-#include <QMouseEvent>
 #include <QPushButton>
-#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -25,159 +21,125 @@
 
 namespace chimewell {
 
-SoundChooserRow::SoundChooserRow(Services& services, CanonicalEvent event, QWidget* parent)
-    : QWidget(parent),
-      services_(services),
-      words_(services.ports.translator),
-      event_(event),
-      name_(new TextLabel(TextStyle::bodyMedium))
-{
-    name_->setText(words_(displayName(event)));
-    // The controls go below the name where both do not fit beside one another.
-    auto* line = new FlowLayout(scaled(8), FlowLayout::Last::trails);
-    line->addWidget(name_);
-    line->addWidget(makeControls());
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(scaled(15), scaled(8), scaled(13),
-                               scaled(8)); // a check box has room around it
-    layout->addLayout(line);
+namespace {
 
-    subscription_ = services_.store.onChange([this] { showSetting(); });
+/// What one event sounds like. Follows the stored settings.
+class SoundRow final : public QWidget {
+public:
+    SoundRow(Services& services, CanonicalEvent event);
+
+    /// The label with the event's name, which is as wide in all rows.
+    TextLabel& name() const { return *name_; }
+
+private:
+    void showSetting();
+
+    const EventEditor editor_;
+    TextLabel* name_;
+    SoundPicker* sound_;
+    QPushButton* preview_;
+    QCheckBox* readAloud_;
+    Subscription subscription_;
+};
+
+SoundRow::SoundRow(Services& services, CanonicalEvent event)
+    : editor_(services, event),
+      name_(new TextLabel(TextStyle::bodyMedium, Tone::neutral, editor_.eventName())),
+      sound_(editor_.makeSoundPicker()),
+      preview_(editor_.makePreview()),
+      readAloud_(editor_.makeCheckBox(&EventSetting::speak, texts::readAloud, texts::readAloudOf))
+{
+    readAloud_->setIcon(symbolIcon("speaker.wave.2.fill", Tone::secondary));
+    setHelp(*readAloud_, editor_.words()(texts::readAloudHelp));
+    auto* controls = new QWidget;
+    auto* line = makeLine(controls, 8);
+    line->addWidget(sound_);
+    line->addWidget(preview_);
+    line->addSpacing(scaled(6));
+    line->addWidget(readAloud_);
+    // The controls go below the name where the line is too short for both.
+    auto* row = new FlowLayout(scaled(8), FlowLayout::Last::trails);
+    row->addWidget(name_);
+    row->addWidget(controls);
+    auto* layout = makeColumn(this);
+    layout->setContentsMargins(scaled(15), scaled(8), scaled(13),
+                               scaled(8)); // a check box has its own margin
+    layout->addLayout(row);
+    subscription_ = services.store.onChange([this] { showSetting(); });
     showSetting();
 }
 
-QWidget* SoundChooserRow::makeControls()
+void SoundRow::showSetting()
 {
-    const Words& words = words_;
-    const Text name = displayName(event_);
-    sound_ = new SoundPicker(words, words({texts::soundOf, {name}}));
-    connect(sound_, &SoundPicker::soundChosen, this,
-            [this](const std::string& id) { update([&](EventSetting& setting) { setting.soundId = id; }); });
-
-    preview_ = new QPushButton(symbolIcon("play.circle"), words(texts::preview));
-    preview_->setAccessibleName(words({texts::previewOf, {name}}));
-    connect(preview_, &QPushButton::clicked, this, [this] { services_.actions.preview(event_); });
-
-    readAloud_ = new QCheckBox(words(texts::readAloud));
-    readAloud_->setIcon(symbolIcon("speaker.wave.2.fill", Tone::secondary));
-    readAloud_->setAccessibleName(words({texts::readAloudOf, {name}}));
-    readAloud_->setAccessibleDescription(words(texts::readAloudHelp));
-    readAloud_->setToolTip(words(texts::readAloudHelp));
-    connect(readAloud_, &QCheckBox::toggled, this,
-            [this](bool isOn) { update([&](EventSetting& setting) { setting.speak = isOn; }); });
-
-    auto* controls = new QWidget;
-    auto* layout = new QHBoxLayout(controls);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(scaled(8));
-    layout->addWidget(sound_);
-    layout->addWidget(preview_);
-    layout->addSpacing(scaled(6));
-    layout->addWidget(readAloud_);
-    return controls;
-}
-
-void SoundChooserRow::showSetting()
-{
-    const EventSetting* setting = services_.store.settings().setting(event_);
+    const EventSetting* setting = editor_.stored();
     setEnabled(setting != nullptr);
     if (!setting) return;
     sound_->show(setting->soundId);
     preview_->setEnabled(canPreview(*setting));
-    const QSignalBlocker silence(readAloud_);
-    readAloud_->setChecked(setting->speak);
+    showChecked(*readAloud_, setting->speak);
 }
 
-void SoundChooserRow::update(const std::function<void(EventSetting&)>& change)
-{
-    services_.actions.changeEvent(event_, change);
-}
-
-LaunchAtLoginRow::LaunchAtLoginRow(Services& services, QWidget* parent)
-    : QWidget(parent),
-      services_(services),
-      words_(services.ports.translator),
-      switch_(new SwitchButton(words_(texts::startAtLogin))),
-      error_(new Note)
-{
-    auto* name = new TextLabel(TextStyle::body);
-    name->setWrapping(true);
-    name->setText(words_(texts::startAtLogin));
-    auto* caption = new TextLabel(TextStyle::caption, Ink::secondary);
-    caption->setWrapping(true);
-    caption->setText(words_(texts::startAtLoginCaption));
-    switch_->setAccessibleDescription(words_(texts::startAtLoginCaption));
-
-    auto* grid = new QGridLayout(this);
-    grid->setContentsMargins(directed(scaled(15), scaled(10), scaled(15) - ringRoom, scaled(10)));
-    grid->setHorizontalSpacing(scaled(8));
-    grid->setVerticalSpacing(scaled(2));
-    grid->addWidget(new SymbolLabel("power", metrics::rowIcon, Tone::secondary), 0, 0);
-    grid->addWidget(name, 0, 1);
-    grid->addWidget(switch_, 0, 2);
-    grid->addWidget(caption, 1, 1);
-    grid->addWidget(error_, 2, 0, 1, 3);
-    grid->setColumnStretch(1, 1);
-
-    error_->setContentsMargins(0, scaled(4), 0, 0);
-    error_->hide();
-    connect(switch_, &QAbstractButton::toggled, this, [this](bool isOn) { set(isOn); });
-    subscription_ = services_.store.onChange([this] { showSetting(); });
-    showSetting();
-}
-
-void LaunchAtLoginRow::showSetting()
-{
-    switch_->show(services_.store.settings().launchAtLogin);
-}
-
-void LaunchAtLoginRow::set(bool wanted)
-{
-    const auto failure = services_.actions.setLaunchAtLogin(wanted);
-    if (failure) error_->setNote("exclamationmark.triangle", Tone::red, words_(*failure));
-    error_->setVisible(failure.has_value());
-}
-
-void LaunchAtLoginRow::mouseReleaseEvent(QMouseEvent* event)
-{
-    // The words are as good a place to click as the switch.
-    if (event->button() == Qt::LeftButton && rect().contains(event->pos())) switch_->click();
-}
-
-SoundsStep::SoundsStep(Services& services, QWidget* parent) : QWidget(parent)
-{
-    auto* login = new Card;
-    login->addRow(new LaunchAtLoginRow(services));
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(scaled(12));
-    layout->addWidget(makeSounds(services));
-    layout->addWidget(login);
-    layout->addWidget(makeClosingNote(Words(services.ports.translator)));
-}
-
-QWidget* SoundsStep::makeSounds(Services& services)
+QWidget* makeSounds(Services& services)
 {
     auto* sounds = new Card;
-    std::vector<SoundChooserRow*> rows;
+    std::vector<SoundRow*> rows;
     int width = 0;
     for (const CanonicalEvent event : quickEvents) {
-        rows.push_back(new SoundChooserRow(services, event));
+        rows.push_back(new SoundRow(services, event));
         sounds->addRow(rows.back(), 16);
-        width = std::max(width, rows.back()->name()->sizeHint().width());
+        width = std::max(width, rows.back()->name().sizeHint().width());
     }
-    for (SoundChooserRow* row : rows)
-        row->name()->setMinimumWidth(width);
+    for (const SoundRow* row : rows)
+        row->name().setMinimumWidth(width);
     return sounds;
 }
 
-QWidget* SoundsStep::makeClosingNote(const Words& words)
+QWidget* makeClosingNote(const Words& words)
 {
-    auto* note = new Note(TextStyle::subheadline, Ink::secondary);
+    auto* note = new Note(TextStyle::subheadline, Tone::secondary);
     note->setNote("bell.badge", Tone::accent, {});
     note->label()->setMarkedText(words(texts::closingNote));
-    note->setContentsMargins(scaled(16), 0, scaled(16), 0); // as the text in the cards
+    note->setContentsMargins(scaled(16), 0, scaled(16), 0); // aligned with the text in the cards
     return note;
+}
+
+/// What the two most important events sound like, whether we start at login, and where to go from here.
+class SoundsStep final : public QWidget {
+public:
+    explicit SoundsStep(Services& services);
+
+private:
+    SwitchRow* login_;
+    Subscription subscription_;
+};
+
+SoundsStep::SoundsStep(Services& services)
+{
+    const Words words(services.ports.translator);
+    login_ = new SwitchRow(words(texts::startAtLogin), words(texts::startAtLoginCaption), "power");
+    connect(&login_->control(), &QAbstractButton::toggled, this, [this, &services, words](bool isOn) {
+        const auto failure = services.actions.setLaunchAtLogin(isOn);
+        login_->showError(failure ? words(*failure) : QString());
+    });
+    const auto showLogin = [this, &services] {
+        login_->control().show(services.store.settings().launchAtLogin);
+    };
+    subscription_ = services.store.onChange(showLogin);
+    showLogin();
+
+    auto* card = new Card;
+    card->addRow(login_);
+    auto* layout = makeColumn(this, 12);
+    layout->addWidget(makeSounds(services));
+    layout->addWidget(card);
+    layout->addWidget(makeClosingNote(words));
+}
+
+}
+
+QWidget* makeSoundsStep(Services& services)
+{
+    return new SoundsStep(services);
 }
 
 }

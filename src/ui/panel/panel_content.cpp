@@ -5,6 +5,7 @@
 #include "presentation/panel_model.h"
 #include "ui/controls/buttons.h"
 #include "ui/controls/card.h"
+#include "ui/controls/event_editor.h"
 #include "ui/controls/layouts.h"
 #include "ui/controls/marks.h"
 #include "ui/look/chimewell_style.h"
@@ -26,7 +27,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr std::chrono::milliseconds timesAreRightFor = 30s;
-/// Text edges of what stands outside the cards are those of what stands in them.
+/// Texts outside the cards are aligned with those inside.
 constexpr double textInset = 12;
 
 /// A line over the whole width of the panel.
@@ -38,11 +39,10 @@ protected:
     void paintEvent(QPaintEvent*) override { QPainter(this).fillRect(rect(), colours().cardBorder()); }
 };
 
-QVBoxLayout* column(QWidget* of, double top, double bottom, double spacing)
+QVBoxLayout* makePaddedColumn(QWidget* holder, double top, double bottom, double spacing)
 {
-    auto* layout = new QVBoxLayout(of);
+    QVBoxLayout* layout = makeColumn(holder, spacing);
     layout->setContentsMargins(scaled(12), scaled(top), scaled(12), scaled(bottom));
-    layout->setSpacing(scaled(spacing));
     return layout;
 }
 
@@ -54,26 +54,20 @@ TextLabel* inset(TextLabel* label)
 
 }
 
-PanelContent::PanelContent(Services& services, const Windows& windows, QWidget* parent)
-    : QWidget(parent),
-      services_(services),
+PanelContent::PanelContent(Services& services, const Windows& windows)
+    : services_(services),
       words_(services.ports.translator),
       windows_(windows)
 {
     auto* middle = new QWidget;
-    auto* middleLayout = column(middle, 0, 10, 6);
+    auto* middleLayout = makePaddedColumn(middle, 0, 10, 6);
     middleLayout->addWidget(makeRecent());
     middleLayout->addSpacing(scaled(8));
     middleLayout->addWidget(makeQuickControls());
 
-    // With too little height, what is between the header and the actions scrolls.
-    auto* scroll = new FittingScrollArea(middle);
-
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
+    auto* layout = makeColumn(this);
     layout->addWidget(makeHeader());
-    layout->addWidget(scroll, 1);
+    layout->addWidget(new FittingScrollArea(middle), 1); // header and actions stay in sight
     layout->addWidget(new FullHairline);
     layout->addWidget(makeActions());
 
@@ -88,26 +82,23 @@ PanelContent::PanelContent(Services& services, const Windows& windows, QWidget* 
 QWidget* PanelContent::makeHeader()
 {
     auto* header = new QWidget;
-    auto* layout = column(header, 14, 10, 8);
-    auto* name = new TextLabel(TextStyle::headline);
-    name->setText(words_(texts::panelName));
+    auto* layout = makePaddedColumn(header, 14, 10, 8);
     dot_ = new StatusDot;
-    status_ = new TextLabel(TextStyle::subheadline, Ink::secondary);
+    status_ = new TextLabel(TextStyle::subheadline, Tone::secondary);
     finishSetup_ = new QPushButton(words_(texts::finishSetup));
-    ChimewellStyle::setDue(finishSetup_, true);
+    ChimewellStyle::setPrimary(finishSetup_, true);
     connect(finishSetup_, &QPushButton::clicked, this, [this] {
         Q_EMIT done();
-        windows_.openWalkthrough();
+        windows_.openOnboarding();
     });
 
-    auto* line = new QHBoxLayout;
-    line->setSpacing(scaled(6));
+    auto* line = makeLine(nullptr, 6);
     line->addWidget(dot_);
     line->addWidget(status_, 1);
     auto* grid = new QGridLayout;
     grid->setContentsMargins(scaled(textInset), 0, scaled(textInset), 0);
     grid->setVerticalSpacing(scaled(2));
-    grid->addWidget(name, 0, 0);
+    grid->addWidget(new TextLabel(TextStyle::headline, Tone::neutral, words_(texts::panelName)), 0, 0);
     grid->addLayout(line, 1, 0);
     grid->addWidget(finishSetup_, 0, 1, 2, 1);
     grid->setColumnStretch(0, 1);
@@ -123,24 +114,20 @@ QWidget* PanelContent::makeHeader()
 QWidget* PanelContent::makeRecent()
 {
     auto* part = new QWidget;
-    auto* layout = new QVBoxLayout(part);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(scaled(6));
+    auto* layout = makeColumn(part, 6);
 
-    auto* heading = new TextLabel(TextStyle::subheadlineSemibold, Ink::secondary);
-    heading->setText(words_(texts::recent));
+    auto* heading = new TextLabel(TextStyle::subheadlineSemibold, Tone::secondary, words_(texts::recent));
     clear_ = new LinkButton(words_(texts::clear));
     connect(clear_, &QPushButton::clicked, this, [this] { services_.actions.clearHistory(); });
-    auto* line = new QHBoxLayout;
-    line->setContentsMargins(scaled(textInset), 0, scaled(textInset - 8), 0); // its text is on the edge
+    auto* line = makeLine(nullptr);
+    line->setContentsMargins(scaled(textInset), 0, scaled(textInset - 8), 0); // aligned by the button's text
     line->addWidget(heading, 1);
     line->addWidget(clear_);
     layout->addLayout(line);
 
     auto* card = new Card;
-    empty_ = new TextLabel(TextStyle::subheadline, Ink::secondary);
-    empty_->setText(words_(texts::noRecentActivity));
-    empty_->setCentred(true);
+    empty_ = new TextLabel(TextStyle::subheadline, Tone::secondary, words_(texts::noRecentActivity));
+    empty_->setCentred();
     empty_->setMinimumHeight(scaled(48));
     card->addRow(empty_);
     for (std::size_t i = 0; i < panelRecentRows; ++i) {
@@ -151,7 +138,7 @@ QWidget* PanelContent::makeRecent()
         card->addRow(rows_.back(), 36);
     }
     layout->addWidget(card);
-    more_ = inset(new TextLabel(TextStyle::caption, Ink::secondary));
+    more_ = inset(new TextLabel(TextStyle::caption, Tone::secondary));
     layout->addWidget(more_);
     return part;
 }
@@ -159,9 +146,7 @@ QWidget* PanelContent::makeRecent()
 QWidget* PanelContent::makeQuickControls()
 {
     auto* part = new QWidget;
-    auto* layout = new QVBoxLayout(part);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(scaled(6));
+    auto* layout = makeColumn(part, 6);
 
     auto* card = new Card;
     mute_ = new QuickRow(words_(texts::muteAll));
@@ -169,31 +154,26 @@ QWidget* PanelContent::makeQuickControls()
             [this](bool muted) { services_.actions.setMuted(muted); });
     card->addRow(mute_, 36);
     for (const CanonicalEvent event : quickEvents) {
-        const QString name = words_(displayName(event));
-        auto* row = new QuickRow(name);
+        const EventEditor editor(services_, event);
+        auto* row = new QuickRow(editor.eventName());
         row->setSymbol(iconName(event), Tone::secondary);
-        auto* preview = row->addButton("play.circle", words_({texts::previewOf, {name.toStdString()}}));
-        connect(preview, &QAbstractButton::clicked, this,
-                [this, event] { services_.actions.preview(event); });
-        connect(row->toggle(), &QAbstractButton::toggled, this, [this, event](bool isOn) {
-            services_.actions.changeEvent(event, [&](EventSetting& setting) { setting.enabled = isOn; });
-        });
+        IconButton* preview = row->addButton("play.circle", editor.named(texts::previewOf));
+        editor.connectPreview(*preview);
+        editor.connectToggle(*row->toggle(), &EventSetting::enabled);
         quick_.push_back({event, row, preview});
         card->addRow(row, 36);
     }
     layout->addWidget(card);
-    auto* others = inset(new TextLabel(TextStyle::caption, Ink::secondary));
-    others->setText(words_(texts::otherEvents));
-    layout->addWidget(others);
+    layout->addWidget(inset(new TextLabel(TextStyle::caption, Tone::secondary, words_(texts::otherEvents))));
     return part;
 }
 
 QWidget* PanelContent::makeActions()
 {
     auto* part = new QWidget;
-    auto* layout = column(part, 6, 8, 0);
+    auto* layout = makePaddedColumn(part, 6, 8, 0);
     const auto add = [&](std::string_view symbol, const Text& text, std::function<void()> action) {
-        auto* row = new ActionRow(symbol, words_(text));
+        auto* row = new RowButton(RowButton::Kind::menuLine, symbol, words_(text));
         connect(row, &QAbstractButton::clicked, this, std::move(action));
         layout->addWidget(row);
         return row;
@@ -216,7 +196,7 @@ void PanelContent::showSettings()
     finishSetup_->setVisible(!header.isListening);
 
     const auto& error = services_.store.lastError();
-    if (error) warning_->setNote("exclamationmark.triangle", Tone::red, words_(*error));
+    warning_->showError(error ? words_(*error) : QString());
     warningCard_->setVisible(error.has_value());
 
     mute_->toggle()->show(settings.globalMuted);

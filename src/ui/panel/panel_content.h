@@ -24,14 +24,14 @@ class RecentPanelRow;
 class StatusDot;
 class TextLabel;
 
-/// What the panel holds, in a pop-up or in a window. Reads everything live.
+/// What the panel shows, in a pop-up or in a window. Follows the settings and the history.
 class PanelContent final : public QWidget {
     Q_OBJECT
 public:
-    PanelContent(Services& services, const Windows& windows, QWidget* parent = nullptr);
+    PanelContent(Services& services, const Windows& windows);
 
 Q_SIGNALS:
-    /// The user chose what happens elsewhere.
+    /// The user chose something that opens another window.
     void done();
     void heightChanged();
 

@@ -2,6 +2,7 @@
 #include "ui/panel/panel_rows.h"
 
 #include "ui/controls/buttons.h"
+#include "ui/controls/layouts.h"
 #include "ui/controls/marks.h"
 #include "ui/controls/text_label.h"
 #include "ui/look/chimewell_style.h"
@@ -19,17 +20,27 @@
 
 namespace chimewell {
 
-QuickRow::QuickRow(const QString& name, QWidget* parent)
-    : QWidget(parent),
-      icon_(new SymbolLabel("bell", metrics::rowIcon, Tone::secondary)),
+void StatusDot::setTone(Tone tone)
+{
+    tone_ = tone;
+    update();
+}
+
+void StatusDot::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    fillRounded(painter, rect(), width() / 2.0, colours().markColour(tone_));
+}
+
+QuickRow::QuickRow(const QString& name)
+    : icon_(new SymbolLabel("bell", metrics::rowIcon)),
       switch_(new SwitchButton(name))
 {
     setMinimumHeight(scaled(38));
     auto* label = new ElidedLabel(TextStyle::body);
     label->setFullText(name);
-    auto* layout = new QHBoxLayout(this);
+    QHBoxLayout* layout = makeLine(this, 8);
     layout->setContentsMargins(scaled(12), 0, scaled(9), 0);
-    layout->setSpacing(scaled(8));
     layout->addWidget(icon_);
     layout->addWidget(label, 1);
     layout->addWidget(switch_);
@@ -51,19 +62,16 @@ IconButton* QuickRow::addButton(std::string_view symbol, const QString& name)
 
 void QuickRow::mouseReleaseEvent(QMouseEvent* event)
 {
-    // The name is as good a place to click as the switch.
     if (event->button() == Qt::LeftButton && rect().contains(event->pos())) switch_->click();
 }
 
-RecentPanelRow::RecentPanelRow(const Words& words, std::function<void(const RecentRow&)> openSession,
-                               QWidget* parent)
-    : QWidget(parent),
-      words_(words),
+RecentPanelRow::RecentPanelRow(const Words& words, std::function<void(const RecentRow&)> openSession)
+    : words_(words),
       openSession_(std::move(openSession)),
-      icon_(new SymbolLabel("bell", metrics::rowIcon, Tone::secondary)),
+      icon_(new SymbolLabel("bell", metrics::rowIcon)),
       title_(new ElidedLabel(TextStyle::body)),
-      time_(new TextLabel(TextStyle::caption, Ink::secondary)),
-      message_(new ElidedLabel(TextStyle::caption, Ink::secondary)),
+      time_(new TextLabel(TextStyle::caption, Tone::secondary)),
+      message_(new ElidedLabel(TextStyle::caption, Tone::secondary)),
       open_(new IconButton("arrow.up.forward.app", words(texts::openSessionTooltip)))
 {
     setFocusPolicy(Qt::StrongFocus);
@@ -71,7 +79,7 @@ RecentPanelRow::RecentPanelRow(const Words& words, std::function<void(const Rece
     setMinimumHeight(scaled(46));
 
     QSizePolicy keepsRoom = open_->sizePolicy();
-    keepsRoom.setRetainSizeWhenHidden(true); // so that the times stand below one another
+    keepsRoom.setRetainSizeWhenHidden(true); // so that the times are aligned
     open_->setSizePolicy(keepsRoom);
 
     auto* layout = new QGridLayout(this);
@@ -108,7 +116,7 @@ void RecentPanelRow::paintEvent(QPaintEvent*)
     // Inside the card's round corners.
     const QRectF area = QRectF(rect()).adjusted(3, 3, -3, -3);
     const int radius = scaled(metrics::controlRadius);
-    if (underMouse()) fillRounded(painter, area, radius, colours().wash(Colours::hover));
+    if (underMouse()) fillRounded(painter, area, radius, colours().overlay(Colours::hover));
     if (ChimewellStyle::showsFocus(this)) paintFocusRing(painter, area, radius);
 }
 

@@ -18,14 +18,30 @@ class SwitchButton;
 class SymbolLabel;
 class TextLabel;
 
-/// A symbol, a name and a switch, with a button before the switch where there is something to try.
+/// A filled circle of eight pixels.
+class StatusDot final : public QWidget {
+    Q_OBJECT
+public:
+    StatusDot() { setFixedSize(8, 8); }
+
+    void setTone(Tone tone);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    Tone tone_ = Tone::orange;
+};
+
+/// A symbol, a name and a switch, which a click on any of them presses.
 class QuickRow final : public QWidget {
     Q_OBJECT
 public:
-    explicit QuickRow(const QString& name, QWidget* parent = nullptr);
+    explicit QuickRow(const QString& name);
 
     SwitchButton* toggle() const { return switch_; }
     void setSymbol(std::string_view symbol, Tone tone);
+    /// Puts a button before the switch.
     IconButton* addButton(std::string_view symbol, const QString& name);
 
 protected:
@@ -36,12 +52,11 @@ private:
     SwitchButton* switch_;
 };
 
-/// One alert of the past in the panel: what it was, when, and the way back to its session.
+/// One past alert in the panel: what it was, when, and a button that opens its session.
 class RecentPanelRow final : public QWidget {
     Q_OBJECT
 public:
-    RecentPanelRow(const Words& words, std::function<void(const RecentRow&)> openSession,
-                   QWidget* parent = nullptr);
+    RecentPanelRow(const Words& words, std::function<void(const RecentRow&)> openSession);
 
     void show(const RecentRow& row);
 

@@ -94,7 +94,7 @@ void PanelWindow::paintEvent(QPaintEvent*)
     painter.fillRect(rect(), colours().window);
     // Round corners would need a compositor behind them.
     if (form_ == Form::window) return;
-    strokeRounded(painter, rect(), 0, colours().wash(0.2));
+    strokeRounded(painter, rect(), 0, colours().overlay(0.2));
     // Now that it is on the screen it can hear of clicks elsewhere, which close it.
     if (!isGrabbing_) isGrabbing_ = windowHandle()->setMouseGrabEnabled(true);
 }

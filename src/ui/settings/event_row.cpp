@@ -3,19 +3,18 @@
 
 #include "presentation/event_looks.h"
 #include "presentation/settings_model.h"
+#include "ui/controls/accessibility.h"
 #include "ui/controls/buttons.h"
 #include "ui/controls/disclosure.h"
+#include "ui/controls/event_editor.h"
 #include "ui/controls/inputs.h"
 #include "ui/controls/layouts.h"
 #include "ui/controls/marks.h"
-#include "ui/controls/text_label.h"
-#include "ui/look/symbol.h"
 #include "values/texts.h"
 
 #include <QAbstractItemView>
 #include <QCheckBox>
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QPushButton>
@@ -26,30 +25,6 @@
 #include <utility>
 
 namespace chimewell {
-
-namespace {
-
-constexpr double headerHeight = 53, aboveAndBelow = 8; // with the hairline above
-
-constexpr double pickerWidth = 124;
-
-void showChecked(QCheckBox& box, bool isChecked)
-{
-    const QSignalBlocker silence(&box);
-    box.setChecked(isChecked);
-}
-
-QHBoxLayout* makeLine(QWidget* holder, double spacing)
-{
-    auto* line = new QHBoxLayout(holder);
-    line->setContentsMargins(0, 0, 0, 0);
-    line->setSpacing(scaled(spacing));
-    return line;
-}
-
-constexpr double voiceWidth = 200;
-
-}
 
 VoiceList::VoiceList(Services& services, QObject* parent) : QObject(parent), services_(services) {}
 
@@ -64,31 +39,45 @@ void VoiceList::ask()
     });
 }
 
-EventHeader::EventHeader(const EventSettingEditor& editor, QWidget* parent)
-    : QWidget(parent),
-      arrow_(new IconButton("chevron.right", editor.named(texts::optionsOf))),
-      enabled_(new TextLabel(TextStyle::subheadline, Ink::secondary)),
+namespace {
+
+constexpr double headerHeight = 53, aboveAndBelow = 8; // with the hairline above
+constexpr double soundWidth = 124, voiceWidth = 200;
+
+/// What an event is and whether it alerts. A click beside the switch presses the arrow.
+class EventHeader final : public QWidget {
+public:
+    explicit EventHeader(const EventEditor& editor);
+
+    IconButton& arrow() { return *arrow_; }
+    void show(bool isEnabled) { switch_->show(isEnabled); }
+    void showOpen(bool isOpen);
+
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    IconButton* arrow_;
+    TextLabel* enabled_;
+    SwitchButton* switch_;
+};
+
+EventHeader::EventHeader(const EventEditor& editor)
+    : arrow_(new IconButton("chevron.right", editor.named(texts::optionsOf))),
+      enabled_(new TextLabel(TextStyle::subheadline, Tone::secondary, editor.words()(texts::enabled))),
       switch_(new SwitchButton(editor.named(texts::enabledOf)))
 {
-    auto* name = new TextLabel(TextStyle::bodyMedium);
-    name->setText(editor.words()(displayName(editor.event())));
-    name->setWrapping(true);
-    auto* line = new TextLabel(TextStyle::subheadline, Ink::secondary);
-    line->setText(editor.words()(description(editor.event())));
-    line->setWrapping(true);
-    enabled_->setText(editor.words()(texts::enabled));
     arrow_->setCheckable(true);
-
-    auto* texts = new QVBoxLayout;
-    texts->setSpacing(0);
-    texts->addWidget(name);
-    texts->addWidget(line);
-    auto* layout = new QHBoxLayout(this);
-    // The arrow's button is wider than the column of symbols in whose middle it stands.
+    editor.connectToggle(*switch_, &EventSetting::enabled);
+    auto* texts = makeColumn(nullptr);
+    texts->addWidget(makeParagraph(TextStyle::bodyMedium, Tone::neutral, editor.eventName()));
+    texts->addWidget(
+        makeParagraph(TextStyle::subheadline, Tone::secondary, editor.words()(description(editor.event()))));
+    auto* layout = makeLine(this);
+    // The arrow's button is wider than the column of symbols and has the same middle.
     const int around = (scaled(metrics::iconButton) - scaled(metrics::rowIcon)) / 2;
     layout->setContentsMargins(directed(inRow(cardEdge) - around, scaled(aboveAndBelow) + 1,
                                         inRow(cardEdge) - ringRoom, scaled(aboveAndBelow)));
-    layout->setSpacing(0);
     setMinimumHeight(scaled(headerHeight));
     layout->addWidget(arrow_);
     layout->addSpacing(inRow(afterSymbol) - inRow(cardEdge) + around - scaled(metrics::iconButton));
@@ -97,20 +86,11 @@ EventHeader::EventHeader(const EventSettingEditor& editor, QWidget* parent)
     layout->addWidget(enabled_);
     layout->addSpacing(scaled(8) - ringRoom);
     layout->addWidget(switch_);
-
-    connect(switch_, &QAbstractButton::toggled, this, &EventHeader::enabledChanged);
-    connect(arrow_, &QAbstractButton::toggled, this, &EventHeader::openChanged);
-}
-
-void EventHeader::showEnabled(bool isEnabled)
-{
-    switch_->show(isEnabled);
 }
 
 void EventHeader::showOpen(bool isOpen)
 {
-    const QSignalBlocker silence(arrow_);
-    arrow_->setChecked(isOpen);
+    showChecked(*arrow_, isOpen);
     arrow_->setSymbol(isOpen ? "chevron.down" : "chevron.right");
 }
 
@@ -123,53 +103,39 @@ void EventHeader::mouseReleaseEvent(QMouseEvent* event)
         arrow_->click();
 }
 
-AlertStrip::AlertStrip(const EventSettingEditor& editor, QWidget* parent)
-    : QWidget(parent),
-      editor_(editor),
-      preview_(new QPushButton(symbolIcon("play.circle"), editor.words()(texts::preview)))
-{
-    auto* line = new FlowLayout(scaled(8), FlowLayout::Last::trails, this);
-    line->addWidget(makeSound());
-    preview_->setAutoDefault(false);
-    preview_->setAccessibleName(editor_.named(texts::previewOf));
-    connect(preview_, &QPushButton::clicked, this, [this] { editor_.preview(); });
-    line->addWidget(preview_);
-    line->addWidget(makeOptions());
-}
+/// How an event alerts: its sound, with a button to hear it, and whether there is a banner and a voice.
+class AlertStrip final : public QWidget {
+public:
+    explicit AlertStrip(const EventEditor& editor);
 
-QWidget* AlertStrip::makeSound()
-{
-    auto* label = new TextLabel(TextStyle::body);
-    label->setText(editor_.words()(texts::sound));
-    sound_ = new SoundPicker(editor_.words(), editor_.named(texts::soundOf));
-    sound_->setMinimumWidth(scaled(pickerWidth));
-    connect(sound_, &SoundPicker::soundChosen, this, [this](const std::string& id) {
-        editor_.change([&](EventSetting& setting) { setting.soundId = id; });
-    });
-    auto* holder = new QWidget;
-    QHBoxLayout* line = makeLine(holder, 12);
-    line->addWidget(label);
-    line->addWidget(sound_);
-    return holder;
-}
+    void show(const EventSetting& setting);
 
-QWidget* AlertStrip::makeOptions()
+private:
+    SoundPicker* sound_;
+    QPushButton* preview_;
+    QCheckBox* banner_;
+    QCheckBox* speak_;
+};
+
+AlertStrip::AlertStrip(const EventEditor& editor)
+    : sound_(editor.makeSoundPicker()),
+      preview_(editor.makePreview()),
+      banner_(editor.makeCheckBox(&EventSetting::showPopup, texts::showBanner, texts::bannerOf)),
+      speak_(editor.makeCheckBox(&EventSetting::speak, texts::speak, texts::speakOf))
 {
-    banner_ = new QCheckBox(editor_.words()(texts::showBanner));
-    banner_->setAccessibleName(editor_.named(texts::bannerOf));
-    connect(banner_, &QCheckBox::toggled, this,
-            [this](bool isOn) { editor_.change([&](EventSetting& setting) { setting.showPopup = isOn; }); });
-    speak_ = new QCheckBox(editor_.words()(texts::speak));
-    speak_->setAccessibleName(editor_.named(texts::speakOf));
-    speak_->setToolTip(editor_.words()(texts::speakTooltip));
-    speak_->setAccessibleDescription(editor_.words()(texts::speakTooltip));
-    connect(speak_, &QCheckBox::toggled, this,
-            [this](bool isOn) { editor_.change([&](EventSetting& setting) { setting.speak = isOn; }); });
-    auto* holder = new QWidget;
-    QHBoxLayout* line = makeLine(holder, 18);
-    line->addWidget(banner_);
-    line->addWidget(speak_);
-    return holder;
+    sound_->setMinimumWidth(scaled(soundWidth));
+    setHelp(*speak_, editor.words()(texts::speakTooltip));
+    auto* strip = new FlowLayout(scaled(8), FlowLayout::Last::trails, this);
+    const auto add = [&](QWidget* first, QWidget* second, double spacing) {
+        auto* holder = new QWidget;
+        auto* line = makeLine(holder, spacing);
+        line->addWidget(first);
+        line->addWidget(second);
+        strip->addWidget(holder);
+    };
+    add(new TextLabel(TextStyle::body, Tone::neutral, editor.words()(texts::sound)), sound_, 12);
+    strip->addWidget(preview_);
+    add(banner_, speak_, 18);
 }
 
 void AlertStrip::show(const EventSetting& setting)
@@ -180,14 +146,36 @@ void AlertStrip::show(const EventSetting& setting)
     showChecked(*speak_, setting.speak);
 }
 
-SpokenOptions::SpokenOptions(const EventSettingEditor& editor, VoiceList& voices, QWidget* parent)
-    : QWidget(parent),
-      editor_(editor),
-      voices_(voices)
+/// What is said at an event, and by whom.
+class SpokenOptions final : public QWidget {
+public:
+    SpokenOptions(const EventEditor& editor, VoiceList& voices);
+
+    void show(const EventSetting& setting);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    QWidget* makePhrase();
+    QWidget* makeVoice();
+    void showVoices();
+
+    const EventEditor editor_;
+    VoiceList& voices_;
+    EventSetting shown_;
+    Field* phrase_ = nullptr;
+    Picker* voice_ = nullptr;
+    std::vector<Voice> choices_; ///< Of the picker, after the default.
+};
+
+SpokenOptions::SpokenOptions(const EventEditor& editor, VoiceList& voices)
+    : editor_(editor),
+      voices_(voices),
+      shown_(EventSetting::defaultSetting(editor.event()))
 {
-    auto* layout = new QVBoxLayout(this);
+    auto* layout = makeColumn(this, 8);
     layout->setContentsMargins(directed(0, scaled(8), aroundCheckBox, 0));
-    layout->setSpacing(scaled(8));
     layout->addWidget(makePhrase());
     layout->addWidget(makeVoice());
     connect(&voices_, &VoiceList::changed, this, [this] { showVoices(); });
@@ -195,34 +183,29 @@ SpokenOptions::SpokenOptions(const EventSettingEditor& editor, VoiceList& voices
 
 QWidget* SpokenOptions::makePhrase()
 {
+    const QString help = editor_.words()(texts::phraseHelp);
     phrase_ = new Field(editor_.named(texts::phraseOf));
     phrase_->setPlaceholderText(editor_.words()(defaultSpokenPhrase(editor_.event())));
-    phrase_->setAccessibleDescription(editor_.words()(texts::phraseHelp));
+    phrase_->setAccessibleDescription(help);
     connect(phrase_, &QLineEdit::editingFinished, this, [this] {
         const std::string phrase = phrase_->text().toStdString();
         phrase_->setModified(false);
-        if (phrase == editor_.setting().spokenPhrase) return;
+        if (phrase == shown_.spokenPhrase) return;
         editor_.change([&](EventSetting& setting) { setting.spokenPhrase = phrase; });
     });
-    auto* help = new TextLabel(TextStyle::caption, Ink::secondary);
-    help->setText(editor_.words()(texts::phraseHelp));
-    help->setWrapping(true);
-
     auto* holder = new QWidget;
     auto* grid = new QGridLayout(holder);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(scaled(8));
     grid->setVerticalSpacing(scaled(4));
-    grid->addWidget(new SymbolLabel("quote.bubble", metrics::rowIcon, Tone::secondary), 0, 0);
+    grid->addWidget(new SymbolLabel("quote.bubble", metrics::rowIcon), 0, 0);
     grid->addWidget(phrase_, 0, 1);
-    grid->addWidget(help, 1, 1);
+    grid->addWidget(makeParagraph(TextStyle::caption, Tone::secondary, help), 1, 1);
     return holder;
 }
 
 QWidget* SpokenOptions::makeVoice()
 {
-    auto* label = new TextLabel(TextStyle::body);
-    label->setText(editor_.words()(texts::voice));
     voice_ = new Picker(editor_.named(texts::voiceOf));
     // Names of voices can be longer than the row.
     voice_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -234,27 +217,25 @@ QWidget* SpokenOptions::makeVoice()
         if (index > 0) chosen = choices_[static_cast<std::size_t>(index) - 1].identifier;
         editor_.change([&](EventSetting& setting) { setting.voiceIdentifier = chosen; });
     });
-
     auto* holder = new QWidget;
-    auto* line = new QHBoxLayout(holder);
-    line->setContentsMargins(0, 0, 0, 0);
-    line->setSpacing(scaled(8));
-    line->addWidget(new SymbolLabel("person.wave.2", metrics::rowIcon, Tone::secondary));
+    auto* line = makeLine(holder, 8);
+    line->addWidget(new SymbolLabel("person.wave.2", metrics::rowIcon));
+    auto* label = new TextLabel(TextStyle::body, Tone::neutral, editor_.words()(texts::voice));
     line->addLayout(new RowLayout(label, voice_), 1);
     return holder;
 }
 
 void SpokenOptions::show(const EventSetting& setting)
 {
+    shown_ = setting;
     phrase_->showText(qString(setting.spokenPhrase));
     showVoices();
 }
 
 void SpokenOptions::showVoices()
 {
-    const std::optional<std::string> stored = editor_.setting().voiceIdentifier;
     const QSignalBlocker silence(voice_);
-    if (auto choices = voiceChoices(voices_.voices(), stored); choices != choices_) {
+    if (auto choices = voiceChoices(voices_.voices(), shown_.voiceIdentifier); choices != choices_) {
         choices_ = std::move(choices);
         while (voice_->count() > 1)
             voice_->removeItem(voice_->count() - 1);
@@ -262,7 +243,7 @@ void SpokenOptions::showVoices()
             voice_->addItem(qString(voice.name));
         voice_->view()->setMinimumWidth(voice_->view()->sizeHintForColumn(0));
     }
-    const auto chosen = std::ranges::find(choices_, stored, &Voice::identifier);
+    const auto chosen = std::ranges::find(choices_, shown_.voiceIdentifier, &Voice::identifier);
     voice_->setCurrentIndex(chosen == choices_.end() ? 0 : static_cast<int>(chosen - choices_.begin()) + 1);
 }
 
@@ -272,32 +253,43 @@ void SpokenOptions::showEvent(QShowEvent* event)
     voices_.ask();
 }
 
-EventRow::EventRow(Services& services, CanonicalEvent event, VoiceList& voices, QWidget* parent)
-    : QWidget(parent),
-      editor_(services, event),
+class EventRow final : public QWidget {
+public:
+    EventRow(Services& services, CanonicalEvent event, VoiceList& voices);
+
+private:
+    void setOpen(bool isOpen);
+    void showSetting();
+
+    const EventEditor editor_;
+    EventHeader* header_;
+    AlertStrip* strip_;
+    SpokenOptions* spoken_;
+    Disclosure* whenSpoken_;
+    Disclosure* options_;
+    bool wasEnabled_ = false;
+    Subscription storeChange_;
+};
+
+EventRow::EventRow(Services& services, CanonicalEvent event, VoiceList& voices)
+    : editor_(services, event),
       header_(new EventHeader(editor_)),
       strip_(new AlertStrip(editor_)),
       spoken_(new SpokenOptions(editor_, voices)),
-      whenSpoken_(new Fold(spoken_))
+      whenSpoken_(new Disclosure(spoken_))
 {
     auto* content = new QWidget;
-    auto* inside = new QVBoxLayout(content);
+    auto* inside = makeColumn(content);
     inside->setContentsMargins(
         directed(inRow(afterSymbol), scaled(4), inRow(cardEdge) - aroundCheckBox, scaled(14)));
-    inside->setSpacing(0);
     inside->addWidget(strip_);
     inside->addWidget(whenSpoken_);
-    options_ = new Fold(content);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
+    options_ = new Disclosure(content);
+    auto* layout = makeColumn(this);
     layout->addWidget(header_);
     layout->addWidget(options_);
 
-    connect(header_, &EventHeader::openChanged, this, [this](bool isOpen) { setOpen(isOpen); });
-    connect(header_, &EventHeader::enabledChanged, this, [this](bool isEnabled) {
-        editor_.change([&](EventSetting& setting) { setting.enabled = isEnabled; });
-    });
+    connect(&header_->arrow(), &QAbstractButton::toggled, this, [this](bool isOpen) { setOpen(isOpen); });
     storeChange_ = services.store.onChange([this] { showSetting(); });
     showSetting();
 }
@@ -310,14 +302,22 @@ void EventRow::setOpen(bool isOpen)
 
 void EventRow::showSetting()
 {
-    const EventSetting setting = editor_.setting();
-    header_->showEnabled(setting.enabled);
+    const EventSetting* stored = editor_.stored();
+    const EventSetting setting = stored ? *stored : EventSetting::defaultSetting(editor_.event());
+    header_->show(setting.enabled);
     // Whoever switches an event on is about to set it up.
     if (setting.enabled && !wasEnabled_) setOpen(true);
     wasEnabled_ = setting.enabled;
     strip_->show(setting);
     spoken_->show(setting);
     whenSpoken_->setOpen(setting.speak);
+}
+
+}
+
+QWidget* makeEventRow(Services& services, CanonicalEvent event, VoiceList& voices)
+{
+    return new EventRow(services, event, voices);
 }
 
 }

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "ui/settings/events_pane.h"
-
 #include "presentation/event_looks.h"
 #include "presentation/settings_model.h"
 #include "ui/controls/buttons.h"
@@ -9,13 +7,12 @@
 #include "ui/controls/layouts.h"
 #include "ui/controls/text_label.h"
 #include "ui/settings/event_row.h"
-#include "ui/settings/pane_column.h"
+#include "ui/settings/pane.h"
 #include "values/texts.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QSignalBlocker>
-#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -25,47 +22,89 @@ namespace {
 
 constexpr double pickerWidth = 140;
 
-/// A stepper and the sentence that it is part of.
-void showSentence(Stepper& stepper, TextLabel& label, const QString& sentence, std::int64_t value)
-{
-    const QSignalBlocker silence(&stepper);
-    stepper.setValue(static_cast<int>(std::clamp<std::int64_t>(value, stepper.minimum(), stepper.maximum())));
-    stepper.setAccessibleName(sentence);
-    label.setText(sentence);
-}
+/// A stepper and the sentence that tells its number.
+struct SentenceRow {
+    SentenceRow(int maximum, const std::function<void(int)>& changed)
+        : stepper(new Stepper(QString())),
+          row(new SettingRow(QString(), stepper))
+    {
+        stepper->setRange(1, maximum);
+        QObject::connect(stepper, &QSpinBox::valueChanged, stepper, changed);
+    }
+    void show(const QString& sentence, std::int64_t value) const
+    {
+        const QSignalBlocker silence(stepper);
+        stepper->setValue(
+            static_cast<int>(std::clamp<std::int64_t>(value, stepper->minimum(), stepper->maximum())));
+        stepper->setAccessibleName(sentence);
+        row->label()->setText(sentence);
+    }
 
-}
+    Stepper* stepper;
+    SettingRow* row;
+};
 
-RemindersSection::RemindersSection(Services& services, QWidget* parent)
-    : QWidget(parent),
-      services_(services),
+/// Which events alert and how, and how often a waiting agent is mentioned again.
+class EventsPane final : public PaneColumn {
+public:
+    explicit EventsPane(Services& services);
+
+private:
+    void addReminders();
+    QWidget* makeInterval();
+    void showReminders();
+    void showCustom(bool isCustom);
+
+    Services& services_;
+    const Words words_;
+    SwitchRow* remindersEnabled_ = nullptr;
+    Picker* interval_ = nullptr;
+    QPushButton* custom_ = nullptr;
+    const SentenceRow minutes_;
+    const SentenceRow count_;
+    bool isCustom_ = false; ///< The interval is edited in minutes and not picked.
+    Subscription storeChange_;
+};
+
+EventsPane::EventsPane(Services& services)
+    : services_(services),
       words_(services.ports.translator),
-      enabled_(new SwitchRow(words_(texts::keepReminding), words_(texts::keepRemindingCaption)))
+      minutes_(static_cast<int>(maxReminderMinutes),
+               [this](int minutes) { services_.actions.setReminderInterval(storedSeconds(minutes)); }),
+      count_(static_cast<int>(maxReminderCount),
+             [this](int count) { services_.actions.setReminderCount(count); })
 {
-    auto* card = new Card;
-    card->addRow(enabled_, cardEdge);
-    card->addRow(makeInterval(), cardEdge);
-    minutesRow_ = makeMinutes();
-    card->addRow(minutesRow_, cardEdge);
-    card->addRow(makeCount(), cardEdge);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(card);
-
-    connect(enabled_->control(), &QAbstractButton::toggled, this,
-            [this](bool isOn) { services_.actions.setRemindersEnabled(isOn); });
-    storeChange_ = services_.store.onChange([this] { showSettings(); });
-    showSettings();
+    addIntro(words_(texts::eventsIntro));
+    auto* voices = new VoiceList(services, this);
+    Card* card = addCard();
+    for (const CanonicalEvent event : configurableEvents)
+        card->addRow(makeEventRow(services, event, *voices), afterSymbol);
+    addReminders();
+    finish();
+    storeChange_ = services_.store.onChange([this] { showReminders(); });
+    showReminders();
 }
 
-QWidget* RemindersSection::makeInterval()
+void EventsPane::addReminders()
+{
+    remindersEnabled_ = new SwitchRow(words_(texts::keepReminding), words_(texts::keepRemindingCaption));
+    connect(&remindersEnabled_->control(), &QAbstractButton::toggled, this,
+            [this](bool isOn) { services_.actions.setRemindersEnabled(isOn); });
+    addHeading(words_(texts::reminders));
+    Card* card = addCard();
+    card->addRow(remindersEnabled_, cardEdge);
+    card->addRow(makeInterval(), cardEdge);
+    card->addRow(minutes_.row, cardEdge);
+    card->addRow(count_.row, cardEdge);
+}
+
+QWidget* EventsPane::makeInterval()
 {
     const QString name = words_(texts::repeatEvery);
     custom_ = new QPushButton(words_(texts::custom));
-    custom_->setAutoDefault(false);
     connect(custom_, &QPushButton::clicked, this, [this] {
         showCustom(true);
-        minutes_->setFocus(); // the button is gone
+        minutes_.stepper->setFocus(); // the button is hidden now
     });
     interval_ = new Picker(name);
     interval_->setMinimumWidth(scaled(pickerWidth));
@@ -75,71 +114,40 @@ QWidget* RemindersSection::makeInterval()
     connect(interval_, &QComboBox::currentIndexChanged, this, [this](int index) {
         if (index < 0) return;
         isCustom_ = false;
-        const std::int64_t seconds = reminderPresets[static_cast<std::size_t>(index)].seconds;
-        services_.actions.setReminderInterval(seconds);
+        services_.actions.setReminderInterval(reminderPresets[static_cast<std::size_t>(index)].seconds);
     });
     auto* controls = new QWidget;
-    auto* line = new QHBoxLayout(controls);
-    line->setContentsMargins(0, 0, 0, 0);
-    line->setSpacing(scaled(8));
+    auto* line = makeLine(controls, 8);
     line->addWidget(custom_);
     line->addWidget(interval_);
     return new SettingRow(name, controls);
 }
 
-QWidget* RemindersSection::makeMinutes()
-{
-    minutes_ = new Stepper(QString());
-    minutes_->setRange(1, static_cast<int>(maxReminderMinutes));
-    connect(minutes_, &QSpinBox::valueChanged, this,
-            [this](int minutes) { services_.actions.setReminderInterval(storedSeconds(minutes)); });
-    auto* row = new SettingRow(QString(), minutes_);
-    minutesText_ = row->label();
-    return row;
-}
-
-QWidget* RemindersSection::makeCount()
-{
-    count_ = new Stepper(QString());
-    count_->setRange(1, static_cast<int>(maxReminderCount));
-    connect(count_, &QSpinBox::valueChanged, this,
-            [this](int count) { services_.actions.setReminderCount(count); });
-    auto* row = new SettingRow(QString(), count_);
-    countText_ = row->label();
-    return row;
-}
-
-void RemindersSection::showSettings()
+void EventsPane::showReminders()
 {
     const AppSettings& settings = services_.store.settings();
-    enabled_->control()->show(settings.remindersEnabled);
+    remindersEnabled_->control().show(settings.remindersEnabled);
     const std::int64_t minutes = shownMinutes(settings.reminderIntervalSeconds);
-    showSentence(*minutes_, *minutesText_, words_({texts::everyMinutes, minutes}), minutes);
-    showSentence(*count_, *countText_, words_({texts::upToReminders, settings.reminderMaxCount}),
-                 settings.reminderMaxCount);
+    minutes_.show(words_({texts::everyMinutes, minutes}), minutes);
+    count_.show(words_({texts::upToReminders, settings.reminderMaxCount}), settings.reminderMaxCount);
     showCustom(isCustom_ || !reminderPreset(settings.reminderIntervalSeconds));
 }
 
-void RemindersSection::showCustom(bool isCustom)
+void EventsPane::showCustom(bool isCustom)
 {
     isCustom_ = isCustom;
     const auto preset = reminderPreset(services_.store.settings().reminderIntervalSeconds);
     const QSignalBlocker silence(interval_);
     interval_->setCurrentIndex(isCustom || !preset ? -1 : static_cast<int>(*preset));
     custom_->setVisible(!isCustom);
-    minutesRow_->setVisible(isCustom);
+    minutes_.row->setVisible(isCustom);
 }
 
-EventsPane::EventsPane(Services& services, QWidget* parent) : PaneColumn(parent)
+}
+
+PaneColumn* makeEventsPane(Services& services)
 {
-    addIntro(Words(services.ports.translator)(texts::eventsIntro));
-    auto* voices = new VoiceList(services, this);
-    Card* card = addCard();
-    for (const CanonicalEvent event : configurableEvents)
-        card->addRow(new EventRow(services, event, *voices), afterSymbol);
-    addHeading(Words(services.ports.translator)(texts::reminders));
-    addSection(new RemindersSection(services));
-    finish();
+    return new EventsPane(services);
 }
 
 }

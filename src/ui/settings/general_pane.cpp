@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "ui/settings/general_pane.h"
-
 #include "core/product.h"
 #include "presentation/settings_model.h"
+#include "ui/controls/accessibility.h"
 #include "ui/controls/buttons.h"
 #include "ui/controls/card.h"
 #include "ui/controls/layouts.h"
 #include "ui/controls/marks.h"
-#include "ui/controls/text_label.h"
 #include "ui/look/symbol.h"
-#include "ui/settings/pane_column.h"
+#include "ui/settings/pane.h"
 #include "values/texts.h"
 
 #include <QDesktopServices>
@@ -22,106 +20,60 @@ namespace chimewell {
 
 namespace {
 
-QPushButton* makeButton(const QString& text)
-{
-    auto* button = new QPushButton(text);
-    button->setAutoDefault(false);
-    return button;
-}
-
-constexpr double betweenLinks = 4;
-
 void open(const char* address)
 {
     QDesktopServices::openUrl(QUrl(qString(address)));
 }
 
-/// Something with a control at its end, alone in its card.
-QWidget* makeWideRow(QWidget* text, QWidget* control, double endMargin)
+QWidget* makeRow(QWidget* text, QWidget* control, const QMargins& margins)
 {
     auto* row = new QWidget;
-    auto* layout = new QVBoxLayout(row);
-    layout->setContentsMargins(directed(inRow(cardEdge), scaled(12), inRow(endMargin), scaled(12)));
+    auto* layout = makeColumn(row);
+    layout->setContentsMargins(margins);
     layout->addLayout(new RowLayout(text, control));
     return row;
 }
 
-}
-
-DiagnosticsSection::DiagnosticsSection(Services& services, QWidget* parent)
-    : QWidget(parent),
-      services_(services),
-      words_(services.ports.translator),
-      explanation_(makeExplanation())
+/// A text with a control at its end, alone in its card.
+QWidget* makeWideRow(QWidget* text, QWidget* control, double endMargin)
 {
-    auto* card = new Card;
-    card->addRow(makeTests(), cardEdge);
-    card->addRow(explanation_, cardEdge);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(card);
-    statusChange_ = services_.notifications.onChange([this] { showStatus(); });
-    showStatus();
+    return makeRow(text, control, directed(inRow(cardEdge), scaled(12), inRow(endMargin), scaled(12)));
 }
 
-QWidget* DiagnosticsSection::makeTests()
-{
-    auto* caption = new TextLabel(TextStyle::subheadline, Ink::secondary);
-    caption->setText(words_(texts::diagnosticsCaption));
-    caption->setWrapping(true);
-    auto* banner = makeButton(words_(texts::testBanner));
-    connect(banner, &QPushButton::clicked, this, [this] {
-        services_.actions.testBanner();
-        didRunBannerTest_ = true;
-        showStatus();
-    });
-    auto* sample = makeButton(words_(texts::playSample));
-    sample->setToolTip(words_(texts::sampleTooltip));
-    sample->setAccessibleDescription(words_(texts::sampleTooltip));
-    connect(sample, &QPushButton::clicked, this, [this] { services_.actions.playSample(); });
+/// What concerns the whole application.
+class GeneralPane final : public PaneColumn {
+public:
+    GeneralPane(Services& services, const Windows& windows);
 
-    auto* row = new QWidget;
-    auto* layout = new QVBoxLayout(row);
-    layout->setContentsMargins(inRow(cardEdge), scaled(12), inRow(cardEdge), scaled(14));
-    layout->setSpacing(scaled(8));
-    layout->addWidget(caption);
-    auto* buttons = new FlowLayout(scaled(8));
-    buttons->addWidget(banner);
-    buttons->addWidget(sample);
-    layout->addLayout(buttons);
-    return row;
-}
+private:
+    void addNotifications();
+    void addDiagnostics();
+    void addSetup(const Windows& windows);
+    void addSupport();
+    void addAbout();
+    QWidget* makeLinks();
+    void showSettings();
+    void showPermission();
 
-QWidget* DiagnosticsSection::makeExplanation()
-{
-    reason_ = new Note(TextStyle::subheadline);
-    open_ = makeButton(words_(texts::openSystemSettings));
-    connect(open_, &QPushButton::clicked, this, [this] { services_.actions.openNotificationSettings(); });
-    auto* row = new QWidget;
-    auto* layout = new QVBoxLayout(row);
-    layout->setContentsMargins(inRow(cardEdge), scaled(10) + 1, inRow(cardEdge), scaled(10));
-    layout->addLayout(new RowLayout(reason_, open_));
-    return row;
-}
+    Services& services_;
+    const Words words_;
+    SwitchRow* mute_ = nullptr;
+    SwitchRow* launch_ = nullptr;
+    TextLabel* permission_ = nullptr;
+    Note* bannerProblem_ = nullptr;
+    QPushButton* openSystemSettings_ = nullptr;
+    QWidget* bannerProblemRow_ = nullptr;
+    bool didRunBannerTest_ = false;
+    Subscription storeChange_;
+    Subscription statusChange_;
+};
 
-void DiagnosticsSection::showStatus()
-{
-    const AuthStatus status = services_.notifications.status();
-    const bool isDenied = status == AuthStatus::denied;
-    reason_->setNote("bell.slash", Tone::orange,
-                     words_(isDenied ? texts::bannersOff : texts::testBannerNotShown));
-    open_->setVisible(isDenied);
-    explanation_->setVisible(didRunBannerTest_ && (isDenied || status == AuthStatus::unavailable));
-}
-
-GeneralPane::GeneralPane(Services& services, const Windows& windows, QWidget* parent)
-    : PaneColumn(parent),
-      services_(services),
+GeneralPane::GeneralPane(Services& services, const Windows& windows)
+    : services_(services),
       words_(services.ports.translator)
 {
     addNotifications();
-    addHeading(words_(texts::diagnostics));
-    addSection(new DiagnosticsSection(services_));
+    addDiagnostics();
     addSetup(windows);
     addSupport();
     addAbout();
@@ -135,69 +87,92 @@ GeneralPane::GeneralPane(Services& services, const Windows& windows, QWidget* pa
 
 void GeneralPane::addNotifications()
 {
-    const Words& words = words_;
-    mute_ = new SwitchRow(words(texts::muteAllNotifications));
-    connect(mute_->control(), &QAbstractButton::toggled, this,
+    mute_ = new SwitchRow(words_(texts::muteAllNotifications));
+    connect(&mute_->control(), &QAbstractButton::toggled, this,
             [this](bool isMuted) { services_.actions.setMuted(isMuted); });
-    launch_ = new SwitchRow(words(texts::launchAtLogin));
-    connect(launch_->control(), &QAbstractButton::toggled, this, [this](bool isWanted) {
-        const auto failure = services_.actions.setLaunchAtLogin(isWanted);
+    launch_ = new SwitchRow(words_(texts::launchAtLogin));
+    connect(&launch_->control(), &QAbstractButton::toggled, this, [this](bool isOn) {
+        const auto failure = services_.actions.setLaunchAtLogin(isOn);
         launch_->showError(failure ? words_(*failure) : QString());
     });
-    permission_ = new TextLabel(TextStyle::body, Ink::secondary);
-    addHeading(words(texts::notifications));
+    permission_ = new TextLabel(TextStyle::body, Tone::secondary);
+    addHeading(words_(texts::notifications));
     Card* card = addCard();
     card->addRow(mute_, cardEdge);
     card->addRow(launch_, cardEdge);
-    card->addRow(new SettingRow(words(texts::permission), permission_), cardEdge);
+    card->addRow(new SettingRow(words_(texts::permission), permission_), cardEdge);
+}
+
+void GeneralPane::addDiagnostics()
+{
+    auto* banner = new QPushButton(words_(texts::testBanner));
+    connect(banner, &QPushButton::clicked, this, [this] {
+        services_.actions.testBanner();
+        didRunBannerTest_ = true;
+        showPermission();
+    });
+    auto* sample = new QPushButton(words_(texts::playSample));
+    setHelp(*sample, words_(texts::sampleTooltip));
+    connect(sample, &QPushButton::clicked, this, [this] { services_.actions.playSample(); });
+    auto* tests = new QWidget;
+    auto* layout = makeColumn(tests, 8);
+    layout->setContentsMargins(inRow(cardEdge), scaled(12), inRow(cardEdge), scaled(14));
+    layout->addWidget(
+        makeParagraph(TextStyle::subheadline, Tone::secondary, words_(texts::diagnosticsCaption)));
+    auto* buttons = new FlowLayout(scaled(8));
+    buttons->addWidget(banner);
+    buttons->addWidget(sample);
+    layout->addLayout(buttons);
+
+    bannerProblem_ = new Note(TextStyle::subheadline);
+    openSystemSettings_ = new QPushButton(words_(texts::openSystemSettings));
+    connect(openSystemSettings_, &QPushButton::clicked, this,
+            [this] { services_.actions.openNotificationSettings(); });
+    bannerProblemRow_ = makeRow(bannerProblem_, openSystemSettings_,
+                                {inRow(cardEdge), scaled(10) + 1, inRow(cardEdge), scaled(10)});
+    addHeading(words_(texts::diagnostics));
+    Card* card = addCard();
+    card->addRow(tests, cardEdge);
+    card->addRow(bannerProblemRow_, cardEdge);
 }
 
 void GeneralPane::addSetup(const Windows& windows)
 {
-    auto* walkthrough = new ActivatableRow(words_(texts::showWalkthrough));
-    walkthrough->setToolTip(words_(texts::showWalkthroughTooltip));
-    walkthrough->setAccessibleDescription(words_(texts::showWalkthroughTooltip));
-    connect(walkthrough, &QAbstractButton::clicked, this, windows.openWalkthrough);
+    auto* onboarding =
+        new RowButton(RowButton::Kind::cardRow, "chevron.right", words_(texts::showWalkthrough));
+    setHelp(*onboarding, words_(texts::showWalkthroughTooltip));
+    connect(onboarding, &QAbstractButton::clicked, this, windows.openOnboarding);
     addHeading(words_(texts::setup));
-    addCard()->addRow(walkthrough);
+    addCard()->addRow(onboarding);
 }
 
 void GeneralPane::addSupport()
 {
-    auto* text = new TextLabel(TextStyle::body);
-    text->setText(words_(texts::supportText));
-    text->setWrapping(true);
     auto* support = new QPushButton(symbolIcon("cup.and.saucer.fill"), words_(texts::supportButton));
-    support->setAutoDefault(false);
-    connect(support, &QPushButton::clicked, this, [this] { open(product::supportPage); });
+    connect(support, &QPushButton::clicked, this, [] { open(product::supportPage); });
     addHeading(words_(texts::support));
-    addCard()->addRow(makeWideRow(text, support, cardEdge));
+    addCard()->addRow(makeWideRow(makeParagraph(TextStyle::body, Tone::neutral, words_(texts::supportText)),
+                                  support, cardEdge));
 }
 
 void GeneralPane::addAbout()
 {
-    auto* name = new TextLabel(TextStyle::bodyMedium);
-    name->setText(words_(texts::chimewell));
-    auto* version = new TextLabel(TextStyle::subheadline, Ink::secondary);
-    version->setText(words_({texts::version, {std::string(product::version)}}));
-    version->setSelectable(true);
-    auto* product = new QWidget;
-    auto* lines = new QVBoxLayout(product);
-    lines->setContentsMargins(0, 0, 0, 0);
-    lines->setSpacing(0);
-    lines->addWidget(name);
+    auto* version = new TextLabel(TextStyle::subheadline, Tone::secondary,
+                                  words_({texts::version, {std::string(product::version)}}));
+    version->makeSelectable();
+    auto* about = new QWidget;
+    auto* lines = makeColumn(about);
+    lines->addWidget(new TextLabel(TextStyle::bodyMedium, Tone::neutral, words_(texts::chimewell)));
     lines->addWidget(version);
     addHeading(words_(texts::about));
-    addCard()->addRow(makeWideRow(product, makeLinks(), cardEdge - flatPadding));
+    addCard()->addRow(makeWideRow(about, makeLinks(), cardEdge - flatPadding));
 }
 
 QWidget* GeneralPane::makeLinks()
 {
     auto* links = new QWidget;
-    auto* line = new QHBoxLayout(links);
-    line->setContentsMargins(0, 0, 0, 0);
-    line->setSpacing(scaled(betweenLinks));
-    const auto add = [&](Text text, const char* address) {
+    auto* line = makeLine(links, 4);
+    const auto add = [&](const Text& text, const char* address) {
         auto* link = new LinkButton(words_(text));
         connect(link, &QPushButton::clicked, this, [address] { open(address); });
         line->addWidget(link);
@@ -211,13 +186,26 @@ QWidget* GeneralPane::makeLinks()
 void GeneralPane::showSettings()
 {
     const AppSettings& settings = services_.store.settings();
-    mute_->control()->show(settings.globalMuted);
-    launch_->control()->show(settings.launchAtLogin);
+    mute_->control().show(settings.globalMuted);
+    launch_->control().show(settings.launchAtLogin);
 }
 
 void GeneralPane::showPermission()
 {
-    permission_->setText(words_(permissionText(services_.notifications.status())));
+    const AuthStatus status = services_.notifications.status();
+    const bool isDenied = status == AuthStatus::denied;
+    permission_->setText(words_(permissionText(status)));
+    bannerProblem_->setNote("bell.slash", Tone::orange,
+                            words_(isDenied ? texts::bannersOff : texts::testBannerNotShown));
+    openSystemSettings_->setVisible(isDenied);
+    bannerProblemRow_->setVisible(didRunBannerTest_ && (isDenied || status == AuthStatus::unavailable));
+}
+
+}
+
+PaneColumn* makeGeneralPane(Services& services, const Windows& windows)
+{
+    return new GeneralPane(services, windows);
 }
 
 }

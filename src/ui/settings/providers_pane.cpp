@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "ui/settings/providers_pane.h"
-
 #include "ui/controls/accessibility.h"
 #include "ui/controls/buttons.h"
 #include "ui/controls/card.h"
@@ -9,6 +7,7 @@
 #include "ui/controls/marks.h"
 #include "ui/controls/text_label.h"
 #include "ui/look/chimewell_style.h"
+#include "ui/settings/pane.h"
 #include "values/texts.h"
 
 #include <QAccessible>
@@ -19,6 +18,7 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
+#include <functional>
 #include <utility>
 
 namespace chimewell {
@@ -27,36 +27,76 @@ namespace {
 
 constexpr double besideName = 8, betweenNotes = 10, aboveButtons = 14;
 
-/// Says it to those who do not see that it appears.
-void announce(QWidget& note)
-{
-    QAccessibleEvent event(&note, QAccessible::Alert);
-    QAccessible::updateAccessibility(&event);
-}
-
 void showNote(Note& note, std::string_view icon, Tone tone, const QString& text)
 {
     const bool isNews = note.isHidden() || note.label()->accessibleName() != text;
     note.setNote(icon, tone, text);
-    note.label()->setInk(tone == Tone::secondary ? Ink::secondary : Ink::text);
+    note.label()->setTone(tone == Tone::secondary ? Tone::secondary : Tone::neutral);
     note.show();
     if (isNews) announce(*note.label());
 }
 
+Tone toneOf(StatusPill::Kind kind)
+{
+    switch (kind) {
+    case StatusPill::Kind::installed:
+        return Tone::green;
+    case StatusPill::Kind::setupNeeded:
+        return Tone::orange;
+    case StatusPill::Kind::notInstalled:
+    case StatusPill::Kind::neutral:
+        break;
+    }
+    return Tone::secondary;
 }
 
-ProviderCardView::ProviderCardView(Services& services, ProviderCard& card, QWidget* parent)
-    : QWidget(parent),
-      services_(services),
+/// One agent: the state of its file, notes about it, and what can be done.
+class ProviderCardView final : public QWidget {
+public:
+    /// `card` outlives this. `used` is called before something the user did here changes its height.
+    ProviderCardView(Services& services, ProviderCard& card, std::function<void(QWidget&)> used);
+
+private:
+    QHBoxLayout* makeHeader();
+    QWidget* makeNotes();
+    QWidget* makeButtons();
+    QPushButton* makeButton(const Text& text, const Text& name, PendingAction action);
+    void showCard();
+    void showNotes();
+    void showButtons();
+    void ask(PendingAction action);
+    void reveal();
+    QString named(const Text& text) const;
+
+    Services& services_;
+    const Words words_;
+    ProviderCard& card_;
+    const std::function<void(QWidget&)> used_;
+    CapsuleLabel* pill_ = nullptr;
+    Note* agentNote_ = nullptr;
+    Note* notice_ = nullptr;
+    Note* info_ = nullptr;
+    Note* error_ = nullptr;
+    QPushButton* update_ = nullptr;
+    QPushButton* install_ = nullptr;
+    QPushButton* uninstall_ = nullptr;
+    QPushButton* restore_ = nullptr;
+    QPushButton* reveal_ = nullptr;
+    QPushButton* clicked_ = nullptr; ///< While a click has to wait.
+    Subscription cardChange_;
+};
+
+ProviderCardView::ProviderCardView(Services& services, ProviderCard& card, std::function<void(QWidget&)> used)
+    : services_(services),
       words_(services.ports.translator),
-      card_(card)
+      card_(card),
+      used_(std::move(used))
 {
     setAccessibleRole(this, QAccessible::Grouping);
     setAccessibleName(qString(card_.displayName()));
-    auto* path = new TextLabel(TextStyle::caption, Ink::secondary);
-    path->setText(qString(card_.shownFile()));
-    path->setSelectable(true);
-    // The words of the last button end at the edge, so everything else keeps away from its padding.
+    auto* path = new TextLabel(TextStyle::caption, Tone::secondary, qString(card_.shownFile()));
+    path->makeSelectable();
+    // The text of the last button ends at the edge, so all else has its padding as a margin.
     const QMargins text = directed(0, 0, scaled(flatPadding), 0);
     QHBoxLayout* header = makeHeader();
     header->setContentsMargins(text);
@@ -65,10 +105,9 @@ ProviderCardView::ProviderCardView(Services& services, ProviderCard& card, QWidg
     notes->setContentsMargins(text);
 
     auto* content = new QWidget;
-    auto* column = new QVBoxLayout(content);
+    auto* column = makeColumn(content);
     column->setContentsMargins(
         directed(inRow(cardEdge), inRow(cardEdge), inRow(cardEdge - flatPadding), inRow(cardEdge)));
-    column->setSpacing(0);
     column->addLayout(header);
     column->addSpacing(scaled(4));
     column->addWidget(path);
@@ -76,28 +115,23 @@ ProviderCardView::ProviderCardView(Services& services, ProviderCard& card, QWidg
     if (card_.isAvailable()) column->addWidget(makeButtons());
     auto* frame = new Card;
     frame->addRow(content);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(frame);
+    makeColumn(this)->addWidget(frame);
 
     cardChange_ = card_.onChange([this] { showCard(); });
     showCard();
 }
 
-QString ProviderCardView::named(Text text) const
+QString ProviderCardView::named(const Text& text) const
 {
     return words_({text, {std::string(card_.displayName())}});
 }
 
 QHBoxLayout* ProviderCardView::makeHeader()
 {
-    auto* name = new TextLabel(TextStyle::headline);
-    name->setText(qString(card_.displayName()));
-    pill_ = new StatusPillLabel;
-    auto* line = new QHBoxLayout;
-    line->setSpacing(scaled(besideName));
-    line->addWidget(name);
-    if (card_.isBeta()) line->addWidget(new BetaBadge(words_(texts::beta), words_(texts::betaTooltip)));
+    pill_ = new CapsuleLabel(TextStyle::caption);
+    auto* line = makeLine(nullptr, besideName);
+    line->addWidget(new TextLabel(TextStyle::headline, Tone::neutral, qString(card_.displayName())));
+    if (card_.isBeta()) line->addWidget(makeBetaBadge(words_));
     line->addStretch(1);
     line->addWidget(pill_);
     return line;
@@ -105,14 +139,12 @@ QHBoxLayout* ProviderCardView::makeHeader()
 
 QWidget* ProviderCardView::makeNotes()
 {
-    agentNote_ = new Note(TextStyle::subheadline, Ink::secondary);
+    agentNote_ = new Note(TextStyle::subheadline, Tone::secondary);
     notice_ = new Note(TextStyle::subheadline);
     info_ = new Note(TextStyle::subheadline);
     error_ = new Note(TextStyle::subheadline);
     auto* notes = new QWidget;
-    auto* column = new QVBoxLayout(notes);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
+    auto* column = makeColumn(notes);
     for (Note* note : {agentNote_, notice_, info_, error_}) {
         note->setContentsMargins(0, scaled(betweenNotes), 0, 0);
         column->addWidget(note);
@@ -123,7 +155,7 @@ QWidget* ProviderCardView::makeNotes()
 QWidget* ProviderCardView::makeButtons()
 {
     update_ = makeButton(texts::updateHooks, texts::updateOf, PendingAction::update);
-    ChimewellStyle::setDue(update_, true);
+    ChimewellStyle::setPrimary(update_, true);
     install_ = makeButton(texts::install, texts::installOf, PendingAction::install);
     uninstall_ = makeButton(texts::uninstall, texts::uninstallOf, PendingAction::uninstall);
     restore_ = makeButton(texts::restoreOriginal, texts::restoreOf, PendingAction::restore);
@@ -134,16 +166,15 @@ QWidget* ProviderCardView::makeButtons()
     for (QPushButton* button : {update_, install_, uninstall_, restore_, reveal_})
         line->addWidget(button);
     auto* buttons = new QWidget;
-    auto* holder = new QVBoxLayout(buttons);
+    auto* holder = makeColumn(buttons);
     holder->setContentsMargins(0, scaled(aboveButtons), 0, 0);
     holder->addLayout(line);
     return buttons;
 }
 
-QPushButton* ProviderCardView::makeButton(Text text, Text name, PendingAction action)
+QPushButton* ProviderCardView::makeButton(const Text& text, const Text& name, PendingAction action)
 {
     auto* button = new QPushButton(words_(text));
-    button->setAutoDefault(false);
     button->setAccessibleName(named(name));
     connect(button, &QPushButton::clicked, this, [this, button, action] {
         if (card_.isPausing())
@@ -157,7 +188,7 @@ QPushButton* ProviderCardView::makeButton(Text text, Text name, PendingAction ac
 void ProviderCardView::showCard()
 {
     const StatusPill pill = card_.pill();
-    pill_->setPill(pill.kind, words_(pill.text));
+    pill_->show(words_(pill.text), toneOf(pill.kind));
     showNotes();
     if (card_.isAvailable()) showButtons();
 }
@@ -194,7 +225,7 @@ void ProviderCardView::showButtons()
           Offer{uninstall_, card_.canUninstall()}, Offer{restore_, card_.canRestore()}}) {
         // The keyboard stays in this card when its button goes.
         if (window()->focusWidget() == button && !isOffered) reveal_->setFocus();
-        ChimewellStyle::setHeld(button, card_.isPausing());
+        ChimewellStyle::setDelayed(button, card_.isPausing());
         button->setVisible(isOffered);
         if (clicked_ == button && !isOffered) clicked_ = nullptr;
     }
@@ -205,7 +236,7 @@ void ProviderCardView::ask(PendingAction action)
 {
     auto* question = new ConfirmDialog(card_.confirmation(action), words_, window());
     connect(question, &QDialog::accepted, this, [this, action] {
-        Q_EMIT used();
+        used_(*this);
         card_.perform(action);
     });
     question->open();
@@ -213,17 +244,31 @@ void ProviderCardView::ask(PendingAction action)
 
 void ProviderCardView::reveal()
 {
-    Q_EMIT used();
+    used_(*this);
     if (const auto file = card_.fileToReveal()) services_.ports.workspace.reveal(*file);
 }
 
-ProvidersPane::ProvidersPane(Services& services, QWidget* parent) : PaneColumn(parent)
+/// The agents. The card that was used last keeps its place on the screen when those above it change their
+/// height.
+class ProvidersPane final : public PaneColumn {
+public:
+    explicit ProvidersPane(Services& services);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void scrollBy(int pixels);
+
+    QWidget* used_ = nullptr;
+};
+
+ProvidersPane::ProvidersPane(Services& services)
 {
     addIntro(Words(services.ports.translator)(texts::providersIntro));
     for (const auto& card : services.cards.all()) {
-        auto* view = new ProviderCardView(services, *card);
+        auto* view = new ProviderCardView(services, *card, [this](QWidget& used) { used_ = &used; });
         view->installEventFilter(this);
-        connect(view, &ProviderCardView::used, this, [this, view] { used_ = view; });
         addSection(view);
     }
     finish();
@@ -242,10 +287,17 @@ void ProvidersPane::scrollBy(int pixels)
 {
     auto* area = qobject_cast<QScrollArea*>(parentWidget()->parentWidget());
     if (!area) return;
-    // The bar learns of the new height after the cards, and both before anything is painted.
+    // The scroll bar gets the new range after the cards move, and both happen before anything is painted.
     QMetaObject::invokeMethod(
         area, [bar = area->verticalScrollBar(), pixels] { bar->setValue(bar->value() + pixels); },
         Qt::QueuedConnection);
+}
+
+}
+
+PaneColumn* makeProvidersPane(Services& services)
+{
+    return new ProvidersPane(services);
 }
 
 }

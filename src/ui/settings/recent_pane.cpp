@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "ui/settings/recent_pane.h"
-
 #include "presentation/panel_model.h"
 #include "ui/controls/accessibility.h"
 #include "ui/controls/buttons.h"
@@ -11,8 +9,10 @@
 #include "ui/look/chimewell_style.h"
 #include "ui/look/paint.h"
 #include "ui/look/symbol.h"
+#include "ui/settings/pane.h"
 #include "values/texts.h"
 
+#include <QBasicTimer>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
@@ -21,53 +21,71 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <functional>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace chimewell {
 
 namespace {
 
 constexpr double aboveAndBelow = 10;
-
-TextLabel* makeLine(TextStyle style, Ink ink, QVBoxLayout& lines)
-{
-    auto* label = new TextLabel(style, ink);
-    label->setWrapping(true);
-    lines.addWidget(label);
-    return label;
-}
-
 constexpr int refreshMilliseconds = 30'000;
 constexpr double emptySymbol = 44, introHeight = 36;
-constexpr int allRoom = 1000; // beside what would stay empty
+constexpr int allRoom = 1000; // the stretch beside the empty rest of the column
 
-}
+/// One past alert in the settings.
+class RecentRowView final : public QWidget {
+public:
+    /// `openSession` is called when the user asks for it.
+    RecentRowView(const Words& words, std::string entryId, std::function<void()> openSession);
 
-RecentRowView::RecentRowView(const Words& words, std::string id, QWidget* parent)
-    : QWidget(parent),
-      words_(words),
-      id_(std::move(id)),
-      icon_(new SymbolLabel("bell", metrics::rowIcon, Tone::secondary)),
+    const std::string& id() const { return id_; }
+    /// Puts the row after `previous` in the tab order and returns the last widget of the row.
+    QWidget* follow(QWidget* previous);
+    void show(const RecentRow& row);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent*) override { update(); }
+    void focusOutEvent(QFocusEvent*) override { update(); }
+
+private:
+    const Words words_;
+    const std::string id_;
+    const std::function<void()> openSession_;
+    SymbolLabel* icon_;
+    TextLabel* title_;
+    TextLabel* message_;
+    TextLabel* time_;
+    QPushButton* open_;
+};
+
+RecentRowView::RecentRowView(const Words& words, std::string entryId, std::function<void()> openSession)
+    : words_(words),
+      id_(std::move(entryId)),
+      openSession_(std::move(openSession)),
+      icon_(new SymbolLabel("bell", metrics::rowIcon)),
+      title_(makeParagraph(TextStyle::bodyMedium)),
+      message_(makeParagraph(TextStyle::subheadline, Tone::secondary)),
+      time_(makeParagraph(TextStyle::caption, Tone::secondary)),
       open_(new QPushButton(symbolIcon("arrow.up.forward.app"), words_(texts::openSession)))
 {
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleRole(this, QAccessible::ListItem);
     auto* texts = new QWidget;
-    auto* lines = new QVBoxLayout(texts);
-    lines->setContentsMargins(0, 0, 0, 0);
-    lines->setSpacing(scaled(1));
-    title_ = makeLine(TextStyle::bodyMedium, Ink::text, *lines);
-    message_ = makeLine(TextStyle::subheadline, Ink::secondary, *lines);
-    time_ = makeLine(TextStyle::caption, Ink::secondary, *lines);
+    auto* lines = makeColumn(texts, 1);
+    for (TextLabel* label : {title_, message_, time_})
+        lines->addWidget(label);
     open_->setFlat(true);
-    open_->setAutoDefault(false);
     open_->setToolTip(words_(texts::jumpToTerminal));
-    connect(open_, &QPushButton::clicked, this, &RecentRowView::openSession);
+    connect(open_, &QPushButton::clicked, this, openSession_);
 
-    auto* layout = new QHBoxLayout(this);
+    auto* layout = makeLine(this, 8);
     layout->setContentsMargins(directed(inRow(cardEdge), scaled(aboveAndBelow) + 1,
                                         inRow(cardEdge - flatPadding), scaled(aboveAndBelow)));
-    layout->setSpacing(scaled(8));
     layout->addWidget(icon_, 0, Qt::AlignTop);
     layout->addLayout(new RowLayout(texts, open_), 1);
 }
@@ -102,24 +120,40 @@ void RecentRowView::paintEvent(QPaintEvent*)
 void RecentRowView::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        Q_EMIT openSession();
+        openSession_();
     else
-        QWidget::keyPressEvent(event); // the pane moves between the rows
+        QWidget::keyPressEvent(event); // the pane handles the arrow keys
 }
 
-void RecentRowView::focusInEvent(QFocusEvent*)
-{
-    update();
-}
+/// All past alerts that are remembered, the newest first.
+class RecentPane final : public PaneColumn {
+public:
+    explicit RecentPane(Services& services);
 
-void RecentRowView::focusOutEvent(QFocusEvent*)
-{
-    update();
-}
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
-RecentPane::RecentPane(Services& services, QWidget* parent)
-    : PaneColumn(parent),
-      services_(services),
+private:
+    QWidget* makeEmpty();
+    RecentRowView* makeRow(const EventHistory::Entry& entry);
+    void showHistory();
+    void moveFocus(int rows);
+
+    Services& services_;
+    const Words words_;
+    LinkButton* clear_;
+    Card* card_;
+    QWidget* empty_ = nullptr;
+    std::vector<RecentRowView*> rows_;
+    QBasicTimer refresh_; ///< "4 minutes ago" becomes "5 minutes ago".
+    Subscription historyChange_;
+};
+
+RecentPane::RecentPane(Services& services)
+    : services_(services),
       words_(services.ports.translator),
       clear_(new LinkButton(words_(texts::clear)))
 {
@@ -135,22 +169,17 @@ RecentPane::RecentPane(Services& services, QWidget* parent)
 
 QWidget* RecentPane::makeEmpty()
 {
-    auto* title = new TextLabel(TextStyle::headline);
-    title->setText(words_(texts::noRecentActivity));
-    auto* line = new TextLabel(TextStyle::body, Ink::secondary);
-    line->setText(words_(texts::recentEmpty));
     auto* empty = new QWidget;
-    auto* layout = new QVBoxLayout(empty);
-    // In the middle of the pane, not of what is left below its first line.
+    auto* layout = makeColumn(empty);
+    // In the middle of the pane, not of the room below its first line.
     layout->setContentsMargins(0, 0, 0, scaled(introHeight));
-    layout->setSpacing(0);
     layout->addStretch(1);
-    layout->addWidget(new SymbolLabel("clock.badge.questionmark", emptySymbol, Tone::secondary), 0,
-                      Qt::AlignHCenter);
+    layout->addWidget(new SymbolLabel("clock.badge.questionmark", emptySymbol), 0, Qt::AlignHCenter);
     layout->addSpacing(scaled(12));
-    for (TextLabel* label : {title, line}) {
-        label->setWrapping(true);
-        label->setCentred(true);
+    for (TextLabel* label :
+         {makeParagraph(TextStyle::headline, Tone::neutral, words_(texts::noRecentActivity)),
+          makeParagraph(TextStyle::body, Tone::secondary, words_(texts::recentEmpty))}) {
+        label->setCentred();
         layout->addWidget(label);
         layout->addSpacing(scaled(2));
     }
@@ -160,10 +189,9 @@ QWidget* RecentPane::makeEmpty()
 
 RecentRowView* RecentPane::makeRow(const EventHistory::Entry& entry)
 {
-    auto* row = new RecentRowView(words_, entry.id);
-    connect(row, &RecentRowView::openSession, this,
-            [this, term = entry.term, cwd = entry.cwd] { services_.actions.openSession(term, cwd); });
-    return row;
+    return new RecentRowView(words_, entry.id, [this, term = entry.term, cwd = entry.cwd] {
+        services_.actions.openSession(term, cwd);
+    });
 }
 
 void RecentPane::showHistory()
@@ -197,13 +225,13 @@ void RecentPane::showEvent(QShowEvent* event)
 {
     PaneColumn::showEvent(event);
     showHistory();
-    minute_.start(refreshMilliseconds, this);
+    refresh_.start(refreshMilliseconds, this);
 }
 
 void RecentPane::hideEvent(QHideEvent* event)
 {
     PaneColumn::hideEvent(event);
-    minute_.stop();
+    refresh_.stop();
 }
 
 void RecentPane::timerEvent(QTimerEvent*)
@@ -228,6 +256,13 @@ void RecentPane::moveFocus(int rows)
     const auto to = (now - rows_.begin()) + rows;
     if (to < 0 || to >= static_cast<std::ptrdiff_t>(rows_.size())) return;
     rows_[static_cast<std::size_t>(to)]->setFocus(Qt::TabFocusReason);
+}
+
+}
+
+PaneColumn* makeRecentPane(Services& services)
+{
+    return new RecentPane(services);
 }
 
 }

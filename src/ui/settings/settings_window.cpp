@@ -5,10 +5,7 @@
 #include "ui/controls/card.h"
 #include "ui/controls/layouts.h"
 #include "ui/controls/marks.h"
-#include "ui/settings/events_pane.h"
-#include "ui/settings/general_pane.h"
-#include "ui/settings/providers_pane.h"
-#include "ui/settings/recent_pane.h"
+#include "ui/settings/pane.h"
 #include "ui/settings/sidebar.h"
 #include "values/texts.h"
 
@@ -24,30 +21,18 @@ namespace {
 
 constexpr double wantedWidth = 780, wantedHeight = 640, leastWidth = 640, leastHeight = 440;
 constexpr double aroundError = 24;
-constexpr int aroundWindow = 32; // what is left of the screen
-
-QScrollArea* makeScrollArea(QWidget* pane)
-{
-    auto* area = new QScrollArea;
-    area->setFrameShape(QFrame::NoFrame);
-    area->setFocusPolicy(Qt::NoFocus); // the keyboard goes through what is inside
-    area->setWidgetResizable(true);
-    area->setWidget(pane);
-    area->viewport()->setAutoFillBackground(false);
-    pane->setAutoFillBackground(false);
-    return area;
-}
+constexpr int aroundWindow = 32; // of the screen, for frame and title
 
 }
 
-SettingsWindow::SettingsWindow(Services& services, const Windows& windows, QWidget* parent)
-    : QWidget(parent, Qt::Window),
+SettingsWindow::SettingsWindow(Services& services, const Windows& windows)
+    : QWidget(nullptr, Qt::Window),
       services_(services),
       words_(services.ports.translator),
       windows_(windows),
       sidebar_(new Sidebar(words_)),
-      errorNote_(new Note(TextStyle::subheadline)),
-      error_(makeErrorNote()),
+      error_(new Note(TextStyle::subheadline)),
+      errorHolder_(makeErrorHolder()),
       stack_(new QStackedWidget)
 {
     setAttribute(Qt::WA_DeleteOnClose);
@@ -57,13 +42,10 @@ SettingsWindow::SettingsWindow(Services& services, const Windows& windows, QWidg
     setMinimumSize(QSize(scaled(leastWidth), scaled(leastHeight)).boundedTo(room));
     resize(QSize(scaled(wantedWidth), scaled(wantedHeight)).boundedTo(room));
 
-    auto* content = new QVBoxLayout;
-    content->setSpacing(0);
-    content->addWidget(error_);
+    auto* content = makeColumn(nullptr);
+    content->addWidget(errorHolder_);
     content->addWidget(stack_, 1);
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
+    auto* layout = makeLine(this);
     layout->addWidget(sidebar_);
     layout->addLayout(content, 1);
 
@@ -78,48 +60,45 @@ SettingsWindow::SettingsWindow(Services& services, const Windows& windows, QWidg
 
 SettingsWindow::~SettingsWindow()
 {
-    hide(); // what is being edited is stored while there is still somebody who does it
+    hide(); // stores what is being edited while the controls still exist
 }
 
-QWidget* SettingsWindow::makeErrorNote()
+QWidget* SettingsWindow::makeErrorHolder()
 {
-    errorNote_->setContentsMargins(inRow(cardEdge), scaled(10), inRow(cardEdge), scaled(10));
+    error_->setContentsMargins(inRow(cardEdge), scaled(10), inRow(cardEdge), scaled(10));
     auto* card = new Card;
-    card->addRow(errorNote_);
-    auto* holder = new QWidget;
-    auto* layout = new QVBoxLayout(holder);
-    layout->setContentsMargins(scaled(aroundError), scaled(12), scaled(aroundError), 0);
-    layout->addWidget(card);
-    return holder;
+    card->addRow(error_);
+    return padded(card, {scaled(aroundError), scaled(12), scaled(aroundError), 0});
 }
 
 void SettingsWindow::showError()
 {
     const auto& error = services_.store.lastError();
-    error_->setVisible(error.has_value());
-    if (error) errorNote_->setNote("exclamationmark.triangle", Tone::red, words_(*error));
+    error_->showError(error ? words_(*error) : QString());
+    errorHolder_->setVisible(error.has_value());
 }
 
-QWidget* SettingsWindow::makePane(Pane pane)
+PaneColumn* SettingsWindow::makePane(Pane pane)
 {
     switch (pane) {
     case Pane::events:
-        return makeScrollArea(new EventsPane(services_));
+        return makeEventsPane(services_);
     case Pane::providers:
-        return makeScrollArea(new ProvidersPane(services_));
+        return makeProvidersPane(services_);
     case Pane::recent:
-        return makeScrollArea(new RecentPane(services_));
+        return makeRecentPane(services_);
     case Pane::general:
         break;
     }
-    return makeScrollArea(new GeneralPane(services_, windows_));
+    return makeGeneralPane(services_, windows_);
 }
 
 void SettingsWindow::show(Pane pane)
 {
-    QWidget*& shown = panes_[static_cast<std::size_t>(pane)];
+    QScrollArea*& shown = panes_[static_cast<std::size_t>(pane)];
     if (!shown) {
-        shown = makePane(pane);
+        shown = new QScrollArea;
+        setScrolledContent(*shown, makePane(pane));
         shown->setObjectName(qString(rawName(pane)));
         stack_->addWidget(shown);
     }
@@ -130,7 +109,7 @@ void SettingsWindow::show(Pane pane)
 bool SettingsWindow::event(QEvent* event)
 {
     if (event->type() == QEvent::WindowActivate) {
-        // Agents and users may have changed what it shows while they were elsewhere.
+        // Agents and users may have changed what it shows meanwhile.
         services_.cards.refresh();
         services_.notifications.refreshStatus();
     }

@@ -11,19 +11,20 @@
 
 #include <array>
 
+class QScrollArea;
 class QStackedWidget;
 
 namespace chimewell {
 
 class Note;
+class PaneColumn;
 class Sidebar;
 
-/// Everything that can be set up. Deleted when it is closed.
+/// Everything that can be set up. Deletes itself when it is closed.
 class SettingsWindow final : public QWidget {
     Q_OBJECT
 public:
-    SettingsWindow(Services& services, const Windows& windows, QWidget* parent = nullptr);
-
+    SettingsWindow(Services& services, const Windows& windows);
     ~SettingsWindow() override;
 
     using QWidget::show;
@@ -33,18 +34,18 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    QWidget* makeErrorNote();
-    QWidget* makePane(Pane pane);
+    QWidget* makeErrorHolder();
+    PaneColumn* makePane(Pane pane);
     void showError();
 
     Services& services_;
     const Words words_;
     const Windows windows_;
     Sidebar* sidebar_;
-    Note* errorNote_;
-    QWidget* error_;
+    Note* error_;
+    QWidget* errorHolder_;
     QStackedWidget* stack_;
-    std::array<QWidget*, allPanes.size()> panes_ = {}; ///< Made when they are first shown.
+    std::array<QScrollArea*, allPanes.size()> panes_ = {}; ///< Null until they are first shown.
     Subscription storeChange_;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/settings/sidebar.h"
 
+#include "ui/controls/layouts.h"
 #include "ui/look/chimewell_style.h"
 #include "ui/look/colours.h"
 #include "ui/look/metrics.h"
@@ -11,6 +12,7 @@
 #include <QListWidget>
 #include <QPainter>
 #include <QStyle>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -23,7 +25,21 @@ constexpr double rowHeight = 32, padding = 8;
 
 constexpr double sidebarWidth = 184, sidebarPadding = 12, betweenRows = 2;
 
-}
+constexpr int iconRole = Qt::UserRole;
+
+/// Paints one line of the sidebar: a symbol and a name, on a tinted background where it is the current one.
+class SidebarDelegate final : public QStyledItemDelegate {
+public:
+    /// `gap` pixels are left below each row.
+    SidebarDelegate(int gap, QObject* parent) : QStyledItemDelegate(parent), gap_(gap) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
+private:
+    int gap_;
+};
 
 void SidebarDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                             const QModelIndex& index) const
@@ -36,9 +52,9 @@ void SidebarDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
     painter->save();
     const int radius = scaled(metrics::controlRadius);
     if (isCurrent)
-        fillRounded(*painter, row, radius, c.wash(Colours::selected));
+        fillRounded(*painter, row, radius, c.overlay(Colours::selected));
     else if (option.state & QStyle::State_MouseOver)
-        fillRounded(*painter, row, radius, c.wash(Colours::hover));
+        fillRounded(*painter, row, radius, c.overlay(Colours::hover));
 
     const int side = scaled(metrics::sidebarIcon);
     QRect area = row.adjusted(scaled(padding), 0, -scaled(padding), 0);
@@ -46,13 +62,9 @@ void SidebarDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
                 placed(QRect(area.left(), area.top(), side, area.height())), side,
                 isCurrent && isActive ? c.accentText : c.secondary, option.direction);
     area.setLeft(area.left() + side + scaled(padding));
-    const QFont font = fontFor(isCurrent ? TextStyle::bodyMedium : TextStyle::body);
-    painter->setFont(font);
+    painter->setFont(fontFor(isCurrent ? TextStyle::bodyMedium : TextStyle::body));
     painter->setPen(c.text);
-    const Qt::Alignment edge = QStyle::visualAlignment(option.direction, Qt::AlignLeft);
-    painter->drawText(placed(area),
-                      static_cast<int>(edge | Qt::AlignVCenter | Qt::AlignAbsolute) | Qt::TextSingleLine,
-                      QFontMetrics(font).elidedText(index.data().toString(), Qt::ElideRight, area.width()));
+    paintTextLine(*painter, placed(area), index.data().toString(), option.direction);
     if (option.state & QStyle::State_HasFocus && ChimewellStyle::showsFocus(option.widget))
         paintFocusRing(*painter, row, radius);
     painter->restore();
@@ -66,7 +78,9 @@ QSize SidebarDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& 
             std::max(scaled(rowHeight), size.height() + scaled(8)) + gap_};
 }
 
-Sidebar::Sidebar(const Words& words, QWidget* parent) : QWidget(parent), list_(new QListWidget)
+}
+
+Sidebar::Sidebar(const Words& words) : list_(new QListWidget)
 {
     setFocusProxy(list_);
     list_->setAccessibleName(words(texts::settingsSections));
@@ -79,13 +93,13 @@ Sidebar::Sidebar(const Words& words, QWidget* parent) : QWidget(parent), list_(n
     list_->setItemDelegate(new SidebarDelegate(scaled(betweenRows), list_));
     for (const Pane pane : allPanes) {
         auto* item = new QListWidgetItem(words(title(pane)), list_);
-        item->setData(SidebarDelegate::iconRole, qString(iconName(pane)));
+        item->setData(iconRole, qString(iconName(pane)));
     }
     connect(list_, &QListWidget::currentRowChanged, this, [this](int row) {
         if (row >= 0) Q_EMIT chosen(allPanes[static_cast<std::size_t>(row)]);
     });
 
-    auto* layout = new QVBoxLayout(this);
+    auto* layout = makeColumn(this);
     const int space = scaled(sidebarPadding);
     layout->setContentsMargins(space, space, space, space);
     layout->addWidget(list_);
