@@ -26,14 +26,13 @@ public:
     AppleEvents& operator=(const AppleEvents&) = delete;
     ~AppleEvents();
 
-    /// For an application that has launched before this object was made.
-    void registerNow();
-
     /// True while the request is handled by which the system ends us at log-out, restart or shut-down. Can
     /// only be asked then: later it looks as if nobody had asked us to quit.
     static bool isSessionEnding();
 
 private:
+    void takeOver();
+
     struct Registration;
     std::unique_ptr<Registration> registration_;
     std::unique_ptr<NotificationObserver> launch_;

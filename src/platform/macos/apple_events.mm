@@ -51,7 +51,7 @@ AppleEvents::AppleEvents(Handlers handlers) : registration_(std::make_unique<Reg
     // object.
     launch_ = std::make_unique<NotificationObserver>(NSNotificationCenter.defaultCenter,
                                                      NSApplicationWillFinishLaunchingNotification,
-                                                     [this] { registerNow(); });
+                                                     [this] { takeOver(); });
 }
 
 AppleEvents::~AppleEvents()
@@ -62,7 +62,7 @@ AppleEvents::~AppleEvents()
     [manager removeEventHandlerForEventClass:kCoreEventClass andEventID:kAEReopenApplication];
 }
 
-void AppleEvents::registerNow()
+void AppleEvents::takeOver()
 {
     NSAppleEventManager* const manager = [NSAppleEventManager sharedAppleEventManager];
     [manager setEventHandler:registration_->handler

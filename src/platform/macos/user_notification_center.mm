@@ -104,8 +104,7 @@ UserNotificationCenter::UserNotificationCenter() : state_(std::make_shared<State
     const std::weak_ptr<State> weak = state_;
     state_->delegate.responded = ^(const NotificationResponse& response) {
         postToMain([weak, response] {
-            const auto state = weak.lock();
-            if (state && state->response) state->response(response);
+            if (const auto state = weak.lock()) state->response(response);
         });
     };
 }

@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/macos/apple_events.h"
 
-#include "fakes/apple_event_manager.h"
-#include "fakes/notification_center.h"
+#include "mac_test.h"
 
-#include <gtest/gtest.h>
-
-#include <memory>
+#include <map>
 #include <optional>
 #include <string>
 #include <utility>
@@ -16,93 +13,104 @@ namespace chimewell::test {
 
 namespace {
 
-using mac::AppleEvent;
+using namespace objc;
 
-constexpr mac::FourCharacters code(const char (&text)[5])
+constexpr Word code(const char (&text)[5])
 {
-    mac::FourCharacters value = 0;
+    Word value = 0;
     for (int i = 0; i < 4; ++i)
         value = value << 8 | static_cast<unsigned char>(text[i]);
     return value;
 }
 
-const AppleEvent reopen{.eventClass = code("aevt"), .eventId = code("rapp")};
+using Event = std::pair<Word, Word>; ///< Its class and its identifier.
+const Event openUrl{code("GURL"), code("GURL")};
+const Event reopen{code("aevt"), code("rapp")};
 
-AppleEvent openUrl(std::optional<std::string> url)
-{
-    return {.eventClass = code("GURL"), .eventId = code("GURL"), .directObject = std::move(url)};
-}
+std::map<Event, std::pair<Id, const char*>> handlers; ///< Each an object and a selector.
 
-class AppleEventsTest : public ::testing::Test {
+class AppleEventsTest : public MacTest {
 protected:
     AppleEventsTest()
     {
-        mac::registerToolkitHandler(code("aevt"), code("quit"));
-        events = std::make_unique<AppleEvents>(
-            AppleEvents::Handlers{.open = [this](const auto& url) { opened.push_back(url); },
-                                  .activate = [this] { ++activations; }});
+        handlers.clear();
+        implement(
+            "setEventHandler:andSelector:forEventClass:andEventID:",
+            +[](Id, const char*, Id handler, const char* selector, std::uint32_t type, std::uint32_t id) {
+                handlers[{type, id}] = {handler, selector};
+            });
+        implement(
+            "removeEventHandlerForEventClass:andEventID:",
+            +[](Id, const char*, std::uint32_t type, std::uint32_t id) { handlers.erase({type, id}); });
+        for (const char* message : {"paramDescriptorForKeyword:", "attributeDescriptorForKeyword:"})
+            implement(
+                message, +[](Id of, const char* selector, std::uint32_t keyword) -> Id {
+                    return Value(of)[selector + std::to_string(keyword)];
+                });
+        events.emplace(AppleEvents::Handlers{.open = [this](const auto& url) { opened.push_back(url); },
+                                             .activate = [this] { ++activations; }});
+    }
+
+    static void launch() { notify(shared("defaultCenter"), "NSApplicationWillFinishLaunchingNotification"); }
+    static void deliver(const Event& name, Value content)
+    {
+        const auto [handler, selector] = handlers.at(name);
+        send(handler, selector, Id(content), Id(object()));
     }
 
     std::vector<std::optional<std::string>> opened;
     int activations = 0;
-    std::unique_ptr<AppleEvents> events;
+    std::optional<AppleEvents> events;
 };
 
 }
 
-TEST_F(AppleEventsTest, TakesTheRequestsFromTheToolkitOnceItHasThem)
+TEST_F(AppleEventsTest, TakesRequestsFromTheToolkitOnceThatHasRegistered)
 {
-    EXPECT_FALSE(mac::deliver(openUrl("chimewell://event?type=finished")));
-    mac::registerToolkitHandler(code("GURL"), code("GURL")); // the toolkit, in its own observer
-    mac::applicationWillFinishLaunching();
-    const std::vector<std::optional<std::string>> urls = {
-        "chimewell://event?type=finished&provider=claude&title=%E2%9C%93+a%2Fb#end",
-        "chimewell://event?title=nach Hause%zz ✓",
-        "",
-        std::nullopt,
-    };
-    for (const auto& url : urls)
-        EXPECT_TRUE(mac::deliver(openUrl(url)));
-    EXPECT_EQ(opened, urls);
+    handlers[openUrl] = {object(), "ignore"};
+    launch();
+    for (const Value url : {Value("chimewell://event?title=nach Hause%zz ✓"), Value(""), Value(nullptr)}) {
+        const std::string parameter = "paramDescriptorForKeyword:" + std::to_string(code("----"));
+        deliver(openUrl, object({{parameter, object({{"stringValue", url}})}}));
+    }
+    EXPECT_EQ(opened, (std::vector<std::optional<std::string>>{"chimewell://event?title=nach Hause%zz ✓", "",
+                                                               std::nullopt}));
     EXPECT_EQ(activations, 0);
-    EXPECT_TRUE(mac::deliver(reopen));
+    deliver(reopen, object());
     EXPECT_EQ(activations, 1);
-    EXPECT_EQ(opened.size(), urls.size());
+    EXPECT_EQ(opened.size(), 3U);
 }
 
-TEST_F(AppleEventsTest, CanRegisterAfterTheLaunchAndEndsWithTheObject)
+TEST_F(AppleEventsTest, TakesAwayOnlyWhatItRegistered)
 {
-    events->registerNow();
-    EXPECT_TRUE(mac::deliver(reopen));
+    launch();
     events.reset();
-    EXPECT_FALSE(mac::deliver(openUrl("chimewell://event")));
-    EXPECT_FALSE(mac::deliver(reopen));
-    mac::applicationWillFinishLaunching(); // nobody listens any more
-    EXPECT_FALSE(mac::deliver(reopen));
+    EXPECT_TRUE(handlers.empty());
+    handlers[openUrl] = {object(), "ignore"};
+    launch();
+    AppleEvents({});
+    EXPECT_EQ(handlers.size(), 1U);
 }
 
 TEST_F(AppleEventsTest, KnowsWhetherTheSystemEndsTheSession)
 {
+    const auto isSessionEnding = [](Value current) {
+        shared("sharedAppleEventManager").set("currentAppleEvent", current);
+        return AppleEvents::isSessionEnding();
+    };
     const std::pair<const char(&)[5], bool> reasons[] = {{"logo", true}, {"rlgo", true},  {"rest", true},
                                                          {"shut", true}, {"quia", false}, {"norm", false}};
-    for (const bool attribute : {true, false})
-        for (const bool enumeration : {true, false})
+    for (const std::string message : {"attributeDescriptorForKeyword:", "paramDescriptorForKeyword:"})
+        for (const char* type : {"enumCodeValue", "typeCodeValue"})
             for (const auto& [reason, ends] : reasons) {
-                AppleEvent event{.eventClass = code("aevt"),
-                                 .eventId = code("quit"),
-                                 .directObject = std::nullopt,
-                                 .quitReason = code(reason),
-                                 .reasonIsAttribute = attribute,
-                                 .reasonIsEnumeration = enumeration};
-                mac::whileHandling(event, [&] {
-                    EXPECT_EQ(AppleEvents::isSessionEnding(), ends) << reason << attribute << enumeration;
-                });
-                event.eventId = code("rapp");
-                mac::whileHandling(event, [&] { EXPECT_FALSE(AppleEvents::isSessionEnding()) << reason; });
+                const Value event =
+                    object({{"eventID", code("quit")},
+                            {message + std::to_string(code("why?")), object({{type, code(reason)}})}});
+                EXPECT_EQ(isSessionEnding(event), ends) << reason << message << type;
+                event.set("eventID", code("rapp"));
+                EXPECT_FALSE(isSessionEnding(event)) << reason << message << type;
             }
-    mac::whileHandling({.eventClass = code("aevt"), .eventId = code("quit")}, // from the menu
-                       [] { EXPECT_FALSE(AppleEvents::isSessionEnding()); });
-    EXPECT_FALSE(AppleEvents::isSessionEnding()); // nobody asked
+    EXPECT_FALSE(isSessionEnding(nullptr));
 }
 
 }

@@ -1,69 +1,118 @@
 // SPDX-License-Identifier: MIT
 #include "platform/macos/run_loop_timers.h"
 
-#include "mac_clock.h"
+#include "mac_test.h"
 
-#include <gtest/gtest.h>
-
+#include <algorithm>
 #include <memory>
-#include <utility>
 #include <vector>
 
 namespace chimewell::test {
 
 namespace {
 
+using namespace objc;
 using namespace std::chrono_literals;
 
-class RunLoopTimersTest : public ::testing::Test {
+struct ScheduledTimer {
+    Id timer;
+    double due; ///< In seconds that the Mac is awake.
+    void (^block)(Id);
+};
+
+double awake;
+std::vector<ScheduledTimer> scheduled;
+
+/// Goes on while the Mac sleeps.
+class MacClock : public Clock {
+public:
+    Date now() const override { return {}; }
+    Instant instant() const override
+    {
+        return Instant(
+            std::chrono::round<std::chrono::nanoseconds>(std::chrono::duration<double>(awake + asleep)));
+    }
+
+    double asleep = 0;
+};
+
+class RunLoopTimersTest : public MacTest {
 protected:
+    RunLoopTimersTest()
+    {
+        awake = 0;
+        scheduled.clear();
+        implement(
+            "timerWithTimeInterval:repeats:block:",
+            +[](Id, const char*, double interval, bool, void (^block)(Id)) -> Id {
+                scheduled.push_back({object(), awake + interval, keep(block)});
+                return scheduled.back().timer;
+            });
+        implement(
+            "addTimer:forMode:", +[](Id, const char*, Id, Id mode) {
+                EXPECT_EQ(Value(mode).text(), "NSRunLoopCommonModes"); // also while a menu is open
+            });
+        implement(
+            "invalidate", +[](Id timer, const char*) {
+                std::erase_if(scheduled, [&](const ScheduledTimer& each) { return each.timer == timer; });
+            });
+        shared("sharedWorkspace").set("notificationCenter", object());
+        timers = std::make_unique<RunLoopTimers>(clock);
+    }
+
+    static void advance(double seconds)
+    {
+        const double end = awake + seconds;
+        while (!scheduled.empty()) {
+            const auto next = std::ranges::min_element(scheduled, {}, &ScheduledTimer::due);
+            if (next->due > end) break;
+            awake = std::max(awake, next->due);
+            const ScheduledTimer rings = *next;
+            scheduled.erase(next);
+            rings.block(rings.timer);
+        }
+        awake = end;
+    }
+
     MacClock clock;
-    RunLoopTimers timers{clock};
+    std::unique_ptr<RunLoopTimers> timers;
+    std::vector<double> fired; ///< The times.
+    const std::function<void()> fire = [this] { fired.push_back(awake + clock.asleep); };
 };
 
 }
 
 TEST_F(RunLoopTimersTest, FireOnceAfterTheirDelayUnlessDestroyed)
 {
-    std::vector<int> fired;
-    const auto second = timers.once(1500ms, [&] { fired.push_back(2); });
-    const auto first = timers.once(-5s, [&] { fired.push_back(1); });
-    auto never = timers.once(1s, [&] { fired.push_back(3); });
-    never.reset();
+    const auto second = timers->once(1500ms, fire);
+    const auto past = timers->once(-5s, fire);
+    timers->once(1s, fire).reset();
     EXPECT_TRUE(fired.empty()); // never within the call
-    mac::runLoop().advance(1499ms);
-    EXPECT_EQ(fired, std::vector{1});
-    mac::runLoop().advance(10s);
-    EXPECT_EQ(fired, (std::vector{1, 2}));
-    EXPECT_EQ(mac::runLoop().timers(), 0u);
+    advance(10);
+    EXPECT_EQ(fired, (std::vector{0., 1.5}));
 }
 
-TEST_F(RunLoopTimersTest, ACallbackMayDestroyItsOwnTimerAndStartAnother)
+TEST_F(RunLoopTimersTest, ACallbackMayReplaceItsOwnTimer)
 {
-    std::vector<int> fired;
     std::unique_ptr<Timer> timer;
-    const std::vector<int> held(1000, 7); // lives in the callback: the sanitizer sees it read after its end
-    timer = timers.once(1s, [&, held] {
-        timer = timers.once(3s, [&] { fired.push_back(2); });
-        fired.push_back(held.back());
+    timer = timers->once(1s, [&, held = std::vector(1000, 0.5)] {
+        timer = timers->once(3s, fire);
+        fired.push_back(held.back()); // the sanitizer sees it read after its end
     });
-    mac::runLoop().advance(20s);
-    EXPECT_EQ(fired, (std::vector{7, 2}));
+    advance(10);
+    EXPECT_EQ(fired, (std::vector{0.5, 4.}));
 }
 
 TEST_F(RunLoopTimersTest, DelaysGoOnWhileTheMacSleeps)
 {
-    std::vector<int> fired;
-    const auto missed = timers.once(60s, [&] { fired.push_back(1); });
-    const auto later = timers.once(90s, [&] { fired.push_back(2); });
-    mac::runLoop().advance(30s);
-    clock.sleep(45s); // 75 s
-    mac::runLoop().advance(1s);
-    EXPECT_EQ(fired, std::vector{1});
-    mac::runLoop().advance(13s); // 89 s
-    EXPECT_EQ(fired, std::vector{1});
-    mac::runLoop().advance(1s);
-    EXPECT_EQ(fired, (std::vector{1, 2}));
+    const auto missed = timers->once(60s, fire);
+    const auto later = timers->once(90s, fire);
+    timers->once(70s, fire).reset();
+    advance(30);
+    clock.asleep += 45;
+    notify(shared("sharedWorkspace")["notificationCenter"], "NSWorkspaceDidWakeNotification");
+    advance(40);
+    EXPECT_EQ(fired, (std::vector{75., 90.}));
 }
 
 }

@@ -1,48 +1,66 @@
 // SPDX-License-Identifier: MIT
 #include "platform/macos/status_item.h"
 
-#include "fakes/menu_bar.h"
+#include "mac_test.h"
 
-#include <gtest/gtest.h>
-
-#include <optional>
+#include <memory>
 #include <vector>
 
 namespace chimewell::test {
 
-TEST(StatusItemTest, ShowsTheStateInTheColourOfTheMenuBar)
-{
-    std::optional<StatusItem> item(std::in_place);
-    ASSERT_EQ(mac::menuBar().items().size(), 1u);
-    EXPECT_EQ(mac::menuBar().items()[0].length, -1); // as wide as what it shows
-    for (const bool isArmed : {true, false}) {
-        item->show({.isArmed = isArmed, .label = "Chimewell läuft"});
-        const mac::MenuBarItem shown = mac::menuBar().items()[0];
-        EXPECT_EQ(shown.symbol, isArmed ? "bell.badge" : "bell");
-        EXPECT_EQ(shown.symbolDescription, "Chimewell läuft");
-        EXPECT_TRUE(shown.isTemplate);
-        EXPECT_EQ(shown.toolTip, "Chimewell läuft");
-        EXPECT_EQ(shown.accessibilityLabel, "Chimewell läuft");
+namespace {
+
+using namespace objc;
+
+class StatusItemTest : public MacTest {
+protected:
+    StatusItemTest()
+    {
+        // AppKit measures upwards from the bottom left corner of the primary screen.
+        implement("bounds", +[](Id, const char*) { return ScreenArea{0, 0, 26, 20}; });
+        implement(
+            "convertRect:toView:", +[](Id, const char*, ScreenArea area, Id) {
+                return ScreenArea{area.x + 2, area.y + 2, area.width, area.height};
+            });
+        implement(
+            "convertRectToScreen:", +[](Id, const char*, ScreenArea area) {
+                return ScreenArea{area.x + 1000, area.y + 870, area.width, area.height};
+            });
+        implement("frame", +[](Id, const char*) { return ScreenArea{0, 0, 1440, 900}; });
+        implement(
+            "statusItemWithLength:", +[](Id bar, const char*, double) -> Id { return Value(bar)["item"]; });
+        shared("screens").set("firstObject", object());
+        shared("systemStatusBar").set("item", item);
+        icon = std::make_unique<StatusItem>();
     }
-    item.reset();
-    EXPECT_TRUE(mac::menuBar().items().empty());
+
+    const Value button = object({{"window", object()}});
+    const Value item = object({{"button", button}});
+    std::unique_ptr<StatusItem> icon;
+};
+
 }
 
-TEST(StatusItemTest, TellsWhereItWasClicked)
+TEST_F(StatusItemTest, ShowsTheStateInTheColourOfTheMenuBar)
+{
+    for (const bool isArmed : {true, false}) {
+        icon->show({.isArmed = isArmed, .label = "Chimewell läuft"});
+        EXPECT_EQ(button["image"]["systemSymbolName"].text(), isArmed ? "bell.badge" : "bell");
+        EXPECT_TRUE(button["image"]["template"].as<bool>());
+        EXPECT_EQ(button["accessibilityLabel"].text(), "Chimewell läuft");
+        EXPECT_EQ(button["toolTip"].text(), "Chimewell läuft");
+    }
+    icon.reset();
+    EXPECT_EQ(shared("systemStatusBar")["removeStatusItem"], item);
+}
+
+TEST_F(StatusItemTest, TellsWhereItWasClicked)
 {
     std::vector<ScreenArea> clicks;
-    StatusItem item;
-    item.setClickHandler([&](const ScreenArea& place) { clicks.push_back(place); });
-    using enum mac::MenuBar::MouseButton;
-    mac::MenuBar& bar = mac::menuBar();
-    bar.click(0, left);
-    bar.screens = {{0, 0, 1440, 900}, {1440, -180, 1920, 1080}}; // beside it stands a larger one
-    bar.itemWindow = {3000, 876, 30, 24};
-    bar.click(0, right);
-    bar.screens = {{0, 0, 1440, 900}, {0, 900, 1920, 1080}}; // above the primary one
-    bar.itemWindow = {1000, 1956, 30, 24};
-    bar.click(0, left);
-    EXPECT_EQ(clicks, (std::vector<ScreenArea>{{1002, 2, 26, 20}, {3002, 2, 26, 20}, {1002, -1078, 26, 20}}));
+    icon->setClickHandler([&](const ScreenArea& place) { clicks.push_back(place); });
+    EXPECT_EQ(button["sendActionOn"].as<int>(), 4 | 16); // either button, when released
+    send(button["target"], button["action"].as<const char*>(), Id(button));
+    EXPECT_EQ(clicks, (std::vector<ScreenArea>{{1002, 8, 26, 20}}));
 }
 
 }

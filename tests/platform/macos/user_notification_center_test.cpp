@@ -1,22 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "platform/macos/user_notification_center.h"
 
-#include "alerts/notification_service.h"
-#include "fakes/main_thread.h"
-#include "fakes/notification_center.h"
-#include "fakes/run_loop.h"
-#include "fakes/user_environment.h"
-#include "fakes/user_notifications.h"
-#include "fakes/workspace.h"
-#include "support/english_translator.h"
-#include "support/fixed_random.h"
+#include "mac_test.h"
 
-#include <gtest/gtest.h>
-
-#include <map>
 #include <memory>
-#include <optional>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -24,161 +13,190 @@ namespace chimewell::test {
 
 namespace {
 
-constexpr unsigned long badgeSoundAlert = 1 | 2 | 4;
-constexpr unsigned long foreground = 4;
-constexpr unsigned long listAndBanner = 8 | 16;
+using namespace objc;
 
-/// Lets the system answer, and the main thread take the answers, until nothing is owed.
-void settle()
+using Answer = void (^)();
+
+long status = 0;             ///< A value of UNAuthorizationStatus.
+std::vector<Answer> answers; ///< Owed by the system.
+
+/// The system answers and asks on threads of its own.
+void onAnotherThread(void (^body)())
 {
-    for (int round = 0; round < 4; ++round) {
-        mac::banners().giveAnswers();
-        mac::runLoop().turn();
-    }
+    std::thread([body] { body(); }).join();
 }
 
-class UserNotificationCenterTest : public ::testing::Test {
+class UserNotificationCenterTest : public MacTest {
 protected:
-    using Session = std::pair<std::optional<std::string>, std::optional<std::string>>;
-
     UserNotificationCenterTest()
     {
-        service->onOpenSession = [this](const auto& term, const auto& cwd) {
-            EXPECT_TRUE(mac::onMainThread());
-            opened.emplace_back(term, cwd);
-        };
+        answers.clear();
+        implement(
+            "getNotificationSettingsWithCompletionHandler:", +[](Id, const char*, void (^completion)(Id)) {
+                const auto done = keep(completion);
+                answers.push_back(keep(^{
+                    done(object({{"authorizationStatus", status}}));
+                }));
+            });
+        implement(
+            "requestAuthorizationWithOptions:completionHandler:",
+            +[](Id, const char*, Word options, void (^completion)(bool, Id)) {
+                EXPECT_EQ(options, 1U | 2U | 4U); // badge, sound, alert
+                const auto done = keep(completion);
+                answers.push_back(keep(^{
+                    done(false, nullptr);
+                }));
+            });
     }
 
-    FixedRandom random;
-    EnglishTranslator translator;
+    static void answer()
+    {
+        for (const Answer& each : std::exchange(answers, {}))
+            onAnotherThread(each);
+    }
+
+    static Value system() { return shared("currentNotificationCenter"); }
+    /// Tells the delegate what the user did with a banner; how often it said that it was done.
+    static int respond(const char* action, const std::vector<std::pair<Value, Value>>& userInfo)
+    {
+        const Value content = object({{"userInfo", dictionary(userInfo)}});
+        const Value banner = object({{"request", object({{"content", content}})}});
+        const Value response = object({{"actionIdentifier", action}, {"notification", banner}});
+        static int done;
+        done = 0;
+        onAnotherThread(^{
+            send(system()["delegate"],
+                 "userNotificationCenter:didReceiveNotificationResponse:withCompletionHandler:", Id(system()),
+                 Id(response), ^{
+                     ++done;
+                 });
+        });
+        return done;
+    }
+
     std::unique_ptr<UserNotificationCenter> center = std::make_unique<UserNotificationCenter>();
-    std::unique_ptr<NotificationService> service =
-        std::make_unique<NotificationService>(*center, random, translator);
-    std::vector<Session> opened;
 };
 
 }
 
 TEST_F(UserNotificationCenterTest, ReadsEveryPermissionOnTheMainThread)
 {
-    const std::pair<long, AuthStatus> statuses[] = {
-        {0, AuthStatus::notDetermined}, {1, AuthStatus::denied},     {2, AuthStatus::authorized},
-        {3, AuthStatus::provisional},   {4, AuthStatus::authorized}, {5, AuthStatus::notDetermined},
-    };
-    int changes = 0;
-    const Subscription subscription = service->onChange([&] {
-        EXPECT_TRUE(mac::onMainThread());
-        ++changes;
-    });
-    for (const auto& [status, expected] : statuses) {
-        mac::banners().status = status;
-        service->refreshStatus();
-        const AuthStatus before = service->status();
-        mac::banners().giveAnswers();
-        EXPECT_EQ(service->status(), before) << "published on the thread that answered";
-        mac::runLoop().turn();
-        EXPECT_EQ(service->status(), expected) << status;
+    using enum NotificationPermission;
+    std::vector<NotificationPermission> read;
+    for (status = 0; status <= 5; ++status) {
+        center->readPermission([&](NotificationPermission permission) {
+            EXPECT_TRUE(isMainThread());
+            read.push_back(permission);
+        });
+        answer();
+        runMainQueue();
     }
-    EXPECT_EQ(changes, 5);
-}
+    EXPECT_EQ(read, (std::vector{notDetermined, denied, authorized, provisional, ephemeral, unknown}));
 
-TEST_F(UserNotificationCenterTest, AsksOnceForEverything)
-{
-    for (const long answer : {2L, 1L}) {
-        mac::banners().status = 0;
-        mac::banners().answer = answer;
-        mac::banners().asked.clear();
-        service->requestAuthorization();
-        settle();
-        EXPECT_EQ(mac::banners().asked, std::vector{badgeSoundAlert});
-        EXPECT_EQ(service->status(), answer == 2 ? AuthStatus::authorized : AuthStatus::denied);
-        service->requestAuthorization(); // decided: the system would not ask again
-        settle();
-        EXPECT_EQ(mac::banners().asked.size(), 1u);
-    }
+    int requests = 0;
+    center->requestPermission([&] { ++requests; });
+    answer();
+    EXPECT_EQ(requests, 0) << "answered on the thread of the system";
+    runMainQueue();
+    EXPECT_EQ(requests, 1);
 }
 
 TEST_F(UserNotificationCenterTest, PostsBannersOfOneCategory)
 {
-    service->configure();
-    EXPECT_TRUE(mac::banners().hasDelegate());
-    EXPECT_EQ(mac::banners().categories,
-              (std::vector<mac::BannerCategory>{
-                  {"AGENT_EVENT", {{"FOCUS_SESSION", "Open Session", foreground}}, 0, 0}}));
+    center->setCategory({.identifier = "AGENT", .actionIdentifier = "OPEN", .actionTitle = "Öffnen"});
+    const Value category = system()["notificationCategories"]["object"];
+    EXPECT_EQ(category["identifier"].text(), "AGENT");
+    ASSERT_EQ(category["actions"].arrayItems().size(), 1U);
+    const Value action = category["actions"].arrayItems()[0];
+    EXPECT_EQ(action["identifier"].text() + " " + action["title"].text(), "OPEN Öffnen");
+    EXPECT_EQ(action["options"].as<int>(), 4); // brings the application to the front
 
-    EXPECT_TRUE(service->post(std::string("Claude ✓"), std::string("Fertig"), "/srv/ä", "kitty"));
-    EXPECT_TRUE(service->post(std::string("Claude ✓"), std::string("Fertig"), std::nullopt, std::nullopt));
-    EXPECT_TRUE(service->post(std::string("Claude"), std::string("no \xff text"), "/srv/\xc3", std::nullopt));
-    EXPECT_EQ(mac::banners().posted,
-              (std::vector<mac::PostedBanner>{
-                  {"uuid-1", "AGENT_EVENT", "Claude ✓", "Fertig", {{"cwd", "/srv/ä"}, {"term", "kitty"}}},
-                  {"uuid-2", "AGENT_EVENT", "Claude ✓", "Fertig", {}},
-                  {"uuid-3", "AGENT_EVENT", "Claude", "no \uFFFD text", {{"cwd", ""}}}}));
-    EXPECT_EQ(mac::banners().present(), listAndBanner);
+    center->post({.identifier = "uuid-1",
+                  .categoryIdentifier = "AGENT",
+                  .title = "Claude ✓",
+                  .body = "no \xff text",
+                  .userInfo = {{"cwd", "/srv/ä"}, {"term", "kitty"}}});
+    const Value request = system()["addNotificationRequest"];
+    EXPECT_EQ(request["identifier"].text(), "uuid-1");
+    EXPECT_EQ(request["trigger"], Value(nullptr)); // at once
+    const Value content = request["content"];
+    EXPECT_EQ(content["categoryIdentifier"].text(), "AGENT");
+    EXPECT_EQ(content["title"].text(), "Claude ✓");
+    EXPECT_NE(content["body"], Value(nullptr)); // bytes that are no text
+    EXPECT_EQ(content["userInfo"].dictionaryTexts(),
+              (std::map<std::string, std::string>{{"cwd", "/srv/ä"}, {"term", "kitty"}}));
 }
 
-TEST_F(UserNotificationCenterTest, AClickOpensTheSessionAndTheSystemHearsThatWeAreDone)
+TEST_F(UserNotificationCenterTest, ShowsBannersInFrontOfOurWindows)
 {
-    const Session session{"kitty", "/srv/ä"};
-    const std::map<std::string, std::string> userInfo{{"term", "kitty"}, {"cwd", "/srv/ä"}};
-    struct Case {
-        mac::BannerResponse response;
-        std::vector<Session> opened;
-    };
-    const Case cases[] = {
-        {{"FOCUS_SESSION", userInfo}, {session}},
-        {{mac::defaultActionIdentifier(), userInfo}, {session}},
-        {{mac::defaultActionIdentifier(), userInfo, true}, {session}},
-        {{mac::defaultActionIdentifier(), {}}, {{std::nullopt, std::nullopt}}},
-        {{"com.apple.UNNotificationDismissActionIdentifier", userInfo}, {}},
-    };
-    service->configure();
-    for (const Case& each : cases) {
-        EXPECT_EQ(mac::banners().respond(each.response), 1) << each.response.action;
-        EXPECT_TRUE(opened.empty()) << "opened before the main thread's turn";
-        mac::runLoop().turn();
-        EXPECT_EQ(std::exchange(opened, {}), each.opened) << each.response.action;
-    }
+    center->setResponseHandler([](const NotificationResponse&) {});
+    static Word options;
+    send(system()["delegate"],
+         "userNotificationCenter:willPresentNotification:withCompletionHandler:", Id(system()), Id(object()),
+         ^(Word shown) {
+             options = shown;
+         });
+    EXPECT_EQ(options, 8U | 16U); // in the list and as a banner
+}
+
+TEST_F(UserNotificationCenterTest, HandsClicksToTheMainThreadAndTellsTheSystem)
+{
+    std::vector<NotificationResponse> responses;
+    center->setResponseHandler([&](const NotificationResponse& response) {
+        EXPECT_TRUE(isMainThread());
+        responses.push_back(response);
+    });
+    EXPECT_EQ(
+        respond("OPEN", {{"term", "kitty"}, {"when", object()}, {object(), "foreign"}, {"cwd", "/srv/ä"}}),
+        1);
+    EXPECT_EQ(respond("UNNotificationDefaultActionIdentifier", {}), 1);
+    EXPECT_TRUE(responses.empty()) << "before the main thread's turn";
+    runMainQueue();
+    ASSERT_EQ(responses.size(), 2U);
+    EXPECT_EQ(responses[0].actionIdentifier, "OPEN");
+    EXPECT_EQ(responses[0].userInfo,
+              (std::map<std::string, std::string>{{"term", "kitty"}, {"cwd", "/srv/ä"}}));
+    EXPECT_EQ(responses[1].actionIdentifier, defaultNotificationAction);
+    EXPECT_TRUE(responses[1].userInfo.empty());
 }
 
 TEST_F(UserNotificationCenterTest, IsUnavailableOutsideABundle)
 {
-    mac::userEnvironment().bundleIdentifier = std::nullopt;
-    service->configure();
-    service->requestAuthorization();
-    EXPECT_EQ(service->status(), AuthStatus::unavailable);
-    EXPECT_FALSE(service->post(std::string("Title"), std::string("Body"), std::nullopt, std::nullopt));
-    EXPECT_FALSE(mac::banners().hasDelegate());
-    EXPECT_TRUE(mac::banners().categories.empty());
-    EXPECT_TRUE(mac::banners().posted.empty());
+    EXPECT_TRUE(center->isAvailable());
+    shared("mainBundle").set("bundleIdentifier", nullptr);
+    implement(
+        "currentNotificationCenter", +[](Id, const char*) -> Id {
+            ADD_FAILURE() << "the system would raise an exception";
+            return nullptr;
+        });
+    EXPECT_FALSE(center->isAvailable());
+    center->setResponseHandler([](const NotificationResponse&) {});
+    center->post({});
 }
 
-TEST_F(UserNotificationCenterTest, ReadsAgainWhenTheUserComesBackFromTheSettings)
+TEST_F(UserNotificationCenterTest, NoticesThatTheUserComesBackFromTheSystemSettings)
 {
-    mac::banners().status = 1;
-    service->configure();
-    settle();
-    service->openSystemSettings();
-    EXPECT_EQ(mac::desktop().asked,
-              std::vector<std::string>{"url x-apple.systempreferences:com.apple.preference.notifications"});
-    mac::banners().status = 2;
-    mac::applicationDidBecomeActive();
-    settle();
-    EXPECT_EQ(service->status(), AuthStatus::authorized);
+    int changes = 0;
+    center->setChangeHandler([&] { ++changes; });
+    center->openSystemSettings();
+    EXPECT_EQ(shared("sharedWorkspace")["openURL"]["string"].text(),
+              "x-apple.systempreferences:com.apple.preference.notifications");
+    notify(shared("defaultCenter"), "NSApplicationDidBecomeActiveNotification");
+    EXPECT_EQ(changes, 1);
+    center.reset();
+    notify(shared("defaultCenter"), "NSApplicationDidBecomeActiveNotification");
+    EXPECT_EQ(changes, 1);
 }
 
 TEST_F(UserNotificationCenterTest, NothingReachesAnybodyAfterTheEnd)
 {
-    service->configure();
-    center->requestPermission([] { ADD_FAILURE() << "answered"; });
-    center->readPermission([](NotificationPermission) { ADD_FAILURE() << "answered"; });
-    mac::banners().respond({"FOCUS_SESSION", {}});
-    service.reset();
+    center->setResponseHandler([](const NotificationResponse&) { ADD_FAILURE() << "a click"; });
+    center->requestPermission([] { ADD_FAILURE() << "the user's answer"; });
+    center->readPermission([](NotificationPermission) { ADD_FAILURE() << "the permission"; });
+    EXPECT_EQ(respond("OPEN", {}), 1);
+    answer();
     center.reset();
-    settle();
-    mac::applicationDidBecomeActive();
-    EXPECT_EQ(mac::banners().respond({"FOCUS_SESSION", {}}), 0); // nobody is told any more
-    EXPECT_TRUE(opened.empty());
+    runMainQueue();
 }
 
 }

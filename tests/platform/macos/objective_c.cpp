@@ -1,0 +1,411 @@
+// SPDX-License-Identifier: MIT
+#include "objective_c.h"
+
+#include "base/utf8.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstddef>
+#include <cstdlib>
+#include <cstring>
+#include <deque>
+#include <memory>
+#include <utility>
+
+namespace chimewell::test::objc {
+
+// What the compiler emits for a class that it compiles.
+
+struct Method {
+    const char* name;
+    const char* types;
+    const void* implementation;
+};
+
+struct MethodList {
+    std::uint32_t entrySize;
+    std::uint32_t count;
+    const Method* begin() const { return reinterpret_cast<const Method*>(this + 1); }
+    const Method* end() const { return begin() + count; }
+};
+
+struct ClassData {
+    std::uint32_t flags;
+    std::uint32_t instanceStart;
+    std::uint32_t instanceSize;
+    const void* unused[2];
+    const MethodList* methods;
+};
+constexpr std::uint32_t isMetaclass = 1;
+
+/// A class of a framework has neither a metaclass as its type nor data.
+struct Class : Object {
+    const Class* superclass;
+    const void* unused[2];
+    const ClassData* data;
+};
+
+/// The compiler's layout of a constant, used for all strings.
+struct String : Object {
+    std::uint64_t flags;
+    const char* characters;
+    std::uint64_t length;
+};
+
+struct Block : Object {
+    std::uint32_t flags;
+    std::uint32_t reserved;
+    const void* function;
+    struct Description {
+        std::uint64_t reserved;
+        std::uint64_t size;
+        void (*copy)(void* to, const void* from); ///< Only with the flag `hasCopy`.
+    }* description;
+};
+constexpr std::uint32_t onHeap = 1U << 24;
+constexpr std::uint32_t hasCopy = 1U << 25;
+constexpr std::uint32_t isGlobal = 1U << 28;
+
+namespace {
+
+struct FrameworkObject : Object {
+    std::map<std::string, Value> properties = {};
+    std::vector<std::pair<Value, Value>> entries = {}; ///< Of a dictionary. Those of an array have no values.
+};
+
+std::map<std::string, Value> sharedObjects;
+std::map<std::string, const void*> implementations;
+
+/// Memory for strings, blocks and instances of compiled classes, kept for good.
+void* allocate(std::size_t size)
+{
+    static auto& all = *new std::vector<std::unique_ptr<std::byte[]>>;
+    return all.emplace_back(std::make_unique<std::byte[]>(size)).get();
+}
+
+FrameworkObject* newObject(const Class* type)
+{
+    static auto& all = *new std::deque<FrameworkObject>;
+    return &all.emplace_back(FrameworkObject{{type}});
+}
+
+FrameworkObject& known(Id object)
+{
+    return *static_cast<FrameworkObject*>(object);
+}
+
+Id allocateInstance(const Class* type)
+{
+    if (!type->data) return newObject(type);
+    const Id object = static_cast<Id>(allocate(type->data->instanceSize));
+    object->type = type;
+    return object;
+}
+
+Id makeArray(const Class* type, const char* /*selector*/, const Id* items, std::size_t count)
+{
+    FrameworkObject* const array = newObject(type);
+    for (const Id item : std::vector(items, items + count))
+        array->entries.emplace_back(item, nullptr);
+    return array;
+}
+
+Id valueOfKey(Id dictionary, const char* /*selector*/, Id wanted)
+{
+    for (const auto& [key, value] : known(dictionary).entries)
+        if (key == Value(wanted)) return value;
+    return nullptr;
+}
+
+struct EnumerationState {
+    std::size_t done;
+    Id* items;
+    const std::size_t* mutations;
+};
+
+std::size_t enumerate(Id collection, const char* /*selector*/, EnumerationState* state, Id* buffer,
+                      std::size_t length)
+{
+    const auto& entries = known(collection).entries;
+    std::size_t given = 0;
+    for (; given < length && state->done < entries.size(); ++given)
+        buffer[given] = entries[state->done++].first;
+    state->items = buffer;
+    static constexpr std::size_t unchanged = 0;
+    state->mutations = &unchanged;
+    return given;
+}
+
+/// Leaves each argument in the property that its part of the selector names.
+void storeArguments(Id receiver, const char* selector, Word first, Word second, Word third, Word fourth)
+{
+    std::string_view parts = selector;
+    for (const std::string_view verb : {"set", "With"})
+        if (const auto place = parts.find(verb); place != std::string_view::npos && place < parts.find(':'))
+            parts.remove_prefix(place + verb.size());
+    for (const Word argument : {first, second, third, fourth}) {
+        std::string name(parts.substr(0, parts.find(':')));
+        if (name.empty()) break;
+        parts.remove_prefix(name.size() + 1);
+        if (std::islower(name[1]) != 0) name[0] = static_cast<char>(std::tolower(name[0]));
+        Value(receiver).set(name, argument);
+    }
+}
+
+Id makeObject(const Class* type, const char* selector, Word first, Word second, Word third, Word fourth)
+{
+    const Id object = newObject(type);
+    storeArguments(object, selector, first, second, third, fourth);
+    return object;
+}
+
+template<typename Function>
+const void* address(Function* function)
+{
+    return reinterpret_cast<const void*>(function);
+}
+
+const std::map<std::string, const void*> builtIn = {
+    {"alloc", address(allocateInstance)},
+    {"init", address(+[](Id object) { return object; })},
+    {"class", address(+[](Id type) { return type; })},
+    {"isKindOfClass:",
+     address(+[](Id object, const char*, const void* type) { return object->type == type; })},
+    {"initWithBytes:length:encoding:",
+     address(+[](Id, const char*, const char* bytes, std::size_t length) -> Id {
+         return isValidUtf8({bytes, length}) ? Value(std::string_view(bytes, length)) : Value(nullptr);
+     })},
+    {"UTF8String", address(+[](const String* text) { return text->characters; })},
+    {"isEqualToString:",
+     address(+[](Id one, const char*, Id other) { return Value(one).text() == Value(other).text(); })},
+    {"arrayWithObjects:count:", address(makeArray)},
+    {"objectForKeyedSubscript:", address(valueOfKey)},
+    {"setObject:forKeyedSubscript:", address(+[](Id dictionary, const char*, Id value, Id key) {
+         known(dictionary).entries.emplace_back(key, value);
+     })},
+    {"countByEnumeratingWithState:objects:count:", address(enumerate)},
+};
+
+}
+
+}
+
+using namespace chimewell::test::objc;
+
+// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming): the names are the system's
+extern "C" {
+
+Class NSObjectClass asm("OBJC_CLASS_$_NSObject") = {};
+Class NSObjectMetaclass asm("OBJC_METACLASS_$_NSObject") = {};
+Class NSStringClass asm("OBJC_CLASS_$_NSString") = {};
+Class _NSConcreteStackBlock = {};
+Class _NSConcreteGlobalBlock = {};
+void* _objc_empty_cache = nullptr;
+
+Value NSApplicationDidBecomeActiveNotification = "NSApplicationDidBecomeActiveNotification";
+Value NSApplicationWillFinishLaunchingNotification = "NSApplicationWillFinishLaunchingNotification";
+Value NSRunLoopCommonModes = "NSRunLoopCommonModes";
+Value NSWorkspaceDidWakeNotification = "NSWorkspaceDidWakeNotification";
+Value UNNotificationDefaultActionIdentifier = "UNNotificationDefaultActionIdentifier";
+
+/// The function that a message calls.
+const void* chimewell_method(Id receiver, const char* selector)
+{
+    if (!receiver) return address(+[]() -> Word { return 0; });
+    const auto* type = static_cast<const Class*>(receiver->type);
+    const bool isClass = !type || (type->data && (type->data->flags & isMetaclass) != 0);
+    const std::string_view name = selector;
+    for (; type && type->data; type = type->superclass)
+        if (type->data->methods)
+            for (const Method& method : *type->data->methods)
+                if (method.name == name) return method.implementation;
+    if (const auto found = implementations.find(selector); found != implementations.end())
+        return found->second;
+    const bool hasArguments = name.contains(':');
+    if (isClass && hasArguments) return address(makeObject);
+    if (isClass) return address(+[](Id, const char* method) -> Id { return shared(method); });
+    if (hasArguments) return address(storeArguments);
+    return address(+[](Id object, const char* property) -> Id { return Value(object)[property]; });
+}
+
+void objc_storeStrong(Id* place, Id object)
+{
+    *place = object;
+}
+
+/// All such properties of ours are blocks.
+void objc_setProperty_nonatomic_copy(char* object, const char* /*selector*/, const void* block,
+                                     std::ptrdiff_t offset)
+{
+    void* const copy = _Block_copy(block);
+    std::memcpy(object + offset, &copy, sizeof copy);
+}
+
+void objc_enumerationMutation(Id /*collection*/)
+{
+    std::abort();
+}
+
+/// Blocks begin on the stack.
+void* _Block_copy(const void* object)
+{
+    const auto* const block = static_cast<const Block*>(object);
+    if (!block || (block->flags & (onHeap | isGlobal)) != 0) return const_cast<void*>(object);
+    auto* const copy = static_cast<Block*>(allocate(block->description->size));
+    std::memcpy(copy, block, block->description->size);
+    copy->flags |= onHeap;
+    if ((block->flags & hasCopy) != 0) block->description->copy(copy, block);
+    return copy;
+}
+
+/// Copies what a block captured.
+void _Block_object_assign(void* place, const void* captured, int kind)
+{
+    constexpr int isBlock = 7;
+    const void* const kept = kind == isBlock ? _Block_copy(captured) : captured;
+    std::memcpy(place, &kept, sizeof kept);
+}
+
+void _Block_object_dispose(const void* /*captured*/, int /*kind*/) {}
+}
+// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)
+
+// A message must not touch an argument, whatever the method's signature: every register that may hold one
+// (System V calling convention) is kept while the method is looked up. Then the method is jumped to. One that
+// returns a large structure has the structure's address as its first argument.
+asm(R"(
+.macro MESSAGE name, receiver, selector
+    .globl \name
+\name:
+    pushq %rbp
+    movq %rsp, %rbp
+    .irp register, rdi, rsi, rdx, rcx, r8, r9, rax, rax
+    pushq %\register
+    .endr
+    subq $16, %rsp
+    movups %xmm0, (%rsp)
+    movq %\receiver, %rdi
+    movq %\selector, %rsi
+    callq chimewell_method
+    movq %rax, %r11
+    movups (%rsp), %xmm0
+    addq $16, %rsp
+    .irp register, rax, rax, r9, r8, rcx, rdx, rsi, rdi
+    popq %\register
+    .endr
+    popq %rbp
+    jmpq *%r11
+.endm
+
+.macro CLASSES names:vararg
+    .irp name, \names
+    .globl "OBJC_CLASS_$_\name"
+"OBJC_CLASS_$_\name":
+    .zero 40
+    .endr
+.endm
+
+.text
+MESSAGE objc_msgSend, rdi, rsi
+MESSAGE objc_msgSend_stret, rsi, rdx
+
+.irp name, retain, retainBlock, retainAutoreleasedReturnValue, autoreleaseReturnValue, release
+.globl objc_\name
+.endr
+objc_retainBlock:
+    jmp _Block_copy
+objc_retain:
+objc_retainAutoreleasedReturnValue:
+objc_autoreleaseReturnValue:
+objc_release:
+    movq %rdi, %rax
+    retq
+
+.data
+CLASSES NSAppleEventManager, NSArray, NSBundle, NSImage, NSMutableDictionary, NSNotificationCenter
+CLASSES NSOperationQueue, NSRunLoop, NSScreen, NSSet, NSStatusBar, NSTimer, NSURL, NSWorkspace
+CLASSES UNMutableNotificationContent, UNNotificationAction, UNNotificationCategory, UNNotificationRequest
+CLASSES UNUserNotificationCenter
+
+.globl __CFConstantStringClassReference
+.set __CFConstantStringClassReference, "OBJC_CLASS_$_NSString"
+)");
+
+namespace chimewell::test::objc {
+
+Value::Value(std::string_view text)
+{
+    auto* const characters = static_cast<char*>(allocate(text.size() + 1));
+    std::ranges::copy(text, characters);
+    auto* const string = static_cast<String*>(allocate(sizeof(String)));
+    *string = {{&NSStringClass}, 0, characters, text.size()};
+    word_ = Word(string);
+}
+
+Value Value::operator[](const std::string& property) const
+{
+    if (word_ == 0) return nullptr;
+    const auto& properties = known(*this).properties;
+    const auto found = properties.find(property);
+    return found == properties.end() ? nullptr : found->second;
+}
+
+void Value::set(const std::string& property, Value value) const
+{
+    known(*this).properties.insert_or_assign(property, value);
+}
+
+std::string Value::text() const
+{
+    if (word_ == 0) return {};
+    const auto* const string = as<const String*>();
+    return {string->characters, string->length};
+}
+
+std::vector<Value> Value::arrayItems() const
+{
+    std::vector<Value> result;
+    for (const auto& [item, nothing] : known(*this).entries)
+        result.push_back(item);
+    return result;
+}
+
+std::map<std::string, std::string> Value::dictionaryTexts() const
+{
+    std::map<std::string, std::string> result;
+    for (const auto& [key, value] : known(*this).entries)
+        result.emplace(key.text(), value.text());
+    return result;
+}
+
+Value object(const std::map<std::string, Value>& properties)
+{
+    FrameworkObject* const made = newObject(&NSObjectClass);
+    made->properties = properties;
+    return Id(made);
+}
+
+Value dictionary(const std::vector<std::pair<Value, Value>>& entries)
+{
+    const Value made = object();
+    known(made).entries = entries;
+    return made;
+}
+
+Value shared(const std::string& classMethod)
+{
+    return sharedObjects.try_emplace(classMethod, object()).first->second;
+}
+
+void reset()
+{
+    sharedObjects.clear();
+    implementations = builtIn;
+}
+
+void implementAt(const std::string& selector, const void* function)
+{
+    implementations[selector] = function;
+}
+
+}
