@@ -1,294 +1,169 @@
 # SPDX-License-Identifier: MIT
-"""What our own headers in tools/macos/frameworks declare of Apple's interfaces, as clang understands them.
+"""What our headers in tools/macos/frameworks declare of Apple's interfaces, in the words of TypeScript.
 
-Types are spelled as api_table.py spells them.
+The headers are written by hand in a plain style; whatever has another form is an error.
 """
 
-import json
 import re
-import subprocess
-import tempfile
-from collections.abc import Iterable
 from dataclasses import dataclass, field
 from pathlib import Path
 
-from api_table import Interface, Property
+FRAMEWORKS = Path(__file__).resolve().parent / "frameworks"
 
-_CLANG = [
-    "clang++-19", "-x", "objective-c++", "-std=c++23", "-fobjc-arc", "-fblocks", "-ffreestanding",
-    "-nostdinc++", "-target", "arm64-apple-macos13", "-fsyntax-only", "-w", "-Xclang", "-ast-dump=json",
-]  # fmt: skip
-
-_BUILT_IN = {
-    "void": "void", "bool": "bool", "char": "i8", "signed char": "bool", "unsigned char": "bool",
-    "short": "i16", "unsigned short": "u16", "int": "i32", "unsigned int": "u32", "unsigned": "u32",
-    "long": "i64", "unsigned long": "u64", "long long": "i64", "unsigned long long": "u64", "float": "f32",
-    "double": "f64", "id": "id", "instancetype": "instancetype", "Class": "Class", "SEL": "SEL",
-    "CFTypeRef": "id",
-}  # fmt: skip
-_NUMBER_WORDS = {"signed", "unsigned", "char", "short", "int", "long"}
-_QUALIFIERS = {
-    "const", "volatile", "struct", "enum", "union", "__kindof", "__strong", "__weak", "__autoreleasing",
-    "__unsafe_unretained", "_Nonnull", "_Nullable", "_Null_unspecified", "_Nullable_result", "nonnull",
-    "nullable",
+_NOISE = re.compile(
+    r"//[^\n]*|/\*.*?\*/|^#(?:[^\n]*\\\n)*[^\n]*"  # comments, and what is for the preprocessor
+    r"|__attribute__\(\(.*?\)\)|\b(?:_Nullable|_Nonnull|nullable|__unsafe_unretained|__covariant|const|static)\b"
+    r'|\bNS_EXTERN\b|\bextern(?: "C")?|@optional|@class \w+;|\bstruct \w+;',
+    re.MULTILINE | re.DOTALL,
+)
+_NUMBERS = {"unsigned", "char", "short", "int", "long", "float", "double"}
+_GENERIC = {"ObjectType", "KeyType"}
+_WORDS = {
+    "BOOL": "boolean", "SEL": "string", "Class": "id", "CFTypeRef": "id",
+    "instancetype": "this", "NSString *": "string", "char *": "string",
 }  # fmt: skip
 
 
 @dataclass
-class Declared:
-    classes: dict[str, Interface] = field(default_factory=dict)
-    protocols: dict[str, Interface] = field(default_factory=dict)
-    enums: set[str] = field(default_factory=set)
-    constants: dict[str, tuple[str | None, float]] = field(default_factory=dict)  # enumeration or none; value
+class Type:
+    """A class, a protocol or a struct: the signatures of its methods, and types of its properties or fields."""
+
+    parents: list[str] = field(default_factory=list)
+    members: dict[str, str] = field(default_factory=dict)
+    settable: set[str] = field(default_factory=set)
+
+
+@dataclass
+class Declarations:
+    types: dict[str, Type] = field(default_factory=dict)
+    constants: dict[str, tuple[str | None, int | None]] = field(default_factory=dict)  # enumeration, value
     variables: dict[str, str] = field(default_factory=dict)
     functions: dict[str, str] = field(default_factory=dict)
-    structs: dict[str, list] = field(default_factory=dict)
-    types: dict[str, str] = field(default_factory=dict)
-    frameworks: dict[str, str] = field(default_factory=dict)  # that of a class, variable or function
+    classes: set[str] = field(default_factory=set)
+    frameworks: dict[str, str] = field(default_factory=dict)  # of each class, variable and function
 
 
-def read_declarations(frameworks: Path, enums: Iterable[str], assertions: Iterable[str] = ()) -> Declared:
-    """`enums` are names of Apple's that stand for an enumeration: in C++ one of flags is declared as a plain
-    integer. `assertions` are constant expressions that have to hold. Raises ValueError with clang's words when
-    a header does not compile or one of them does not hold.
-    """
-    names = sorted(folder.stem for folder in frameworks.glob("*.framework"))
-    lines = [f"#import <{name}/{name}.h>" for name in names]
-    lines += [f"static_assert({assertion});" for assertion in assertions]
-    with tempfile.TemporaryDirectory() as empty:
-        result = subprocess.run(
-            [*_CLANG, "-isysroot", empty, "-iframework", str(frameworks), "-"],
-            input="\n".join(lines),
-            capture_output=True,
-            text=True,
-        )
-    if result.returncode != 0:
-        raise ValueError(result.stderr)
-    return _Collector(frameworks, enums).collect(json.loads(result.stdout))
+def method_name(selector: str) -> str:
+    """The name that JavaScript has for a method: without colons, every further part with a capital."""
+    first, *others = selector.rstrip(":").split(":")
+    return first + "".join(part[0].upper() + part[1:] for part in others)
 
 
-class _Collector:
-    def __init__(self, frameworks: Path, enums: Iterable[str]):
-        self._folder = str(frameworks)
-        self._file = ""
-        self._declared = Declared()
+def read_declarations(frameworks: Path = FRAMEWORKS) -> Declarations:
+    reader = _Reader()
+    # Types come before their use in others.
+    for name in sorted((path.stem for path in frameworks.glob("*.framework")), key=_depth):
+        reader.read(name, (frameworks / f"{name}.framework/Headers/{name}.h").read_text())
+    return reader.declared
+
+
+def _depth(framework: str) -> int:
+    base = ["CoreFoundation", "CoreServices", "Foundation"]
+    return base.index(framework) if framework in base else len(base)
+
+
+class _Reader:
+    def __init__(self):
+        self.declared = Declarations()
         self._aliases: dict[str, str] = {}
-        self._enums = set(enums)
-        self._class_names: set[str] = set()
-        self._pending: list[tuple[str, dict]] = []
-        self._nameless: list | None = None  # the fields of a struct that the next typedef names
+        self._enums: set[str] = set()
+        self._forms = [
+            (r"typedef (?:NS|CF)_(?:ENUM|OPTIONS)\([^,]*, (\w+)\) \{(.*?)\};", self._enum),
+            (r"enum\s?(\w+)?\s?(?:: \w+ )?\{(.*?)\};", self._enum),
+            (r"typedef struct()() \{.*?\} \w+;", lambda *_: None),  # just for the compiler
+            (r"struct (\w+) \{(.*?)\};", self._struct),
+            (r"typedef ([^;]*?)(\w+);", lambda kind, name: self._aliases.update({name: kind.strip()})),
+            (r"@(interface|protocol) (\w+)([^-+@{]*)(.*?)@end", self._type),
+            (r"([\w *]*?)(\w+)\(([^)]*)\);", self._function),
+            (r"([\w *]*?)(\w+)(?: = [^;]*)?;", self._variable),
+        ]
 
-    def collect(self, unit: dict) -> Declared:
-        self._gather(unit["inner"])
-        for framework, node in self._pending:
-            self._take(framework, node)
-        return self._declared
+    def read(self, framework: str, text: str) -> None:
+        self.declared.classes.update(re.findall(r"@(?:class|interface) (\w+)", text))
+        text = " ".join(_NOISE.sub("", text).replace("*", " * ").split())
+        self._framework = framework
+        while text:
+            found = next((f for f in ((re.match(p, text), take) for p, take in self._forms) if f[0]), None)
+            if not found:
+                raise SystemExit(f"{framework}.h: cannot read: {text[:100]}")
+            found[1](*found[0].groups(default=""))
+            text = text[found[0].end() :].strip()
 
-    def _gather(self, nodes: list[dict]) -> None:
-        for node in nodes:
-            self._follow_files({key: node.get(key) for key in ("loc", "range")})
-            file = self._file
-            kind, name = node.get("kind"), node.get("name", "")
-            if kind == "TypedefDecl":
-                self._aliases[name] = node["type"]["qualType"]
-            elif kind == "ObjCInterfaceDecl":
-                self._class_names.add(name)
-            elif kind == "EnumDecl" and name:
-                self._enums.add(name)
-            if kind == "LinkageSpecDecl":
-                self._gather(node.get("inner", []))
-                continue
-            if file.startswith(self._folder) and not node.get("isImplicit"):
-                framework = re.search(r"/(\w+)\.framework/", file).group(1)
-                self._pending.append((framework, node))
-            self._follow_files(node.get("inner", []))
-
-    def _follow_files(self, part) -> None:
-        """clang names the file of a place only where it differs from that of the place before."""
-        if isinstance(part, dict):
-            self._file = part.get("file", self._file)
-            for key, value in part.items():
-                if key != "includedFrom":
-                    self._follow_files(value)
-        elif isinstance(part, list):
-            for value in part:
-                self._follow_files(value)
-
-    def _take(self, framework: str, node: dict) -> None:
-        declared, kind, name = self._declared, node["kind"], node.get("name", "")
-        if kind in ("ObjCInterfaceDecl", "ObjCCategoryDecl"):
-            owner = node["interface"]["name"] if kind == "ObjCCategoryDecl" else name
-            if kind == "ObjCInterfaceDecl" and "super" not in node and "inner" not in node:
-                return  # @class
-            into = declared.classes.setdefault(owner, Interface())
-            if kind == "ObjCInterfaceDecl":
-                into.superclass = node.get("super", {}).get("name")
-                declared.frameworks[name] = framework
-            self._take_members(into, node)
-        elif kind == "ObjCProtocolDecl":
-            if "inner" in node or "protocols" in node:
-                self._take_members(declared.protocols.setdefault(name, Interface()), node)
-        elif kind == "EnumDecl":
-            if name:
-                declared.enums.add(name)
-            self._take_constants(name or None, node)
-        elif kind == "FunctionDecl":
-            declared.functions[name] = self._signature_of(node["type"]["qualType"])
-            declared.frameworks[name] = framework
-        elif kind == "VarDecl":
-            if "init" in node:
-                declared.constants[name] = (None, _value(node["inner"][0]))
+    def _enum(self, name: str, body: str) -> None:
+        self._enums.add(name)
+        value: int | None = -1
+        for case in filter(None, (part.strip() for part in body.split(","))):
+            constant, _, given = case.partition(" = ")
+            if given:  # the four characters of a code are told nowhere
+                value = None if "'" in given else eval(given.replace("ULL", ""))
             else:
-                declared.variables[name] = self.spell(node["type"]["qualType"])
-                declared.frameworks[name] = framework
-        elif kind in ("RecordDecl", "CXXRecordDecl"):
-            fields = [part for part in node.get("inner", []) if part["kind"] == "FieldDecl"]
-            spelled = [[part["name"], self.spell(part["type"]["qualType"])] for part in fields]
-            if name and fields:
-                declared.structs[name] = spelled
-            self._nameless = None if name else spelled
-        elif kind == "TypedefDecl":
-            declared.types[name] = self.spell(node["type"]["qualType"])
-            if self._nameless:
-                declared.structs[name] = self._nameless
-            self._nameless = None
-        elif kind not in ("ObjCTypeParamDecl", "EmptyDecl", "StaticAssertDecl"):
-            raise ValueError(f"{framework}: no check knows what to do with the {kind} {name}")
+                value += 1
+            self.declared.constants[constant] = (name or None, value)
 
-    def _take_members(self, into: Interface, node: dict) -> None:
-        names = [protocol["name"] for protocol in node.get("protocols", [])]
-        into.protocols = sorted({*into.protocols, *names})
-        parameters = [part["name"] for part in node.get("inner", []) if part["kind"] == "ObjCTypeParamDecl"]
-        hidden = {name: self._aliases.get(name) for name in parameters}
-        self._aliases.update({name: "id" for name in parameters})
-        for part in node.get("inner", []):
-            if part.get("isImplicit"):
-                continue
-            if part["kind"] == "ObjCMethodDecl":
-                arguments = [
-                    self.spell(argument["type"]["qualType"])
-                    for argument in part.get("inner", [])
-                    if argument["kind"] == "ParmVarDecl" and not argument.get("isImplicit")
-                ]
-                if part.get("variadic"):
-                    arguments.append("...")
-                level = "-" if part.get("instance") else "+"
-                into.methods[level + part["name"]] = (
-                    f"{self.spell(part['returnType']['qualType'])};{','.join(arguments)}"
-                )
-            elif part["kind"] == "ObjCPropertyDecl":
-                name = part["name"]
-                getter = part.get("getter", {}).get("name", name)
-                setter = part.get("setter", {}).get("name", f"set{name[0].upper()}{name[1:]}:")
-                level = "+" if part.get("class") else "-"
-                into.properties[level + name] = Property(
-                    self.spell(part["type"]["qualType"]), getter, None if part.get("readonly") else setter
-                )
-        for name, alias in hidden.items():
-            if alias is None:
-                del self._aliases[name]
-            else:
-                self._aliases[name] = alias
+    def _struct(self, name: str, body: str) -> None:
+        fields = re.findall(r"([^;]+?)(\w+);", body)
+        self.declared.types[name] = Type(members={name: self._spell(kind) for kind, name in fields})
 
-    def _take_constants(self, enum: str | None, node: dict) -> None:
-        value = -1
-        for case in node.get("inner", []):
-            if case["kind"] == "EnumConstantDecl":
-                value = _value(case["inner"][0]) if case.get("inner") else value + 1
-                self._declared.constants[case["name"]] = (enum, value)
+    def _type(self, kind: str, name: str, parents: str, body: str) -> None:
+        if kind == "interface":
+            self.declared.frameworks[name] = self._framework
+        into = self.declared.types.setdefault(name, Type())
+        into.parents += [word for word in re.findall(r"\w+", parents) if word not in _GENERIC]
+        for attributes, kind, member in re.findall(r"@property (?:\(([^)]*)\) )?([^;]*?)(\w+);", body):
+            key = ("static " if "class" in attributes else "") + member
+            into.members[key] = self._spell(kind)
+            if "readonly" not in attributes:
+                into.settable.add(key)
+        for level, text in re.findall(r"(?<![\w)*] )([-+]) ?(\([^;]*);", body):
+            kind, text = _parenthesised(text)
+            selector, arguments = "", []
+            while ":" in text:
+                part, _, text = text.partition(":")
+                argument, text = _parenthesised(text.strip())
+                selector += part.strip() + ":"
+                arguments.append(self._spell(argument))
+                text = text.strip().partition(" ")[2]
+            key = ("static " if level == "+" else "") + method_name(selector or text.strip())
+            into.members[key] = f"({', '.join(arguments)}) => {self._spell(kind)}"
 
-    def _signature_of(self, text: str) -> str:
-        """Of a function's type, such as `void (int, char *)`."""
-        opening = _matching_parenthesis(text)
-        return f"{self.spell(text[:opening])};{self._arguments(text[opening + 1 : text.rindex(')')])}"
+    def _function(self, kind: str, name: str, arguments: str) -> None:
+        spelled = [self._spell(re.sub(r"\w+$", "", part)) for part in arguments.split(",") if part != "void"]
+        self.declared.functions[name] = f"({', '.join(spelled)}) => {self._spell(kind)}"
+        self.declared.frameworks[name] = self._framework
 
-    def _arguments(self, text: str) -> str:
-        parts = _split(text)
-        return ",".join(part if part == "..." else self.spell(part) for part in parts if part != "void")
+    def _variable(self, kind: str, name: str) -> None:
+        self.declared.variables[name] = self._spell(kind)
+        self.declared.frameworks[name] = self._framework
 
-    def spell(self, text: str) -> str:
-        text = text.strip()
-        pointer = re.search(r"\((\^|\*)[^()]*\)\s*\(", text)
-        if pointer and _matching_parenthesis(text) == pointer.end() - 1:
-            arguments = text[pointer.end() : text.rindex(")")]
-            kind = "block" if pointer[1] == "^" else "function"
-            return f"{kind}({self.spell(text[: pointer.start()])};{self._arguments(arguments)})"
-        if array := re.fullmatch(r"(.*)\[(\d+)\]", text):
-            return f"{self.spell(array[1])}[{array[2]}]"
-        flat = _without_generics(text)
-        stars = flat.count("*")
-        if record := re.search(r"\bstruct (\w+)", flat):
-            return f"struct {record[1]}{'*' * stars}"
-        words = [word for word in re.findall(r"\w+", flat) if word not in _QUALIFIERS]
-        promised = re.search(r"<(.*)>", text)
-        return self._named(words, promised[1] if promised else None, stars)
-
-    def _named(self, words: list[str], promised: str | None, stars: int) -> str:
-        name = " ".join(words)
-        if len(words) > 1:
-            assert set(words) <= _NUMBER_WORDS | {"double"}, name
-            name = re.sub(r"^(signed )?(long long|long|short)( int)?$", r"\2", name)
-        if name == "id" and promised:
-            base = f"id<{','.join(sorted(_split(promised)))}>"
-        elif name in _BUILT_IN:
-            base = _BUILT_IN[name]
-            if base == "i8" and stars:
-                base, stars = "char*", stars - 1
-            elif base == "void" and stars:
-                base, stars = "void*", stars - 1
-        elif name in self._class_names:
-            base, stars = name + "*", stars - 1
-        elif name in self._enums:
-            base = "i64"
-        elif name in self._aliases:
-            alias = self._aliases[name]
-            base = self.spell(f"{alias}<{promised}>" if alias == "id" and promised else alias)
-        else:
-            base = "struct " + name
-        return base + "*" * stars
+    def _spell(self, kind: str) -> str:
+        kind = kind.strip()
+        if block := re.match(r"(.*?) ?\( ?\^ ?\) ?\((.*)\)$", kind):
+            arguments = [re.sub(r"(?<=[ *])\w+$", "", part) for part in block[2].split(",") if part != "void"]
+            return f"({', '.join(map(self._spell, arguments))}) => {self._spell(block[1])}"
+        while re.search(r"<.*> \*", kind):
+            kind = re.sub(r"<[^<>]*>", "", kind)
+        kind = kind.replace("struct ", "").replace("  ", " ")
+        if kind in _WORDS:
+            return _WORDS[kind]
+        if kind in self._enums:
+            return kind
+        if kind in self._aliases:
+            return self._spell(self._aliases[kind])
+        if promised := re.fullmatch(r"(?:id|KeyType) ?< ?(\w+) ?>", kind):
+            return promised[1]
+        if kind.startswith("__CF"):  # CoreFoundation's own objects
+            return "id"
+        if kind.endswith("]") or (kind.endswith("*") and kind.removesuffix(" *") not in self.declared.classes):
+            return "pointer"
+        name = kind.removesuffix(" *")
+        return "number" if set(name.split()) <= _NUMBERS else re.sub(r"<.*", "", name)
 
 
-def _value(node: dict) -> int | float:
-    """Of a constant expression; literals keep theirs only deep inside."""
-    if "value" in node:
-        return float(node["value"]) if node["kind"] == "FloatingLiteral" else int(node["value"], 0)
-    parts = [_value(part) for part in node.get("inner", [])]
-    match node.get("opcode"):
-        case "-":
-            return -parts[0] if len(parts) == 1 else parts[0] - parts[1]
-        case "~":
-            return ~parts[0]
-        case "|":
-            return parts[0] | parts[1]
-        case "<<":
-            return parts[0] << parts[1]
-        case None if len(parts) == 1:
-            return parts[0]
-    raise ValueError(f"cannot read the value of {node['kind']} {node.get('opcode', '')}")
-
-
-def _split(text: str) -> list[str]:
-    """At the commas that stand in no brackets."""
-    parts, depth, start = [], 0, 0
-    for place, character in enumerate(text):
-        depth += (character in "(<[") - (character in ")>]")
-        if character == "," and depth == 0:
-            parts.append(text[start:place].strip())
-            start = place + 1
-    return [part for part in [*parts, text[start:].strip()] if part]
-
-
-def _without_generics(text: str) -> str:
-    while "<" in text:
-        text = re.sub(r"<[^<>]*>", "", text)
-    return text
-
-
-def _matching_parenthesis(text: str) -> int:
-    """The place of the one that opens the last argument list; -1 if there is none."""
+def _parenthesised(text: str) -> tuple[str, str]:
+    """What stands in the parentheses with which the text begins, and what follows them."""
     depth = 0
-    for place in range(len(text) - 1, -1, -1):
-        depth += (text[place] == ")") - (text[place] == "(")
-        if text[place] == "(" and depth == 0:
-            return place
-    return -1
+    for place, character in enumerate(text):
+        depth += (character == "(") - (character == ")")
+        if depth == 0:
+            return text[1:place], text[place + 1 :]
+    raise ValueError(text)

@@ -18,7 +18,7 @@ NS_EXTERN const float AVSpeechUtteranceDefaultSpeechRate;
 @property (nonatomic, readonly) NSString* name;
 @end
 
-@interface AVSpeechUtterance : NSObject <NSCopying>
+@interface AVSpeechUtterance : NSObject
 + (instancetype)speechUtteranceWithString:(NSString*)string;
 @property (nonatomic, retain, nullable) AVSpeechSynthesisVoice* voice;
 @property (nonatomic) float rate;

@@ -9,10 +9,7 @@
 #pragma clang assume_nonnull begin
 
 typedef NS_ENUM(NSInteger, SMAppServiceStatus) {
-    SMAppServiceStatusNotRegistered = 0,
-    SMAppServiceStatusEnabled,
-    SMAppServiceStatusRequiresApproval,
-    SMAppServiceStatusNotFound,
+    SMAppServiceStatusEnabled = 1,
 };
 
 @interface SMAppService : NSObject

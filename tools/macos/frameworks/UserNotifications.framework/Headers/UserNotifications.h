@@ -36,23 +36,22 @@ typedef NS_OPTIONS(NSUInteger, UNNotificationPresentationOptions) {
 
 NS_EXTERN NSString* const UNNotificationDefaultActionIdentifier;
 
-@interface UNNotificationAction : NSObject <NSCopying>
+@interface UNNotificationAction : NSObject
 + (instancetype)actionWithIdentifier:(NSString*)identifier
                                title:(NSString*)title
                              options:(UNNotificationActionOptions)options;
 @end
 
-@interface UNNotificationCategory : NSObject <NSCopying>
+@interface UNNotificationCategory : NSObject
 + (instancetype)categoryWithIdentifier:(NSString*)identifier
                                actions:(NSArray<UNNotificationAction*>*)actions
                      intentIdentifiers:(NSArray<NSString*>*)intentIdentifiers
                                options:(UNNotificationCategoryOptions)options;
 @end
 
-@interface UNNotificationTrigger : NSObject <NSCopying>
-@end
+@class UNNotificationTrigger;
 
-@interface UNNotificationContent : NSObject <NSCopying>
+@interface UNNotificationContent : NSObject
 @property (nonatomic, readonly, copy) NSDictionary* userInfo;
 @end
 
@@ -63,23 +62,23 @@ NS_EXTERN NSString* const UNNotificationDefaultActionIdentifier;
 @property (nonatomic, copy) NSDictionary* userInfo;
 @end
 
-@interface UNNotificationRequest : NSObject <NSCopying>
+@interface UNNotificationRequest : NSObject
 + (instancetype)requestWithIdentifier:(NSString*)identifier
                               content:(UNNotificationContent*)content
                               trigger:(nullable UNNotificationTrigger*)trigger;
 @property (nonatomic, readonly, copy) UNNotificationContent* content;
 @end
 
-@interface UNNotification : NSObject <NSCopying>
+@interface UNNotification : NSObject
 @property (nonatomic, readonly, copy) UNNotificationRequest* request;
 @end
 
-@interface UNNotificationResponse : NSObject <NSCopying>
+@interface UNNotificationResponse : NSObject
 @property (nonatomic, readonly, copy) UNNotification* notification;
 @property (nonatomic, readonly, copy) NSString* actionIdentifier;
 @end
 
-@interface UNNotificationSettings : NSObject <NSCopying>
+@interface UNNotificationSettings : NSObject
 @property (nonatomic, readonly) UNAuthorizationStatus authorizationStatus;
 @end
 

@@ -1,7 +1,0 @@
-// SPDX-License-Identifier: MIT
-#pragma once
-
-#import <Foundation/Foundation.h>
-
-@interface NSResponder : NSObject
-@end

@@ -1,8 +1,0 @@
-// SPDX-License-Identifier: MIT
-#pragma once
-
-#import <AppKit/NSResponder.h>
-
-@interface NSWindow : NSResponder
-- (NSRect)convertRectToScreen:(NSRect)rect;
-@end
