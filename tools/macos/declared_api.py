@@ -51,15 +51,10 @@ def method_name(selector: str) -> str:
 
 def read_declarations(frameworks: Path = FRAMEWORKS) -> Declarations:
     reader = _Reader()
-    # Types come before their use in others.
-    for name in sorted((path.stem for path in frameworks.glob("*.framework")), key=_depth):
+    base = ["CoreFoundation", "CoreServices", "Foundation"]  # their types are used by the others
+    for name in base + sorted({path.stem for path in frameworks.glob("*.framework")} - {*base}):
         reader.read(name, (frameworks / f"{name}.framework/Headers/{name}.h").read_text())
     return reader.declared
-
-
-def _depth(framework: str) -> int:
-    base = ["CoreFoundation", "CoreServices", "Foundation"]
-    return base.index(framework) if framework in base else len(base)
 
 
 class _Reader:
