@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/macos/apple_events.h"
 
-#include "mac_test.h"
+#include "objective_c.h"
+
+#include <gtest/gtest.h>
 
 #include <map>
 #include <optional>
@@ -29,10 +31,11 @@ const Event reopen{code("aevt"), code("rapp")};
 
 std::map<Event, std::pair<Id, const char*>> handlers; ///< Each an object and a selector.
 
-class AppleEventsTest : public MacTest {
+class AppleEventsTest : public ::testing::Test {
 protected:
     AppleEventsTest()
     {
+        reset();
         handlers.clear();
         implement(
             "setEventHandler:andSelector:forEventClass:andEventID:",

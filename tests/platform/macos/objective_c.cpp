@@ -73,6 +73,15 @@ struct FrameworkObject : Object {
     std::vector<std::pair<Value, Value>> entries = {}; ///< Of a dictionary. Those of an array have no values.
 };
 
+struct Observer {
+    Value observation;
+    Value center;
+    std::string notification;
+    void (^block)(Id);
+};
+
+std::vector<Observer> observers;
+std::vector<void (^)()> mainQueue;
 std::map<std::string, Value> sharedObjects;
 std::map<std::string, const void*> implementations;
 
@@ -159,6 +168,12 @@ Id makeObject(const Class* type, const char* selector, Word first, Word second, 
     return object;
 }
 
+Id addObserver(Id center, const char* /*selector*/, Id name, Id /*object*/, Id /*queue*/, void (^block)(Id))
+{
+    observers.push_back({object(), center, Value(name).text(), keep(block)});
+    return observers.back().observation;
+}
+
 template<typename Function>
 const void* address(Function* function)
 {
@@ -182,6 +197,13 @@ const std::map<std::string, const void*> builtIn = {
     {"objectForKeyedSubscript:", address(valueOfKey)},
     {"setObject:forKeyedSubscript:", address(+[](Id dictionary, const char*, Id value, Id key) {
          known(dictionary).entries.emplace_back(key, value);
+     })},
+    {"addOperationWithBlock:", address(+[](Id queue, const char*, void (^task)()) {
+         if (queue == Id(shared("mainQueue"))) mainQueue.push_back(keep(task));
+     })},
+    {"addObserverForName:object:queue:usingBlock:", address(addObserver)},
+    {"removeObserver:", address(+[](Id, const char*, Id observation) {
+         std::erase_if(observers, [&](const Observer& each) { return Id(each.observation) == observation; });
      })},
     {"countByEnumeratingWithState:objects:count:", address(enumerate)},
 };
@@ -399,8 +421,23 @@ Value shared(const std::string& classMethod)
 
 void reset()
 {
+    observers.clear();
+    mainQueue.clear();
     sharedObjects.clear();
     implementations = builtIn;
+    shared("mainBundle").set("bundleIdentifier", "app.chimewell.Chimewell");
+}
+
+void runMainQueue()
+{
+    for (const auto& task : std::exchange(mainQueue, {}))
+        task();
+}
+
+void notify(Value center, const std::string& notification)
+{
+    for (const Observer& each : std::vector(observers))
+        if (each.center == center && each.notification == notification) each.block(object());
 }
 
 void implementAt(const std::string& selector, const void* function)

@@ -69,8 +69,13 @@ Value object(const std::map<std::string, Value>& properties = {});
 Value dictionary(const std::vector<std::pair<Value, Value>>& entries);
 /// What a class method of that name returns.
 Value shared(const std::string& classMethod);
-/// Forgets the shared objects and what was implemented.
+/// A fresh Mac: forgets the shared objects, what was implemented, queued and observed. The program has a
+/// bundle.
 void reset();
+/// Runs what was queued for the main thread.
+void runMainQueue();
+/// Tells those who observe a notification at that center, in the order of their registration.
+void notify(Value center, const std::string& notification);
 
 void implementAt(const std::string& selector, const void* function);
 /// Lets each message of that name call `function`, which gets the receiver, the selector and the arguments.

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/macos/run_loop_timers.h"
 
-#include "mac_test.h"
+#include "objective_c.h"
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <memory>
@@ -36,10 +38,11 @@ public:
     double asleep = 0;
 };
 
-class RunLoopTimersTest : public MacTest {
+class RunLoopTimersTest : public ::testing::Test {
 protected:
     RunLoopTimersTest()
     {
+        reset();
         awake = 0;
         scheduled.clear();
         implement(

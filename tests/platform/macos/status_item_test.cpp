@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/macos/status_item.h"
 
-#include "mac_test.h"
+#include "objective_c.h"
+
+#include <gtest/gtest.h>
 
 #include <memory>
 #include <vector>
@@ -12,10 +14,11 @@ namespace {
 
 using namespace objc;
 
-class StatusItemTest : public MacTest {
+class StatusItemTest : public ::testing::Test {
 protected:
     StatusItemTest()
     {
+        reset();
         // AppKit measures upwards from the bottom left corner of the primary screen.
         implement("bounds", +[](Id, const char*) { return ScreenArea{0, 0, 26, 20}; });
         implement(
