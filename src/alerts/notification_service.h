@@ -31,10 +31,10 @@ public:
     AuthStatus status() const { return status_; }
     [[nodiscard]] Subscription onChange(std::function<void()> callback);
 
-    /// Once at start-up: takes the clicks, registers the category and reads the permission.
+    /// Call once at start-up. Registers the click handler and the category, and reads the permission.
     void configure();
     void refreshStatus();
-    /// Asks the user if that has not been done yet, then reads the permission again.
+    /// Asks the user unless that has been done before. Then reads the permission again.
     void requestAuthorization();
     /// True when the banner was handed to the system, false when banners are unavailable.
     bool post(const Phrase& title, const Phrase& body, const std::optional<std::string>& cwd,
@@ -42,7 +42,7 @@ public:
     void openSystemSettings() { center_.openSystemSettings(); }
 
 private:
-    /// The answer of the system, which may be late.
+    /// Takes the system's answer. Banners may have become unavailable since it was asked.
     void publish(NotificationPermission permission);
     void publish(AuthStatus status);
     void respond(const NotificationResponse& response) const;

@@ -22,7 +22,7 @@ class EventHistory {
 public:
     struct Entry {
         std::string id; ///< A fresh UUID.
-        Date date;      ///< When it was added, by our clock.
+        Date date;      ///< When it was added. The agent's own timestamp is ignored.
         CanonicalEvent event = CanonicalEvent::finished;
         std::optional<std::string> projectLabel;
         std::optional<std::string> message;

@@ -17,14 +17,14 @@ constexpr std::array<std::string_view, 2> idleWords = {"waiting for your input",
 
 std::string lowerCased(std::string text)
 {
-    // The words looked for are ASCII, and no other letter's lower case is one of theirs but the
-    // Kelvin sign's, which no agent writes.
+    // ASCII is enough: the words searched for are ASCII. Only the Kelvin sign has one of their letters as its
+    // lower case, and no agent writes that.
     for (char& c : text)
         if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
     return text;
 }
 
-/// An agent's reminder that it is idle; requests for a permission are not.
+/// True for an agent's own reminder that it is idle, false for its requests for a permission.
 bool isIdlePrompt(const EventPayload& payload)
 {
     if (payload.type != CanonicalEvent::waitingInput || !payload.message) return false;
@@ -37,8 +37,8 @@ bool isIdlePrompt(const EventPayload& payload)
 
 void EventRouter::handle(const EventPayload& payload)
 {
-    // Before any filter: an answer ends a reminder also where nothing is alerted.
-    keepRemindersInStep(payload);
+    // Before any filter: an event that raises no alert still ends or settles reminders.
+    updateReminders(payload);
     if (isSilent(payload.type) || isIdlePrompt(payload)) return;
 
     const AppSettings& settings = with_.store.settings();
@@ -59,7 +59,7 @@ void EventRouter::fireReminder(const EventPayload& payload)
     alert(payload, *setting, Occasion::reminder);
 }
 
-void EventRouter::keepRemindersInStep(const EventPayload& payload)
+void EventRouter::updateReminders(const EventPayload& payload)
 {
     if (payload.type == CanonicalEvent::userActed) {
         with_.reminders.cancel(payload.sessionKey());
@@ -71,7 +71,7 @@ void EventRouter::keepRemindersInStep(const EventPayload& payload)
 
 bool EventRouter::isRepeat(const EventPayload& payload)
 {
-    // Events without a session share one empty name here, which no session can have.
+    // All events without a session share the empty name. No session has it.
     const std::string key = std::string(rawName(payload.type)) + "|" + payload.session.value_or("");
     const Instant now = with_.clock.instant();
     const auto last = lastPresentedAt_.find(key);
@@ -87,7 +87,7 @@ void EventRouter::alert(const EventPayload& payload, const EventSetting& setting
     const bool isReminder = occasion == Occasion::reminder;
     if (isReminder || !payload.isTest) with_.history.add(payload, isReminder);
     with_.audio.play(setting);
-    // Refused only where banners are unavailable, and then there is nobody to tell.
+    // False only if banners are unavailable. The settings show that.
     if (setting.showPopup)
         static_cast<void>(with_.notifications.post(alertTitle(payload, isReminder),
                                                    alertBody(payload.type, payload.message), payload.cwd,

@@ -15,8 +15,8 @@
 
 namespace chimewell {
 
-/// Decides what one event sets off: history, sound, speech, banner, reminder. Refusals (muted,
-/// disabled, repeated, filtered) are silent by design. The settings are read afresh each time.
+/// Decides what one event triggers: history, sound, speech, banner, reminder. An event that triggers nothing
+/// (muted, disabled, repeated, filtered) is not reported. Reads the settings for each event.
 class EventRouter {
 public:
     struct Collaborators {
@@ -37,13 +37,13 @@ public:
     /// A repeat of one session's event is dropped while it is younger than this.
     static constexpr std::chrono::seconds throttleWindow{5};
     static constexpr std::chrono::seconds throttleMemory{60};
-    /// Keys remembered for it; only a flood of events reaches that many.
+    /// How many keys are remembered. Only a flood of events reaches it.
     static constexpr std::size_t throttleCapacity = 1000;
 
 private:
     enum class Occasion { first, reminder };
 
-    void keepRemindersInStep(const EventPayload& payload);
+    void updateReminders(const EventPayload& payload);
     bool isRepeat(const EventPayload& payload);
     void alert(const EventPayload& payload, const EventSetting& setting, Occasion occasion);
 

@@ -66,7 +66,7 @@ void ReminderManager::tick(const std::string& sessionKey)
     if (found == pending_.end()) return;
     Pending& pending = found->second;
     const Instant now = with_.clock.instant();
-    // Periods that passed together, while the machine slept, are one tick.
+    // Several periods that passed while the machine slept make one tick.
     pending.due += pending.period * (std::max((now - pending.due) / pending.period, std::int64_t{0}) + 1);
     startTimer(pending, now);
     if (with_.store.settings().globalMuted) return;
@@ -84,10 +84,10 @@ void ReminderManager::tick(const std::string& sessionKey)
 
 std::chrono::milliseconds ReminderManager::period(std::int64_t intervalSeconds)
 {
-    // A hand-written interval may be anything; a century is never waited for, and fits every timer.
+    // The settings file may hold any number. A century is as good as never, and no timer overflows.
     constexpr std::int64_t century = std::int64_t{100} * 366 * 24 * 3600;
     const std::chrono::milliseconds interval = std::chrono::seconds(std::min(intervalSeconds, century));
-    // Sessions that began to wait together should not go on reminding in the same instant.
+    // Spreads the reminders of sessions that began to wait at the same moment.
     const auto maxJitter = std::min(interval / 10, std::chrono::milliseconds(5s));
     const double jitter = with_.random.unit() * static_cast<double>(maxJitter.count());
     return interval + std::chrono::milliseconds(std::llround(jitter));

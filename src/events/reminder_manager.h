@@ -31,23 +31,22 @@ public:
     };
     explicit ReminderManager(Collaborators with) : with_(with) {}
 
-    /// Runs with the waiting payload at every counted tick; set once at start-up.
+    /// Called with the waiting payload for every counted tick. Set once at start-up.
     std::function<void(const EventPayload&)> onFire;
 
-    /// Replaces the session's reminder, counting again from zero. Arms nothing when the session
-    /// settled less than `settleWindow` ago or a limit is below 1. At most `maxPending` sessions are
-    /// kept: the one armed longest ago goes.
+    /// Replaces the session's reminder and counts from zero again. Arms nothing if the session settled less
+    /// than `settleWindow` ago or if the interval or the count is below 1. Beyond `maxPending` sessions the
+    /// reminder armed first is dropped.
     void arm(const EventPayload& payload, std::int64_t intervalSeconds, std::int64_t maxCount);
     void cancel(const std::string& sessionKey);
-    /// The payload's session has finished at that moment: its reminder ends, and so does the one of
-    /// events that carried no session.
+    /// The payload's session finished at `when`. Ends its reminder and that of events without a session.
     void markSettled(const EventPayload& payload, Instant when);
-    /// The user answered: the next wait may remind at once.
+    /// The user answered, so the next wait may arm a reminder at once.
     void unsettle(const std::string& sessionKey);
 
     static constexpr std::chrono::seconds settleWindow{90};
     static constexpr std::size_t maxPending = 1000;
-    /// More sessions than anybody runs; a flood of events stays within it.
+    /// Bounds the memory in a flood of events. Nobody runs that many sessions.
     static constexpr std::size_t maxSettled = 1000;
 
 private:

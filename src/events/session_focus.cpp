@@ -26,7 +26,7 @@ void SessionFocus::showFolder(const std::string& cwd)
     const std::filesystem::path path(cwd);
     if (!path.is_absolute() || cwd.contains('\0')) return;
     workspace_.findKind(path, [this, path](FileKind kind) {
-        // Anything but a folder is only pointed at: opening it could run it.
+        // A file is only revealed: opening it could run it.
         if (kind != FileKind::folder || !workspace_.openFolder(path)) workspace_.reveal(path);
     });
 }

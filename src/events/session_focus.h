@@ -9,14 +9,14 @@
 
 namespace chimewell {
 
-/// Brings the user back to an agent: its terminal, or failing that its working folder. Failures end
-/// silently: there is nothing the user could do about them.
+/// Brings an agent's terminal to the front, or opens its working folder if the terminal isn't known. Failures
+/// are not reported: the user could do nothing about them.
 class SessionFocus {
 public:
     explicit SessionFocus(Workspace& workspace) : workspace_(workspace) {}
 
     void focusSession(const std::optional<std::string>& term, const std::optional<std::string>& cwd);
-    /// True when the application was brought forward, or asked to come.
+    /// True if a window was activated or the system was asked to activate one.
     bool activateApp(const TerminalApplication& application);
 
 private:

@@ -5,18 +5,18 @@
 
 namespace chimewell {
 
-/// How the desktop sees the application.
+/// Where the application appears.
 enum class ActivationPolicy : std::uint8_t {
     accessory, ///< In the menu bar only.
     regular,   ///< With an icon and a menu of its own among the running applications.
 };
 
-/// The application's own standing among the others.
+/// How the application appears among the running ones.
 class ApplicationActivation {
 public:
     virtual ~ApplicationActivation() = default;
     virtual void setPolicy(ActivationPolicy policy) = 0;
-    /// Brings our windows before those of other applications.
+    /// Brings our windows in front of those of other applications.
     virtual void activate() = 0;
 };
 

@@ -13,8 +13,8 @@ namespace chimewell {
 
 /// Why a file operation failed.
 struct FileError {
-    bool missing = false;    ///< Nothing stands at the path; every other reason leaves this false.
-    Phrase description = {}; ///< The system's own sentence, or one of ours.
+    bool missing = false;    ///< Nothing exists at the path. False for every other reason.
+    Phrase description = {}; ///< The system's error text, or one of ours.
     bool operator==(const FileError&) const = default;
 };
 
@@ -24,16 +24,16 @@ enum class FileKind { regular, folder, other };
 class Files {
 public:
     virtual ~Files() = default;
-    /// The whole content. Fails for anything but a regular file, and for one that another program does not
-    /// finish writing within some milliseconds.
+    /// The whole content. Fails for anything but a regular file, and for a file that another program has been
+    /// writing for some milliseconds.
     virtual std::expected<std::string, FileError> read(const std::filesystem::path& file) = 0;
-    /// Afterwards the file is wholly `content`, or on failure wholly what it was. Leaves no other file.
+    /// Atomic: the file then holds `content`, or on failure what it held before. Leaves no other file behind.
     virtual std::expected<void, FileError> replace(const std::filesystem::path& file,
                                                    std::string_view content) = 0;
-    /// Makes the folder and its missing parents; no error if it is there.
+    /// Creates the folder and its missing parents. No error if it exists.
     virtual std::expected<void, FileError> createFolders(const std::filesystem::path& folder) = 0;
     virtual std::expected<void, FileError> remove(const std::filesystem::path& file) = 0;
-    /// What stands at the path, links followed; nothing if nothing does or it cannot be asked.
+    /// What exists at the path, links followed; absent if nothing does or it can't be determined.
     virtual std::optional<FileKind> kind(const std::filesystem::path& path) = 0;
 };
 

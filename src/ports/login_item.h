@@ -11,9 +11,9 @@ namespace chimewell {
 class LoginItem {
 public:
     virtual ~LoginItem() = default;
-    /// What the system will really do at the next log-in.
+    /// What the system will do at the next log-in, whatever we asked for.
     virtual bool isEnabled() const = 0;
-    /// The error is the system's description.
+    /// The error is the system's text.
     virtual std::expected<void, Phrase> registerItem() = 0;
     virtual std::expected<void, Phrase> unregisterItem() = 0;
 };

@@ -17,13 +17,13 @@ struct NotificationCategory {
     std::string actionTitle;
 };
 
-/// Its texts are readable (base/readable_text.h).
+/// Its texts are safe to show (base/readable_text.h).
 struct NotificationRequest {
     std::string identifier; ///< Unique: banners never replace one another.
     std::string categoryIdentifier;
     std::string title;
     std::string body;
-    std::map<std::string, std::string> userInfo; ///< Comes back with a click.
+    std::map<std::string, std::string> userInfo; ///< Returned with a click.
 };
 
 /// A click on a banner or on its button.
@@ -35,23 +35,23 @@ struct NotificationResponse {
 /// The user clicked the banner itself.
 inline constexpr char defaultNotificationAction[] = "default";
 
-/// The system's banners. Every answer may come later, on the main thread; nothing here waits.
+/// The system's banners. Callbacks run on the main thread, possibly later. No call blocks.
 class NotificationCenter {
 public:
     virtual ~NotificationCenter() = default;
-    /// False when no banner can be shown by this process at the moment, whatever the user allows.
+    /// False if this process can't show banners at the moment, whatever the user allows.
     virtual bool isAvailable() const = 0;
-    /// Clicks go to `response` from now on, and banners are shown while our own windows are in front.
+    /// Clicks go to `response` from now on. Banners are also shown while our own windows are in front.
     virtual void setResponseHandler(std::function<void(const NotificationResponse&)> response) = 0;
     /// Replaces all categories by this one.
     virtual void setCategory(const NotificationCategory& category) = 0;
     virtual void readPermission(std::function<void(NotificationPermission)> done) = 0;
-    /// Asks the user, where the system has such a question; `done` follows in every case.
+    /// Asks the user on systems that have such a question. `done` is called in any case.
     virtual void requestPermission(std::function<void()> done) = 0;
-    /// Hands the banner over for showing at once, without a sound of its own.
+    /// Shows the banner at once, without a sound.
     virtual void post(const NotificationRequest& request) = 0;
     virtual void openSystemSettings() = 0;
-    /// `changed` runs whenever availability or permission may have become another.
+    /// `changed` runs whenever the availability or the permission may have changed.
     virtual void setChangeHandler(std::function<void()> changed) = 0;
 };
 

@@ -5,7 +5,7 @@
 
 namespace chimewell {
 
-/// Chance, so that tests can decide it.
+/// Random values.
 class Random {
 public:
     virtual ~Random() = default;

@@ -7,11 +7,11 @@
 
 namespace chimewell {
 
-/// The files that came with the application.
+/// Files that are installed with the application.
 class Resources {
 public:
     virtual ~Resources() = default;
-    /// The full path of the resource of exactly that name; nothing if it is not there.
+    /// The full path of the resource with exactly that name; absent if there is none.
     virtual std::optional<std::filesystem::path> named(std::string_view name) const = 0;
 };
 

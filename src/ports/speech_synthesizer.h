@@ -10,15 +10,15 @@
 
 namespace chimewell {
 
-/// The desktop's speech service. Without one, nothing is said and nothing is reported.
+/// The system's speech service. If there is none, nothing is spoken and nothing is reported.
 class SpeechSynthesizer {
 public:
     virtual ~SpeechSynthesizer() = default;
-    /// Speaks `text`, which is readable (base/readable_text.h), at the service's normal rate, after whatever
-    /// was queued before. A voice that is not installed counts as none: the default voice speaks.
+    /// Queues `text`, which is safe to speak (base/readable_text.h), at the service's normal rate. The
+    /// default voice speaks if `voiceIdentifier` is absent or not installed.
     virtual void speak(const std::string& text, const std::optional<std::string>& voiceIdentifier) = 0;
-    /// Hands over every installed voice, possibly later; an empty list when there is no service.
-    /// Not called any more once the synthesizer is destroyed.
+    /// Calls `done` with every installed voice, possibly later; with an empty list if there is no service.
+    /// Never calls it after the synthesizer was destroyed.
     virtual void listVoices(std::function<void(std::vector<Voice>)> done) = 0;
 };
 

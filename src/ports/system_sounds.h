@@ -6,13 +6,13 @@
 
 namespace chimewell {
 
-/// One playing, or not yet started, of a sound. Destroying it ends what is still to be heard.
+/// A sound that can be played once. Destroying it stops it.
 class Sound {
 public:
     virtual ~Sound() = default;
     virtual void play() = 0;
     virtual void stop() = 0;
-    /// True from `play` until the last sample was heard, the sound was stopped or could not be played.
+    /// True from `play` until the sound has ended, was stopped or failed.
     virtual bool isPlaying() const = 0;
 };
 
@@ -20,7 +20,7 @@ public:
 class SystemSounds {
 public:
     virtual ~SystemSounds() = default;
-    /// A fresh sound, or null when there is none of that name.
+    /// A new object for each call, or null if no sound has that name.
     virtual std::unique_ptr<Sound> named(std::string_view name) = 0;
 };
 

@@ -6,12 +6,12 @@
 
 namespace chimewell {
 
-/// Where the user's own files belong.
+/// Folders of the user.
 class UserFolders {
 public:
     virtual ~UserFolders() = default;
     virtual std::filesystem::path home() const = 0;
-    /// The folder that holds one folder for each application's data; nothing if the system names none.
+    /// The folder in which each application has a folder for its data; absent if the system names none.
     virtual std::optional<std::filesystem::path> applicationSupport() const = 0;
 };
 

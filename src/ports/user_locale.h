@@ -11,11 +11,11 @@ namespace chimewell {
 class UserLocale {
 public:
     virtual ~UserLocale() = default;
-    /// Short time without date in the user's time zone, for example 14:05.
+    /// The time in the user's time zone, for example "14:05".
     virtual std::string shortTime(Date date) const = 0;
-    /// `date` seen from `now` in full words, for example "2 minutes ago".
+    /// `date` relative to `now`, for example "2 minutes ago".
     virtual std::string relativeTime(Date date, Date now) const = 0;
-    /// The same where there is little room, for example "2 min. ago".
+    /// The same, abbreviated, for example "2 min. ago".
     virtual std::string shortRelativeTime(Date date, Date now) const = 0;
 };
 

@@ -9,22 +9,22 @@
 
 namespace chimewell {
 
-/// The desktop's applications, windows and file manager. Opening is asked for, never awaited.
+/// The desktop's applications, windows and file manager. No call waits until something has opened.
 class Workspace {
 public:
     virtual ~Workspace() = default;
     virtual bool isInstalled(const TerminalApplication& application) const = 0;
-    /// Brings the application's window forward, starting the application if it is not running.
+    /// Activates the application's window. Starts the application if it isn't running.
     virtual void openActivating(const TerminalApplication& application) = 0;
-    /// Brings a window of the running application forward; false when none is running.
+    /// Activates a window of the running application. False if it isn't running.
     virtual bool activateRunning(const TerminalApplication& application) = 0;
-    /// What stands at the path, links followed; a folder that the system opens like a file (a package) is
-    /// `other`. The path may be on a server that does not answer, so `done` runs later, from the event loop,
-    /// and not at all when nothing stands there or a second has passed.
+    /// Finds out what exists at the path, links followed. A folder that the system opens like a file (a
+    /// package) is `other`. Because the path may be on a server that doesn't answer, `done` is called later,
+    /// from the event loop. It isn't called if nothing exists there or after a second without an answer.
     virtual void findKind(const std::filesystem::path& path, std::function<void(FileKind)> done) = 0;
-    /// Shows a window of the folder in the file manager; false when no file manager is known.
+    /// Opens the folder in the file manager. False if there is none.
     virtual bool openFolder(const std::filesystem::path& folder) = 0;
-    /// Shows the file or folder selected within its parent.
+    /// Shows the file or folder selected in the file manager.
     virtual void reveal(const std::filesystem::path& path) = 0;
 };
 

@@ -11,18 +11,20 @@
 
 namespace chimewell {
 
-// How events are shown. Icons go by their names in macOS's set of symbols; ours for other systems have the
-// same.
+// How events are shown. Icons have the names of macOS's symbols; our own drawings for Linux have the same
+// names.
 
-/// The events that the panel switches on and off; all others are in the settings alone.
+/// The events with a switch in the panel. The settings have all of them.
 inline constexpr std::array quickEvents = {CanonicalEvent::finished, CanonicalEvent::waitingInput};
 
-/// Those that the user can set up, in the order of the settings: all but the one that only ends reminders.
+/// The events that the settings list, in their order: all but `userActed`, which only ends reminders.
 inline constexpr std::array configurableEvents = {
     CanonicalEvent::finished,     CanonicalEvent::waitingInput, CanonicalEvent::subagentFinished,
     CanonicalEvent::error,        CanonicalEvent::toolUse,      CanonicalEvent::longRunningStart,
     CanonicalEvent::sessionStart,
 };
+static_assert(configurableEvents.size() == allCanonicalEvents.size() - 1,
+              "an event has no place in the settings");
 
 std::string_view iconName(CanonicalEvent event);
 
@@ -34,7 +36,7 @@ Tone iconTone(CanonicalEvent event);
 /// One line about what the event means.
 Text description(CanonicalEvent event);
 
-/// Whether there is anything to hear in the event's preview.
+/// True if previewing the event would be audible.
 bool canPreview(const EventSetting& setting);
 
 }

@@ -17,7 +17,7 @@ inline constexpr std::array allOnboardingSteps = {
     OnboardingStep::installHooks, OnboardingStep::sounds,
 };
 
-/// What stands at the top of a step.
+/// The top of a step.
 struct StepHeading {
     std::string_view icon;
     Text title;
@@ -25,7 +25,7 @@ struct StepHeading {
 };
 StepHeading heading(OnboardingStep step);
 
-/// Nothing before the first step, nothing after the last.
+/// Absent before the first and after the last step.
 std::optional<OnboardingStep> stepBefore(OnboardingStep step);
 std::optional<OnboardingStep> stepAfter(OnboardingStep step);
 

@@ -16,37 +16,37 @@
 
 namespace chimewell {
 
-/// What the drop-down panel says at its top.
+/// The top of the panel.
 struct PanelHeader {
     Text status;
-    bool isListening; ///< A green dot; an orange one and "Finish setup" otherwise.
+    bool isListening; ///< Green dot; otherwise orange with a "Finish setup" button.
 };
 PanelHeader panelHeader(const AppSettings& settings);
 
 /// What the icon shows. It is armed while an agent is set up and alerts are not muted.
 StatusIconState statusIconState(const AppSettings& settings, const Translator& translator);
 
-/// One alert of the past, as the panel and the settings show it.
+/// One recent alert, as the panel and the settings show it.
 struct RecentRow {
     CanonicalEvent event = CanonicalEvent::finished;
     Phrase title;
-    Phrase message;           ///< What the agent said, else what the event means.
+    Phrase message;           ///< The agent's message, or the event's default text.
     std::string relativeTime; ///< "4 min. ago"
     std::string timeText;     ///< "14:29 (4 minutes ago)"
     std::optional<std::string> term;
     std::optional<std::string> cwd;
     bool operator==(const RecentRow&) const = default;
 
-    /// Whether there is anything to go back to.
+    /// True if a click can open its session.
     bool hasSession() const;
 };
 RecentRow recentRow(const EventHistory::Entry& entry, const UserLocale& locale, Date now);
 
-/// The panel shows so many; the rest is in the settings.
+/// How many alerts the panel shows.
 inline constexpr std::size_t panelRecentRows = 6;
 
 std::vector<RecentRow> panelRows(const EventHistory& history, const UserLocale& locale, Date now);
-/// Says how many alerts the panel leaves out; nothing if none.
+/// How many alerts only the settings show; absent if none.
 std::optional<Phrase> panelMore(const EventHistory& history);
 
 /// The icon beside "Mute all".

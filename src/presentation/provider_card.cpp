@@ -90,7 +90,7 @@ std::optional<ProviderCard::Note> ProviderCard::notice() const
     if (look_.isUsersChain) return Note{"info.circle", Tone::secondary, texts::notifyIsChain};
     if (look_.update == HookUpdate::otherHelper)
         return Note{"exclamationmark.triangle", Tone::orange, texts::otherHelperNotice};
-    // Claude Code's older entries are those without the ones for reminders.
+    // Claude Code's older hooks lack those for reminders.
     if (look_.update == HookUpdate::reminderHooks ||
         (look_.update == HookUpdate::olderVersion && providerId() == claudeProvider))
         return Note{"arrow.triangle.2.circlepath", Tone::orange, texts::updateNotice};
@@ -195,7 +195,7 @@ void ProviderCard::clearOutdatedMessages()
     const bool isOtherState =
         look_.status != lookAfterAction_.status || look_.update != lookAfterAction_.update;
     if (isOtherState) infoMessage_.reset();
-    // An agent that writes other settings does not undo a success, but a failure may be over.
+    // Other changes to the file leave a success true. A failure may be over.
     if (isOtherState || look_.fingerprint != lookAfterAction_.fingerprint) failure_.reset();
     nothingToReveal_ = nothingToReveal_ && !with_.files.kind(file());
 }

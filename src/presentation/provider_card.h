@@ -22,37 +22,36 @@
 
 namespace chimewell {
 
-/// What a pill says, by its colour too.
+/// The status beside an agent's name. `kind` decides its colour.
 struct StatusPill {
     enum class Kind : std::uint8_t { installed, notInstalled, setupNeeded, neutral };
     Kind kind;
     Text text;
 };
 
-/// What can be done to an agent's file, each after a question.
+/// What can be done to an agent's file. Each is confirmed first.
 enum class PendingAction : std::uint8_t { install, update, uninstall, restore };
 
-/// The question before an action.
+/// The question that confirms an action.
 struct Confirmation {
     PendingAction action;
     Phrase title;
     Phrase message;
     Text confirm;
-    /// Whether it takes away something, so that Cancel is the answer of somebody who is in a hurry.
+    /// True if the action removes something. Cancel is then the default button.
     bool isDestructive = false;
-    /// Whether what somebody else wrote goes with it.
+    /// True if the action also discards changes that others made to the file.
     bool losesChanges = false;
-    /// Headline of the entries that would change; nothing where that cannot be told.
+    /// Title of `changes`; absent if they can't be determined.
     std::optional<Text> changesTitle = std::nullopt;
     std::vector<HookChange> changes = {};
 };
 
-/// The entries one below the other, to be read. Where some go and others come, each line begins with "- " or
-/// "+ "; otherwise the lines are exactly those of the file.
+/// The entries as readable lines. If some are added and others removed, each line begins with "+ " or "- ".
 std::string changesText(const std::vector<HookChange>& changes);
 
-/// One agent's card in the settings, and its row in the onboarding: what its file says, what can be done,
-/// and what came of it.
+/// One agent in the settings and in the onboarding: the state of its file, what can be done to it, and the
+/// result of the last action.
 class ProviderCard {
 public:
     struct Collaborators {
@@ -76,10 +75,10 @@ public:
     std::string_view displayName() const { return with_.installer.displayName(); }
     bool isBeta() const { return with_.installer.isBeta(); }
     const std::filesystem::path& file() const { return with_.installer.settingsFileURL(); }
-    /// The same to be read, with "~" for the home folder.
+    /// `file()` for display, with "~" for the home folder.
     std::string shownFile() const;
 
-    /// Asks the file again: agents and users change it without telling us.
+    /// Reads the file again. Agents and users change it at any time.
     void refresh();
     [[nodiscard]] Subscription onChange(std::function<void()> callback);
 
@@ -92,23 +91,23 @@ public:
     bool isPausing() const { return pause_ != nullptr; }
     static constexpr std::chrono::seconds pauseTime{1};
 
-    /// Also offered for a file with an error: trying says what is wrong.
+    /// Also true for a file with an error: installing reports what is wrong.
     bool canInstall() const;
     bool canUninstall() const { return isInstalled() && !look_.isUsersChain; }
     bool canRestore() const { return look_.offersRestore; }
-    /// What is to be known of this agent; nothing for most.
+    /// A hint about this agent; absent for most.
     std::optional<Text> agentNote() const;
-    /// What is to be known of this file.
+    /// A hint about the state of its file.
     std::optional<Note> notice() const;
     const std::optional<Text>& infoMessage() const { return infoMessage_; }
     std::optional<Phrase> errorMessage() const;
 
     Confirmation confirmation(PendingAction action) const;
-    /// Once the question was answered with yes. The record of the outcome is stored. The
-    /// latest action confirmed during a pause is performed after it.
+    /// Performs a confirmed action and stores its result in the settings. During a pause it is kept,
+    /// replacing one kept before, and performed when the pause ends.
     void perform(PendingAction action);
 
-    /// The file to show in the file manager; nothing, with a notice, where there is none yet.
+    /// The file to reveal in the file manager. If it doesn't exist, absent, and `notice()` says so.
     std::optional<std::filesystem::path> fileToReveal();
     /// Clears the messages about the last action.
     void clearMessages();
@@ -122,7 +121,7 @@ private:
 
     Collaborators with_;
     HookLook look_;
-    HookLook lookAfterAction_; ///< What the messages are about.
+    HookLook lookAfterAction_; ///< The state that the messages describe.
     bool nothingToReveal_ = false;
     std::optional<Text> infoMessage_;
     std::optional<Phrase> failure_; ///< Of the last action.

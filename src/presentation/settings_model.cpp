@@ -2,6 +2,7 @@
 #include "presentation/settings_model.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace chimewell {
 
@@ -13,12 +14,13 @@ struct Looks {
     std::string_view icon;
 };
 
-constexpr std::array<Looks, allPanes.size()> looks = {{
+constexpr Looks looks[] = {
     {"events", texts::events, "bell.badge"},
     {"providers", texts::providers, "puzzlepiece.extension"},
     {"recent", texts::recent, "clock.arrow.circlepath"},
     {"general", texts::general, "gearshape"},
-}};
+};
+static_assert(std::size(looks) == allPanes.size(), "a pane has no row");
 
 const Looks& looksOf(Pane pane)
 {

@@ -17,7 +17,7 @@ namespace chimewell {
 
 // What the settings offer and say.
 
-/// The parts of the settings, in the order in which they are offered.
+/// The panes of the settings window, in order.
 enum class Pane : std::uint8_t { events, providers, recent, general };
 
 inline constexpr std::array allPanes = {Pane::events, Pane::providers, Pane::recent, Pane::general};
@@ -26,7 +26,7 @@ std::string_view rawName(Pane pane);
 Text title(Pane pane);
 std::string_view iconName(Pane pane);
 
-/// What we say about the permission to show banners.
+/// How the permission to show banners is described.
 Text permissionText(AuthStatus status);
 
 /// What a picker of voices offers after "System default": the installed voices, and the stored one by its
@@ -48,9 +48,9 @@ inline constexpr std::array reminderPresets = {
 /// Which preset that interval is, if it is one.
 std::optional<std::size_t> reminderPreset(std::int64_t seconds);
 
-/// What the editor of other intervals shows: whole minutes, rounded down. Showing changes nothing.
+/// What the field for a custom interval shows: whole minutes, rounded down.
 std::int64_t shownMinutes(std::int64_t seconds);
-/// What is stored once the editor is used.
+/// What is stored when the field is edited.
 std::int64_t storedSeconds(std::int64_t minutes);
 
 inline constexpr std::int64_t maxReminderMinutes = 60;

@@ -13,30 +13,30 @@
 
 namespace chimewell {
 
-/// The one owner of the live settings. Loaded once; every change is in memory at once and the whole
-/// file is written after it. A file that cannot be read is replaced by the defaults on purpose.
+/// Owns the settings. Loads them once; each change applies in memory and then rewrites the whole file. A file
+/// that can't be understood is replaced by the defaults.
 class SettingsStore {
 public:
-    /// `folder` is the application's own; each save makes it if need be. Never fails: the settings are usable
-    /// afterwards.
+    /// `folder` is the application's own. Saving creates it. The settings are usable afterwards even if
+    /// loading or saving failed.
     SettingsStore(Files& files, std::filesystem::path folder);
 
     const AppSettings& settings() const { return settings_; }
     const std::filesystem::path& folder() const { return folder_; }
     const std::filesystem::path& fileURL() const { return file_; }
-    /// Text of the last failed save; absent after a good one. The change stays in memory.
+    /// Why the last save failed; absent if it succeeded. After a failure the change is in memory only.
     const std::optional<Phrase>& lastError() const { return lastError_; }
 
     /// Applies `change` and saves.
     void update(const std::function<void(AppSettings&)>& change);
-    /// Applies `change` to the event's first entry and saves. Without an entry: nothing, not saved.
+    /// Applies `change` to the event's first entry and saves. Does nothing if there is no entry.
     void updateEvent(CanonicalEvent event, const std::function<void(EventSetting&)>& change);
-    /// Applies `change` to the provider's first entry, a new one if it has none, and saves.
+    /// Applies `change` to the provider's first entry, or to a new one, and saves.
     void updateProvider(std::string_view providerId,
                         const std::function<void(ProviderInstallState&)>& change);
     void save();
 
-    /// Runs after each save, failed ones included.
+    /// `callback` runs after each save, also after a failed one.
     [[nodiscard]] Subscription onChange(std::function<void()> callback);
 
 private:

@@ -13,7 +13,7 @@ namespace chimewell {
 
 namespace {
 
-/// An X display that only shows windows inside a Wayland session is none: its clients cannot raise others.
+/// Absent in a Wayland session, even if it has an X server: X clients can't raise Wayland windows.
 std::optional<std::string> xDisplay()
 {
     if (QGuiApplication::platformName() != QStringLiteral("xcb")) return std::nullopt;
@@ -59,7 +59,7 @@ Application::Application(const QDBusConnection& bus, FreedesktopApplication& hos
     QDBusConnection(bus).connect({}, QStringLiteral("/org/freedesktop/DBus/Local"),
                                  QStringLiteral("org.freedesktop.DBus.Local"), QStringLiteral("Disconnected"),
                                  this, SLOT(endWithSession()));
-    // Starting at log-in is the autostart entry's business, not the session manager's.
+    // The autostart entry starts us at log-in, so the session manager must not do it as well.
     connect(
         qApp, &QGuiApplication::commitDataRequest, this,
         [](QSessionManager& session) { session.setRestartHint(QSessionManager::RestartNever); },
@@ -74,7 +74,7 @@ Application::Application(const QDBusConnection& bus, FreedesktopApplication& hos
 
 void Application::showIcon(bool hasHost)
 {
-    interface_.setIcon(nullptr); // never two at once
+    interface_.setIcon(nullptr); // a host never sees two icons
     if (hasHost)
         interface_.setIcon(std::make_unique<TrayIcon>(services_, [this] { interface_.openSettings(); }));
 }

@@ -31,15 +31,15 @@
 
 namespace chimewell {
 
-/// The application on the Linux desktop: its adapters, the services on them, and what ends it.
+/// The application on a Linux desktop: its adapters, the services on them, the windows, and the ways to exit.
 class Application final : public QObject {
     Q_OBJECT
 public:
-    /// Where our parts are installed.
+    /// Where the installation is.
     struct Installation {
-        std::filesystem::path program; ///< What starts the application.
+        std::filesystem::path program; ///< The executable of the application.
         std::filesystem::path sounds;
-        std::filesystem::path programs; ///< Those that only other programs start.
+        std::filesystem::path programs; ///< The folder of the helper.
     };
 
     /// `host` owns the bus name; it and `translator` outlive the application. The Qt application exists and
@@ -55,7 +55,7 @@ private:
     void act(const std::string& action);
     void quitByUser();
 
-    // The order of the members is the order of the start.
+    // Members are created in this order.
     XdgUserFolders folders_;
     PosixFiles files_;
     PosixClock clock_;

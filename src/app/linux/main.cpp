@@ -26,23 +26,23 @@ int fail(const char* reason)
     return 1;
 }
 
-/// Ends this start of the program; the running instance takes it over.
-int leaveTo(const QDBusConnection& bus, const QStringList& urls)
+/// Hands the URLs to the running instance. Returns the exit status of this process.
+int handOverAndExit(const QDBusConnection& bus, const QStringList& urls)
 {
     return handOver(bus, urls) ? 0 : fail("no session bus, or nobody answers on it");
 }
 
-/// Launchers that know nothing of D-Bus activation run us with the URL as an argument, and some wait for our
-/// end: so this process never becomes the application.
+/// Launchers without D-Bus activation run the program with the URL as an argument, and some wait until it
+/// exits. So this process only forwards the URLs and never becomes the application.
 int forward(int& argc, char** argv)
 {
     const QCoreApplication qt(argc, argv);
-    return leaveTo(QDBusConnection::sessionBus(), QCoreApplication::arguments().mid(1));
+    return handOverAndExit(QDBusConnection::sessionBus(), QCoreApplication::arguments().mid(1));
 }
 
-/// A write that cannot be done then fails instead of ending us. Unlike an ignored signal, a handler is not
-/// inherited by the programs that we start.
-void survive(int signal)
+/// Makes the write that raises the signal fail instead of killing the process. An empty handler rather than
+/// SIG_IGN, because child processes would inherit that.
+void handleAndIgnore(int signal)
 {
     struct sigaction action = {};
     action.sa_handler = [](int) {};
@@ -52,13 +52,13 @@ void survive(int signal)
 
 int run(int& argc, char** argv)
 {
-    survive(SIGPIPE);
-    survive(SIGXFSZ);
+    handleAndIgnore(SIGPIPE);
+    handleAndIgnore(SIGXFSZ);
     if (!canOpenDisplay()) return fail("no display can be opened");
     QApplication qt(argc, argv);
     const QtTranslator translator(Wording::linuxDesktop,
                                   installTranslation(qt, QLocale::system().uiLanguages()));
-    // Not as the display name, which Qt appends to every window's title.
+    // Not the display name: Qt appends that to every window's title.
     QCoreApplication::setApplicationName(QStringLiteral("Chimewell"));
     QGuiApplication::setWindowIcon(
         themedIcon(QStringLiteral("app.chimewell.Chimewell"), "app.chimewell.Chimewell"));
@@ -66,10 +66,10 @@ int run(int& argc, char** argv)
     QGuiApplication::setQuitOnLastWindowClosed(false);
 
     const QDBusConnection bus = QDBusConnection::sessionBus();
-    FreedesktopApplication seat(bus);
-    if (!seat.claim()) return leaveTo(bus, {});
+    FreedesktopApplication host(bus);
+    if (!host.claim()) return handOverAndExit(bus, {});
     const std::filesystem::path here = QCoreApplication::applicationDirPath().toStdString();
-    const Application application(bus, seat, translator,
+    const Application application(bus, host, translator,
                                   {.program = QCoreApplication::applicationFilePath().toStdString(),
                                    .sounds = here / CHIMEWELL_SOUNDS_FOLDER,
                                    .programs = here / CHIMEWELL_PROGRAMS_FOLDER});

@@ -18,12 +18,12 @@ namespace chimewell {
 
 namespace {
 
-/// The system's own drawing of a symbol.
+/// A symbol as macOS draws it.
 QImage systemMask(std::string_view name, int pixels)
 {
     const auto mask = systemSymbol(name, pixels);
     if (!mask) return {};
-    // Qt's rows begin at multiples of four bytes: ours are copied.
+    // Qt aligns rows to four bytes, so a copy with Qt's own rows is made.
     return QImage(mask->alpha.data(), mask->size, mask->size, mask->size, QImage::Format_Alpha8).copy();
 }
 
@@ -63,11 +63,11 @@ Application::Application(const Translator& translator)
 
 bool Application::eventFilter(QObject* watched, QEvent* event)
 {
-    // The system's request can be looked at only while it is handled; Qt leaves its loop later. What is not
-    // the session's end is the user's wish, from wherever it comes.
+    // The Apple event behind the request is available only while it is handled; Qt exits later. Every quit
+    // that doesn't end the session counts as the user's.
     if (watched == qApp && event->type() == QEvent::Quit && AppleEvents::isSessionEnding())
         quitReason_ = QuitReason::sessionEnd;
-    // A URL that Qt's own handler took, should it ever come behind ours.
+    // In case Qt's own handler for URLs replaces ours.
     if (watched == qApp && event->type() == QEvent::FileOpen) {
         const QUrl url = static_cast<QFileOpenEvent*>(event)->url();
         services_.urls.handleURLEvent(url.toString(QUrl::FullyEncoded).toStdString());

@@ -27,7 +27,7 @@ class QEvent;
 
 namespace chimewell {
 
-/// The application on macOS: its adapters, the services on them, its icon in the menu bar, and what ends it.
+/// The application on macOS: its adapters, the services on them, the windows, and the ways to exit.
 class Application final : public QObject {
     Q_OBJECT
 public:
@@ -35,11 +35,11 @@ public:
     explicit Application(const Translator& translator);
 
 protected:
-    /// Looks at what comes to the Qt application.
+    /// Sees quit requests and opened URLs before Qt does.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    // The order of the members is the order of the start.
+    // Members are created in this order.
     FoundationUserFolders folders_;
     PosixFiles files_;
     PosixClock clock_;
@@ -55,7 +55,7 @@ private:
     AppKitActivation activation_;
 
     Services services_;
-    std::optional<RunningLock> running_; ///< For the helper to see.
+    std::optional<RunningLock> running_; ///< Tells the helper that the application runs.
     QuitReason quitReason_ = QuitReason::user;
 
     UserInterface interface_;

@@ -8,11 +8,11 @@
 int main(int argc, char** argv)
 {
     using namespace chimewell;
-    // Otherwise Qt takes the keyboard from whoever types when an agent's event starts us.
+    // Otherwise Qt takes the keyboard focus when an agent's event starts the application.
     qputenv("QT_MAC_DISABLE_FOREGROUND_APPLICATION_TRANSFORM", "1");
     QApplication qt(argc, argv);
     const QtTranslator translator(Wording::macOS, installTranslation(qt, QLocale::system().uiLanguages()));
-    // Not as the display name, which Qt appends to every window's title.
+    // Not the display name: Qt appends that to every window's title.
     QCoreApplication::setApplicationName(QStringLiteral("Chimewell"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
     const Application application(translator);
