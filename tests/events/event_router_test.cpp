@@ -200,7 +200,13 @@ TEST_F(EventRouterTest, RemindsUntilTheUserActs)
     EXPECT_EQ(speech.spoken.size(), 2u);
     EXPECT_TRUE(history.entries()[0].isReminder);
 
-    set([](AppSettings& settings) { settings.setting(CanonicalEvent::waitingInput)->enabled = false; });
+    set([](AppSettings& settings) { settings.globalMuted = true; });
+    time.advance(180s);
+    EXPECT_EQ(alerts(), 2u);
+    set([](AppSettings& settings) {
+        settings.globalMuted = false;
+        settings.setting(CanonicalEvent::waitingInput)->enabled = false;
+    });
     time.advance(180s);
     EXPECT_EQ(alerts(), 2u); // counted, but not shown
 
@@ -208,7 +214,7 @@ TEST_F(EventRouterTest, RemindsUntilTheUserActs)
     EXPECT_EQ(time.runningTimers(), 0u);
 }
 
-TEST_F(EventRouterTest, KeepsRemindersInStepWhileMuted)
+TEST_F(EventRouterTest, UpdatesRemindersWhileMuted)
 {
     router.handle(waiting());
     set([](AppSettings& settings) { settings.globalMuted = true; });

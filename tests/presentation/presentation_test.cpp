@@ -126,7 +126,7 @@ TEST(Phrases, AreFilledOnce)
         "set up on this computer).");
 }
 
-TEST(WalkthroughSteps, LeadFromTheFirstToTheLast)
+TEST(OnboardingSteps, LeadFromTheFirstToTheLast)
 {
     std::vector<OnboardingStep> seen = {OnboardingStep::welcome};
     while (const auto next = stepAfter(seen.back())) {

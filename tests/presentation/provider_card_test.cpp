@@ -96,7 +96,7 @@ TEST_F(ProviderCardTest, TheOriginalsBackupIsNotReplacedWithinItsSecond)
     int changes = 0;
     const Subscription subscription = claude.onChange([&] { ++changes; });
     system.time.advance(ProviderCard::pauseTime);
-    EXPECT_FALSE(claude.isInstalled()); // the latest wish
+    EXPECT_FALSE(claude.isInstalled()); // the latest action
     EXPECT_EQ(changes, 1);
     system.time.advance(ProviderCard::pauseTime);
     perform(claude, PendingAction::restore);
@@ -118,7 +118,7 @@ TEST_F(ProviderCardTest, OffersAnUpdateAndSaysWhenHooksAreGone)
 
     services.installers.all().front()->helperPathOverride = "/new/chimewell-hook";
     claude.refresh();
-    EXPECT_EQ(claude.infoMessage(), std::nullopt); // "Installed …" is not all any more
+    EXPECT_EQ(claude.infoMessage(), std::nullopt); // "Installed …" is outdated
     EXPECT_NE(notice(claude).find("at another place"), std::string::npos);
     perform(claude, PendingAction::update);
     EXPECT_EQ(notice(claude), "");
@@ -160,6 +160,14 @@ TEST_F(ProviderCardTest, ShowsTheInstallersWordsAndKeepsTheStatus)
     file("cursor") = "{}";
     cursor.refresh();
     EXPECT_EQ(cursor.errorMessage(), std::nullopt);
+}
+
+TEST(ChangesText, MarksLinesOnlyIfSomeAreAddedAndOthersRemoved)
+{
+    using Kind = HookChange::Kind;
+    EXPECT_EQ(changesText({{Kind::added, "a: [\n]"}, {Kind::added, "b"}}), "a: [\n]\nb");
+    EXPECT_EQ(changesText({{Kind::removed, "a: [\n]"}, {Kind::added, "b"}}), "- a: [\n- ]\n+ b");
+    EXPECT_EQ(changesText({}), "");
 }
 
 TEST_F(ProviderCardTest, RevealsTheFileOrSaysThatThereIsNone)
