@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""windows_benchmark.py PROGRAM [--quick], inside the virtual desktop: how long the windows of the installed
+"""windows_benchmark.py PROGRAM [--quick], inside a desktop of desktop.py: how long the windows of the installed
 application take to be there, what they leave behind in memory, and whether it rests afterwards."""
 import pathlib
 import re
@@ -10,7 +10,7 @@ import sys
 import time
 
 import application
-from tray import StatusNotifierIcon
+from interface import StatusNotifierIcon
 from waiting import until
 
 PANELS, SETTINGS, REST_SECONDS = 5, 3, 60
@@ -75,8 +75,7 @@ def rested(process, pause=0.5):
 def main():
     application.write_settings()
     subprocess.Popen([sys.argv[1]], stdin=subprocess.DEVNULL)
-    until(lambda: application.has_owner(application.NAME), "the application on the bus")
-    process = application.process_of(application.NAME)
+    process = until(application.process, "the application on the bus")
     icon = StatusNotifierIcon()
     rested(process)
     before = proportional_kilobytes(process)

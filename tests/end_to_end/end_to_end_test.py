@@ -9,20 +9,19 @@ import sys
 import unittest
 
 import application
-import speech
-from banners import NAME as NOTIFICATIONS, BannerWatch
-from bus_watch import BusWatch
-from sounds import Recording
+import bus
+from application import DORMANT_MARKER as MARKER
+from bus import BannerWatch, BusWatch
+from sounds import Recording, spoken
 from waiting import until
 
 BUILD = ""
-MARKER = application.folder() / "dormant"
 
 
 class EndToEnd(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        cls.installed = application.install(BUILD)
+        cls.installed = application.Installation(BUILD)
 
     def setUp(self):
         MARKER.unlink(missing_ok=True)
@@ -31,42 +30,36 @@ class EndToEnd(unittest.TestCase):
         self.addCleanup(self.watch.close)
         self.addCleanup(application.end)
 
-    def start_by_hand(self):
-        application.activate()
-        return application.process_of(application.NAME)
-
     def test_an_event_starts_the_application_and_is_alerted(self):
         application.write_settings([{"event": "finished", "speak": True, "spokenPhrase": "Ready, captain"}])
-        self.assertFalse(application.has_owner(application.NAME))
         with Recording() as recording:
             self.installed.claude("finished", "a", "/srv/paint-shop")
             banner = self.watch.until_shown("Finished — paint-shop")
-            until(lambda: speech.spoken(), "the spoken phrase", 20)
+            until(spoken, "the spoken phrase", 20)
             until(recording.is_silent, "silence")
             heard = recording.heard(self.installed.sounds)
         self.assertEqual(banner.body, "The agent finished responding and is idle.")
         self.assertEqual(banner.actions.get("FOCUS_SESSION"), "Open Session")
         self.assertEqual(heard[0].name, "Blow", heard)
-        self.assertEqual(speech.phrases(), ["Ready, captain"])
+        self.assertEqual(spoken(), ["Ready, captain"])
         self.assertGreater(sum(sound.beyond for sound in heard), 0.3, "nothing but the sound was heard")
 
-    def test_after_quit_only_a_hand_starts_it(self):
-        self.start_by_hand()
+    def test_after_quit_only_a_user_starts_it(self):
+        application.activate()
         application.act("quit")
-        until(lambda: not application.has_owner(application.NAME), "the end")
+        application.until_ended()
         self.assertTrue(MARKER.exists())
         self.installed.claude("finished", "b")
-        until(lambda: not self.installed.helpers(), "the end of the helper and its children")
-        self.assertFalse(application.has_owner(application.NAME))
+        self.installed.until_helpers_ended()
+        self.assertFalse(application.is_running())
         self.assertTrue(MARKER.exists())
-        self.start_by_hand()
-        until(lambda: not MARKER.exists(), "the marker to go")
+        application.activate()
+        until(lambda: not MARKER.exists(), "the marker to be removed")
         self.installed.claude("finished", "b", "/srv/again")
         self.watch.until_shown("Finished — again")
 
     def test_an_event_that_starts_it_leaves_the_marker(self):
-        # The helper asks first; another program that opens a URL does not, and is no hand either.
-        MARKER.parent.mkdir(parents=True, exist_ok=True)
+        # The helper looks at the marker first; another program that opens a URL does not.
         MARKER.write_text("yesterday")
         application.write_settings(reminderIntervalSeconds=1)
         url = "chimewell://event?type=waiting_input&provider=codex&title=By%20address"
@@ -75,56 +68,54 @@ class EndToEnd(unittest.TestCase):
         self.watch.until_shown("Still waiting — By address")
         self.assertTrue(MARKER.exists())
 
-    def test_a_second_instance_leaves_and_the_first_stays(self):
-        first = self.start_by_hand()
+    def test_a_second_instance_exits_and_the_first_stays(self):
+        first = application.activate()
         second = subprocess.run([self.installed.program], timeout=10, check=False)
         self.assertEqual(second.returncode, 0)
-        self.assertEqual(application.process_of(application.NAME), first)
+        self.assertEqual(application.process(), first)
         self.installed.claude("finished", "c", "/srv/first")
         self.watch.until_shown("Finished — first")
 
-    def test_a_start_that_comes_to_nothing_says_so_and_leaves(self):
-        hung = self.start_by_hand()
+    def test_a_start_that_fails_says_so_and_exits(self):
+        hung = application.activate()
         os.kill(hung, signal.SIGSTOP)
         self.addCleanup(os.kill, hung, signal.SIGCONT)
         headless = {name: value for name, value in os.environ.items() if name not in ("DISPLAY", "QT_QPA_PLATFORM")}
         for arguments, environment in ((), os.environ), (("chimewell:x",), os.environ), ((), headless), \
                 ((), {**os.environ, "DISPLAY": ":4711"}):
-            left = subprocess.run([self.installed.program, *arguments], env=environment, capture_output=True,
+            done = subprocess.run([self.installed.program, *arguments], env=environment, capture_output=True,
                                   timeout=10, check=False)
             # Qt sometimes has something of its own to say while it ends.
-            self.assertEqual((left.returncode, left.stderr.count(b"chimewell: ")), (1, 1), left.stderr)
+            self.assertEqual((done.returncode, done.stderr.count(b"chimewell: ")), (1, 1), done.stderr)
 
     def test_a_hung_notification_server_holds_nothing_up(self):
-        self.start_by_hand()
-        old = application.process_of(NOTIFICATIONS)
-        os.kill(old, signal.SIGSTOP)
+        application.activate()
+        hung = bus.process_of(bus.NOTIFICATIONS)
+        os.kill(hung, signal.SIGSTOP)
         try:
             with Recording() as recording:
                 for heard in (["Blow"], ["Blow", "Blow"]):
                     self.installed.claude("finished", f"d{len(heard)}")
-                    until(lambda: [sound.name for sound in recording.heard(self.installed.sounds)] == heard,
-                          f"{heard} while the server hangs", 15)
+                    recording.until_heard(self.installed.sounds, heard)
         finally:
-            os.kill(old, signal.SIGKILL)
-        until(lambda: not application.has_owner(NOTIFICATIONS), "the end of the hung server")
-        config = os.path.join(os.environ["XDG_CONFIG_HOME"], "dunst/dunstrc")
-        new = subprocess.Popen(["dunst", "-conf", config])
+            os.kill(hung, signal.SIGKILL)
+        until(lambda: not bus.has_owner(bus.NOTIFICATIONS), "the end of the hung server")
+        new = subprocess.Popen(["dunst", "-conf", os.path.join(os.environ["XDG_CONFIG_HOME"], "dunst/dunstrc")])
         self.addClassCleanup(lambda: (new.terminate(), new.wait()))
-        until(lambda: application.has_owner(NOTIFICATIONS), "a new server")
+        until(lambda: bus.has_owner(bus.NOTIFICATIONS), "a new server")
         self.installed.claude("finished", "d3", "/srv/new-server")
         until(lambda: self.watch.until_shown("Finished — new-server").is_answered, "its answer")
 
     def test_the_end_of_the_session_leaves_no_marker(self):
         for number in (signal.SIGTERM, signal.SIGHUP, signal.SIGINT):
             with self.subTest(number.name):
-                os.kill(self.start_by_hand(), number)
-                until(lambda: not application.has_owner(application.NAME), "the end")
+                os.kill(application.activate(), number)
+                application.until_ended()
                 self.assertFalse(MARKER.exists())
 
     def test_a_waiting_session_reminds_until_the_user_acts(self):
         application.write_settings(reminderIntervalSeconds=1, reminderMaxCount=1000)
-        self.start_by_hand()
+        application.activate()
         reminder = {name: f"Still waiting — Waiting for input — {name}" for name in ("left", "right")}
         for name in reminder:
             self.installed.claude("waiting_input", name, f"/srv/{name}", "Claude needs your permission")
@@ -138,7 +129,7 @@ class EndToEnd(unittest.TestCase):
 
     def test_a_thousand_events_of_sixteen_senders_all_arrive(self):
         application.write_settings([{"event": "finished", "soundId": "__silent__", "showPopup": False}])
-        self.start_by_hand()
+        application.activate()
         watch = BusWatch("org.freedesktop.Application", "Open")
         self.addCleanup(watch.close)
         with concurrent.futures.ThreadPoolExecutor(16) as senders:

@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
-"""The application's windows as assistive technology sees and uses them (AT-SPI)."""
+"""The application's windows as assistive technology sees and uses them (AT-SPI), and its icon in the tray."""
+import re
 import subprocess
 
 import gi
@@ -8,6 +9,7 @@ gi.require_version("Atspi", "2.0")
 # pylint: disable=wrong-import-position
 from gi.repository import Atspi, GLib  # noqa: E402
 
+import bus  # noqa: E402
 from waiting import until  # noqa: E402
 
 Atspi.set_timeout(5000, 5000)
@@ -17,13 +19,15 @@ State = Atspi.StateType
 RENAMED_ROLES = {"push button": "button"}
 
 
+def output(*command):
+    return subprocess.run(command, capture_output=True, text=True, check=False).stdout
+
+
 class Element:
     """One control, or a whole window."""
 
     def __init__(self, node):
         self.node = node
-
-    # What it is
 
     @property
     def role(self):
@@ -34,10 +38,6 @@ class Element:
     def name(self):
         self.node.clear_cache()
         return self.node.get_name() or ""
-
-    @property
-    def description(self):
-        return self.node.get_description() or ""
 
     def has(self, state):
         self.node.clear_cache()
@@ -56,58 +56,47 @@ class Element:
         return self.has(State.SHOWING)
 
     @property
-    def is_focusable(self):
-        return self.has(State.FOCUSABLE)
-
-    @property
     def area(self):
         """x, y, width and height on the screen."""
         extents = self.node.get_component_iface().get_extents(Atspi.CoordType.SCREEN)
         return extents.x, extents.y, extents.width, extents.height
 
-    @property
-    def value(self):
-        return self.node.get_value_iface().get_current_value()
-
     # What is in it
+
+    def children(self):
+        self.node.clear_cache()
+        # A child that vanishes meanwhile is None.
+        nodes = [self.node.get_child_at_index(i) for i in range(self.node.get_child_count())]
+        return [Element(node) for node in nodes if node]
 
     def walk(self):
         yield self
-        for i in range(self.node.get_child_count()):
-            child = self.node.get_child_at_index(i)
-            if child is not None:
-                yield from Element(child).walk()
-
-    def _all(self, name, roles):
-        self.node.clear_cache()
-        for element in self.walk():
-            said = (element.node.get_name() or "", element.description)
-            if (name is None or name in said) and (not roles or element.role in roles) and element.is_showing:
-                yield element
+        for child in self.children():
+            yield from child.walk()
 
     def look(self, name, *roles):
         """The first that shows, or None; a picker goes by its description."""
         try:
-            return next(self._all(name, roles), None)
+            for element in self.walk():
+                said = (element.node.get_name(), element.node.get_description())
+                if (name is None or name in said) and (not roles or element.role in roles) and element.is_showing:
+                    return element
         except GLib.Error:
-            return None  # something vanished while it was looked at
+            pass  # something vanished while it was looked at
+        return None
 
-    def find(self, name, *roles, seconds=10):
-        return until(lambda: self.look(name, *roles), f"{' or '.join(roles) or 'an element'} {name!r}", seconds)
-
-    def texts(self):
-        """Every text that shows."""
-        self.node.clear_cache()
-        return [element.node.get_name() for element in self.walk() if element.role == "label" and element.is_showing]
+    def find(self, name, *roles):
+        return until(lambda: self.look(name, *roles), f"{' or '.join(roles) or 'an element'} {name!r}")
 
     def shows(self, text):
         try:
-            return any(text in (said or "") for said in self.texts())
+            return any(element.role == "label" and text in element.name and element.is_showing
+                       for element in self.walk())
         except GLib.Error:
             return False
 
-    def until_shows(self, text, seconds=10):
-        until(lambda: self.shows(text), f"the text {text!r}", seconds)
+    def until_shows(self, text):
+        until(lambda: self.shows(text), f"the text {text!r}")
 
     # What can be done with it
 
@@ -120,70 +109,115 @@ class Element:
         # Newer versions of Qt offer check boxes both, and press only after a moment.
         self._act("Toggle", "Press")
 
-    def focus(self):
-        self.node.get_component_iface().grab_focus()
-
-    def click(self, button=1):
+    def click(self):
         x, y, width, height = self.area
-        subprocess.run(["xdotool", "mousemove", str(x + width // 2), str(y + height // 2), "click", str(button)],
-                       check=True)
+        output("xdotool", "mousemove", str(x + width // 2), str(y + height // 2), "click", "1")
 
     def write(self, text):
+        until_at_rest(lambda: self.area, f"the field {self.name!r}")
+        self.node.get_component_iface().grab_focus()
+        until(lambda: self.has(State.FOCUSED), f"the field {self.name!r} focused")
         self.node.get_editable_text_iface().set_text_contents(text)
 
     def step(self, by):
-        self.node.get_value_iface().set_current_value(self.value + by)
+        value = self.node.get_value_iface()
+        value.set_current_value(value.get_current_value() + by)
 
     def choose(self, entry):
         """An entry of a picker."""
         self._act("ShowMenu")
         item = self.find(entry, "list item")
-        seen = []
-        # The list unfolds: only where it stays can it be clicked.
-        until(lambda: seen.append(item.area) or (len(seen) > 3 and len(set(seen[-3:])) == 1 and seen[-1][2] > 0),
-              f"the entry {entry!r} on the screen")
+        # The list unfolds.
+        until_at_rest(lambda: item.area[2] > 0 and item.area, f"the entry {entry!r}")
         item.click()
         until(lambda: self.name == entry, f"{entry!r} chosen")
+
+
+def until_at_rest(place, what):
+    """Only what stays where it is can be clicked."""
+    places = []
+    until(lambda: places.append(place()) or (places[-1] and len(places) > 3 and len(set(places[-4:])) == 1),
+          f"{what} at rest")
+    return places[-1]
 
 
 def application(process):
     """The application of that process; a theme of the desktop may add a second one of another toolkit."""
     def look():
-        desktop = Atspi.get_desktop(0)
-        for i in range(desktop.get_child_count()):
-            found = desktop.get_child_at_index(i)
-            if found and found.get_process_id() == process and found.get_toolkit_name() == "Qt":
-                return Element(found)
-        return None
+        return next((each for each in Element(Atspi.get_desktop(0)).children()
+                     if each.node.get_process_id() == process and each.node.get_toolkit_name() == "Qt"), None)
     return until(look, f"process {process} on the accessibility bus")
 
 
-def _look_for_window(root, name):
-    root.node.clear_cache()
-    for i in range(root.node.get_child_count()):
-        child = root.node.get_child_at_index(i)  # nothing, if the window went meanwhile
-        if child and name == child.get_name() and Element(child).is_showing:
-            return Element(child)
-    return None
+def look_for_window(process, name):
+    return next((each for each in application(process).children() if each.name == name and each.is_showing), None)
 
 
-def window(process, name, seconds=10):
+def window(process, name):
     """The window of that title."""
-    root = application(process)
-    return until(lambda: _look_for_window(root, name), f"the window {name!r}", seconds)
+    return until(lambda: look_for_window(process, name), f"the window {name!r}")
 
 
-def has_window(process, name):
-    return _look_for_window(application(process), name) is not None
+def until_closed(process, name):
+    until(lambda: not look_for_window(process, name), f"the end of the window {name!r}")
 
 
 def until_in_front(name):
     """The window of that title has the keyboard."""
-    def title():
-        asked = ["xdotool", "getactivewindow", "getwindowname"]
-        return subprocess.run(asked, capture_output=True, text=True, check=False).stdout == f"{name}\n"
-    until(title, f"the window {name!r} in front")
+    until(lambda: output("xdotool", "getactivewindow", "getwindowname") == f"{name}\n",
+          f"the window {name!r} in front")
 
 
 def press_keys(*keys):
-    subprocess.run(["xdotool", "key", *keys], check=True)
+    output("xdotool", "key", *keys)
+
+
+class StatusNotifierIcon:
+    """An icon that its host draws and asks for by D-Bus."""
+
+    ITEM = "org.kde.StatusNotifierItem"
+    WATCHER = "org.kde.StatusNotifierWatcher"
+
+    def __init__(self):
+        items = until(lambda: bus.read_property(self.WATCHER, "/StatusNotifierWatcher", self.WATCHER,
+                                                "RegisteredStatusNotifierItems"), "its icon in the tray")
+        self._name, _, path = items[0].partition("/")
+        self._path = "/" + path
+
+    def click(self):
+        bus.call(self._name, self._path, self.ITEM, "Activate", "(ii)", 0, 0)
+
+    def icon_name(self):
+        return bus.read_property(self._name, self._path, self.ITEM, "IconName")
+
+    def menu(self):
+        """Labels and numbers of the menu's entries."""
+        path = bus.read_property(self._name, self._path, self.ITEM, "Menu")
+        layout = bus.call(self._name, path, "com.canonical.dbusmenu", "GetLayout", "(iias)", 0, -1, [])[1]
+        return {entry[1]["label"].replace("_", ""): (path, entry[0])
+                for entry in layout[2] if "label" in entry[1]}
+
+    def choose(self, label):
+        path, number = self.menu()[label]
+        bus.call(self._name, path, "com.canonical.dbusmenu", "Event", "(isvu)", number, "clicked",
+                 GLib.Variant("i", 0), 0)
+
+
+class EmbeddedIcon:
+    """A small window of ours inside the host's."""
+
+    def click(self):
+        # The host takes it in, moves and resizes it.
+        shown = until_at_rest(self._place, "its icon in the tray")[0]
+        output("xdotool", "mousemove", "--window", shown, "5", "5", "click", "1")
+
+    @staticmethod
+    def _place():
+        """The window, and where it shows; None while it does not."""
+        # Small, and inside another window: not one of those that are ordinary windows.
+        for found, width, height in re.findall(r"^\s+(0x[0-9a-f]+) .*\(\"chimewell\".*?\)\s+(\d+)x(\d+)\+",
+                                               output("xwininfo", "-root", "-tree"), re.M):
+            said = output("xwininfo", "-id", found)
+            if 8 < int(width) < 64 and int(height) < 64 and "IsViewable" in said:
+                return found, *re.findall(r"(?:Absolute upper-left [XY]|Width|Height): +(-?\d+)", said)
+        return None

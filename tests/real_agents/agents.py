@@ -7,12 +7,15 @@ import os
 import pathlib
 import shutil
 import subprocess
+import tempfile
+
+from waiting import TookTooLong, until
 
 PACKAGES = {"@anthropic-ai/claude-code": "2.1.197", "@openai/codex": "0.169.0"}
 KEY = "dummy-key-for-loopback"
 
 
-class NotToBeHad(Exception):
+class Unavailable(Exception):
     """npm could not install the agents."""
 
 
@@ -25,7 +28,7 @@ def _version(folder):
 
 class Agents:
     def __init__(self, cache, server):
-        """Installs what the folder `cache` does not hold yet (some 640 MB); raises NotToBeHad."""
+        """Installs what the folder `cache` does not hold yet (some 640 MB); raises Unavailable."""
         self._server = server
         cache = pathlib.Path(cache).absolute()
         modules = cache / "node_modules"
@@ -49,7 +52,7 @@ class Agents:
         done = subprocess.run(["npm", "install", "--prefix", cache, "--no-audit", "--no-fund", *packages],
                               env=environment, capture_output=True, text=True, check=False)
         if done.returncode:
-            raise NotToBeHad(done.stderr.strip()[-500:])
+            raise Unavailable(done.stderr.strip()[-500:])
 
     def _environment(self):
         node = pathlib.Path(shutil.which("node")).parent
@@ -65,6 +68,15 @@ class Agents:
         return {**self._environment(), "ANTHROPIC_BASE_URL": self._server, "ANTHROPIC_API_KEY": KEY,
                 "CLAUDE_CODE_DISABLE_NONESSENTIAL_TRAFFIC": "1", "DISABLE_AUTOUPDATER": "1",
                 "DISABLE_TELEMETRY": "1", "DISABLE_ERROR_REPORTING": "1"}
+
+    def claude_in_terminal(self, folder, **environment):
+        """A session with a user, who has answered the questions that Claude Code asks a new one."""
+        pathlib.Path(os.environ["HOME"], ".claude.json").write_text(json.dumps({
+            "hasCompletedOnboarding": True, "theme": "dark", "customApiKeyResponses": {"approved": [KEY[-20:]]},
+            "projects": {str(folder): {"hasTrustDialogAccepted": True, "hasCompletedProjectOnboarding": True}}}))
+        terminal = Terminal([self.claude_program], folder, {**self.claude_environment(), **environment})
+        terminal.until_shows("? for shortcuts")
+        return terminal
 
     def claude_turn(self, folder, prompt):
         """One turn without a user; what the agent reports, its own account of the hooks included."""
@@ -91,3 +103,35 @@ class Agents:
             said = done.stdout[-600:] + done.stderr[-600:]
             raise AssertionError(f"the agent left with {done.returncode}: {said}")
         return [json.loads(line) for line in done.stdout.splitlines() if line.startswith("{")]
+
+
+class Terminal:
+    """Runs a program as a user would, in a terminal without a window."""
+
+    def __init__(self, command, folder, environment):
+        # The path of a socket must be short.
+        self._folder = tempfile.TemporaryDirectory(prefix="tm", dir="/tmp")
+        values = [f"{name}={value}" for name, value in environment.items()]
+        self._tmux("-f", os.devnull, "new-session", "-d", "-x", "110", "-y", "40", "-c", folder,
+                   "env", "-i", *values, *command)
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self._tmux("kill-server")
+        self._folder.cleanup()
+
+    def _tmux(self, *arguments):
+        return subprocess.run(["tmux", "-S", f"{self._folder.name}/s", *arguments], capture_output=True, text=True,
+                              check=True).stdout
+
+    def until_shows(self, text):
+        try:
+            until(lambda: text in self._tmux("capture-pane", "-p"), f"{text!r} on the screen", 30)
+        except TookTooLong as fault:
+            raise TookTooLong(f"{fault}; there is:\n{self._tmux('capture-pane', '-p')}") from None
+
+    def say(self, text):
+        self._tmux("send-keys", "-l", text)
+        self._tmux("send-keys", "Enter")

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""real_agents_test.py BUILD CACHE, inside the virtual desktop: Claude Code and Codex themselves, with our
+"""real_agents_test.py BUILD CACHE, inside a desktop of desktop.py: Claude Code and Codex themselves, with our
 entries put into their configuration by our installers and a stand-in for their models, alert through the installed
 application, and no longer once the entries are taken out.
 
@@ -7,41 +7,45 @@ Leaves with 77 where npm cannot install the agents."""
 import json
 import os
 import pathlib
+import shutil
 import subprocess
 import sys
 import unittest
 import uuid
 
 import application
-from agents import KEY, Agents, NotToBeHad
-from banners import BannerWatch
-from hooks import Hooks
-from interface import window
-from model_server import DONE, GREETING, model_server
+from agents import Agents, Unavailable
+from bus import BannerWatch
+from interface import until_in_front
+from model_server import GREETING, model_server
 from sounds import Recording
-from terminal import Terminal
-from tray import StatusNotifierIcon
 from waiting import TookTooLong, until
 
 HOME = pathlib.Path(os.environ["HOME"])
+FILES = {"claude": HOME / ".claude/settings.json", "codex": HOME / ".codex/config.toml"}
 AGENTS = INSTALLED = DRIVER = None
 
 
-def hooks_of(provider, content):
-    return Hooks(DRIVER, INSTALLED.helper, provider, content)
+class Hooks:
+    """Of an agent in the home folder, as our installers treat them."""
+
+    def __init__(self, provider, content):
+        """The agent's file holds `content`, nothing of ours, and there is no backup of it."""
+        self._command = [DRIVER, provider, INSTALLED.helper]
+        self.file = FILES[provider]
+        self.content = content
+        shutil.rmtree(self.file.parent, ignore_errors=True)
+        self.file.parent.mkdir()
+        self.file.write_text(content)
+
+    def do(self, action):
+        subprocess.run([*self._command, action], stdout=subprocess.DEVNULL, check=True)
 
 
 def project(name):
     folder = HOME / name
     folder.mkdir()
     return folder
-
-
-def trust(folder):
-    """Answers the questions that Claude Code asks a new user."""
-    (HOME / ".claude.json").write_text(json.dumps({
-        "hasCompletedOnboarding": True, "theme": "dark", "customApiKeyResponses": {"approved": [KEY[-20:]]},
-        "projects": {str(folder): {"hasTrustDialogAccepted": True, "hasCompletedProjectOnboarding": True}}}))
 
 
 class RealAgents(unittest.TestCase):
@@ -55,7 +59,7 @@ class RealAgents(unittest.TestCase):
 
     def assert_silent(self, title, shown):
         """Nothing more came of that title than was shown before."""
-        until(lambda: not INSTALLED.helpers(), "the end of every helper")
+        INSTALLED.until_helpers_ended()
         other = str(uuid.uuid4())
         INSTALLED.claude("finished", other, f"/srv/{other}")  # what is sent later is shown later
         self.watch.until_shown(f"Finished — {other}")
@@ -64,7 +68,7 @@ class RealAgents(unittest.TestCase):
     def test_claude_code_alerts_while_our_hooks_are_installed(self):
         folder = project("claude project")
         own = {"hooks": [{"type": "command", "command": "touch own-hook"}]}
-        hooks = hooks_of("claude", json.dumps({"cleanupPeriodDays": 20, "hooks": {"Stop": [own]}}))
+        hooks = Hooks("claude", json.dumps({"cleanupPeriodDays": 20, "hooks": {"Stop": [own]}}))
         hooks.do("install")
         installed = hooks.file.read_text()
         with Recording() as recording:
@@ -96,7 +100,7 @@ class RealAgents(unittest.TestCase):
 
     def test_codex_alerts_while_our_hook_is_installed(self):
         folder = project("codex project")
-        hooks = hooks_of("codex", '# mine\nmodel_reasoning_effort = "low"\n\n[features]\nfast_mode = false\n')
+        hooks = Hooks("codex", '# mine\nmodel_reasoning_effort = "low"\n\n[features]\nfast_mode = false\n')
         hooks.do("install")
         with Recording() as recording:
             events = AGENTS.codex_turn(folder, "Please run it. [[bash:touch made-by-codex]]")
@@ -114,19 +118,15 @@ class RealAgents(unittest.TestCase):
 
     def test_a_session_of_claude_code_that_runs_meanwhile_takes_the_hooks_up(self):
         folder = project("running project")
-        trust(folder)
-        hooks = hooks_of("claude", "{}\n")
-        with Terminal([AGENTS.claude_program], folder, AGENTS.claude_environment()) as terminal:
-            terminal.until_shows("? for shortcuts")
-            terminal.type("Say hello.")
-            terminal.press("Enter")
+        hooks = Hooks("claude", "{}\n")
+        with AGENTS.claude_in_terminal(folder) as terminal:
+            terminal.say("Say hello.")
             terminal.until_shows(GREETING)
             self.assert_silent("Finished — running project", 0)
             hooks.do("install")
             # Until the agent has seen it, which takes a moment, it calls nobody.
             for _ in range(20):
-                terminal.type("Say hello again.")
-                terminal.press("Enter")
+                terminal.say("Say hello again.")
                 try:
                     self.watch.until_shown("Finished — running project", 2)
                     break
@@ -136,102 +136,44 @@ class RealAgents(unittest.TestCase):
 
     def test_claude_code_waits_for_a_permission_until_it_is_given(self):
         folder = project("asking project")
-        trust(folder)
-        hooks_of("claude", "{}\n").do("install")
+        Hooks("claude", "{}\n").do("install")
+        for title in ("terminal", "other"):
+            shown = subprocess.Popen(["xterm", "-class", "kitty" if title == "terminal" else "Other", "-T", title,
+                                      "-e", "sleep", "600"])
+            self.addCleanup(shown.wait)
+            self.addCleanup(shown.kill)
+            until_in_front(title)
         reminder = "Still waiting — Waiting for input — asking project"
-        with Terminal([AGENTS.claude_program], folder, AGENTS.claude_environment()) as terminal:
-            terminal.until_shows("? for shortcuts")
-            terminal.type("Please run it. [[bash:touch allowed]]")
-            terminal.press("Enter")
+        with AGENTS.claude_in_terminal(folder, TERM_PROGRAM="kitty") as terminal:
+            terminal.say("Please run it. [[bash:touch allowed]]")
             terminal.until_shows("Do you want to proceed?")
             waiting = self.watch.until_shown("Waiting for input — asking project", 20)
             self.assertIn("permission", waiting.body)
             self.watch.until_shown_again(reminder, 2)
+            subprocess.run(["dunstctl", "action", "0"], check=True)
+            until_in_front("terminal")
 
-            terminal.press("Enter")  # the first answer is yes
+            terminal.say("")  # the first answer is yes
             self.watch.until_shown("Finished — asking project")
             self.assertTrue((folder / "allowed").exists())
             # Another session's reminders tell the time in which no more of ours come.
+            clock = "Still waiting — Waiting for input — clock"
             INSTALLED.claude("waiting_input", "clock", "/srv/clock", "Claude needs your permission")
-            self.watch.until_shown_again("Still waiting — Waiting for input — clock", 1)
+            self.watch.until_shown_again(clock, 1)
             count = self.watch.count(reminder)
-            self.watch.until_shown_again("Still waiting — Waiting for input — clock", 3)
+            self.watch.until_shown_again(clock, 3)
             self.assertEqual(self.watch.count(reminder), count)
-
-    def test_from_the_first_start_to_the_file_as_it_was(self):
-        """All of it as a new user meets it, and through the windows alone."""
-        application.write_settings(hasCompletedOnboarding=False, reminderIntervalSeconds=1, reminderMaxCount=1000)
-        folder = project("story")
-        trust(folder)
-        hooks = hooks_of("claude", '{\n  "cleanupPeriodDays": 20\n}\n')
-        INSTALLED.start()
-        until(lambda: application.has_owner(application.NAME), "the application on the bus")
-        process = application.process_of(application.NAME)
-        steps = window(process, "Welcome")
-        for title in ("How it works", "Allow notifications", "Connect your agents"):
-            steps.find("Continue", "button").press()
-            steps.until_shows(title)
-        steps.find("Install Claude Code", "button").press()
-        window(process, "Install Claude Code hooks?").find("Install", "button").press()
-        until(lambda: "chimewell-hook" in hooks.file.read_text(), "the hooks in the file")
-        steps.find("Continue", "button").press()
-        steps.until_shows("Sounds & voice")
-        steps.find("Done", "button").press()
-
-        terminal_window = subprocess.Popen(["xterm", "-class", "kitty", "-e", "sleep", "600"])
-        self.addCleanup(terminal_window.wait)
-        self.addCleanup(terminal_window.kill)
-        until(lambda: active_class() == "kitty", "the terminal's window")
-        application.act("settings")
-        settings = window(process, "Chimewell Settings")
-        until(lambda: active_class() == "chimewell", "another window in front of it")
-        environment = {**AGENTS.claude_environment(), "TERM_PROGRAM": "kitty"}
-        with Terminal([AGENTS.claude_program], folder, environment) as terminal:
-            terminal.until_shows("? for shortcuts")
-            terminal.type("Please run it. [[bash:touch allowed]]")
-            terminal.press("Enter")
-            self.watch.until_shown("Waiting for input — story", 30)
-            self.watch.until_shown("Still waiting — Waiting for input — story", 30)
-            subprocess.run(["dunstctl", "action", "0"], check=True)
-            until(lambda: active_class() == "kitty", "the agent's terminal in front")
-            terminal.press("Enter")
-            self.watch.until_shown("Finished — story", 30)
-
-            StatusNotifierIcon().click()
-            window(process, "Chimewell").find("Mute all", "check box").press()
-            until(lambda: application.stored()["globalMuted"], "silence")
-            before = len(self.watch.titles())
-            terminal.type("Say hello.")
-            terminal.press("Enter")
-            until(lambda: terminal.screen().count(DONE) == 2, "the second answer", 30)
-            until(lambda: not INSTALLED.helpers(), "the end of every helper")
-            self.assertEqual(len(self.watch.titles()), before)
-
-        application.act("settings")
-        settings.find("Providers", "list item").click()
-        settings.find("Uninstall Claude Code", "button").press()
-        window(process, "Uninstall hooks?").find("Uninstall", "button").press()
-        until(lambda: hooks.file.read_text() == hooks.content, "the file as it was")
-
-
-def active_class():
-    """The class of the window in front."""
-    number = subprocess.run(["xdotool", "getactivewindow"], capture_output=True, text=True, check=False).stdout.strip()
-    if not number:
-        return ""
-    found = subprocess.run(["xprop", "-id", number, "WM_CLASS"], capture_output=True, text=True, check=False).stdout
-    return found.strip().rpartition('"')[0].rpartition('"')[2].lower()
 
 
 def main():
     global AGENTS, INSTALLED, DRIVER
     build, cache = sys.argv[1:3]
-    INSTALLED = application.install(build)
+    INSTALLED = application.Installation(build)
     DRIVER = pathlib.Path(build, "tests/hooks/hook_driver")
     with model_server() as server:
         try:
             AGENTS = Agents(cache, server)
-        except NotToBeHad as fault:
+        except Unavailable as fault:
             print(f"SKIP: npm cannot install the agents: {fault}")
             return 77
         program = unittest.main(argv=sys.argv[:1] + sys.argv[3:], verbosity=2, exit=False)
