@@ -18,9 +18,9 @@ run_packages=(
     desktop-file-utils libglib2.0-bin hicolor-icon-theme
 )
 
-# The virtual desktop, and what watches it.
+# The desktop of the tests (tests/harness), and what watches it.
 desktop_packages=(
-    xvfb x11-utils x11-xserver-utils openbox dbus-daemon dbus-bin
+    xvfb x11-utils openbox dbus-daemon dbus-bin
     xfce4-panel xfce4-notifyd dunst
     pulseaudio pulseaudio-utils at-spi2-core
     python3-gi gir1.2-atspi-2.0 xdotool imagemagick xterm
@@ -29,12 +29,11 @@ desktop_packages=(
 
 # To test it: the checks, the second compiler, the programs that tests use.
 test_packages=(
-    libgtest-dev libgmock-dev clang-19 clang-tidy-19 clang-format-19 ccache
+    libgtest-dev clang-19 clang-tidy-19 clang-format-19 ccache
     libclang-rt-19-dev libdbus-1-dev
     appstream man-db shellcheck unicode-data
     trayer thunar dex dconf-service gsettings-desktop-schemas xfconf
-    git strace e2fsprogs mount
-    golang-github-burntsushi-toml-dev
+    git strace golang-github-burntsushi-toml-dev
 )
 
 # To compile and link for macOS.
