@@ -19,11 +19,7 @@ std::string quoted(const std::string& helper)
 
 std::string helperCommand(const std::string& helper, std::string_view provider, std::string_view event)
 {
-    std::string command = quoted(helper) + ' ';
-    command += provider;
-    command += ' ';
-    command += event;
-    return command;
+    return quoted(helper) + ' ' + std::string(provider) + ' ' + std::string(event);
 }
 
 bool runsHelper(std::string_view command, const std::string& helper)

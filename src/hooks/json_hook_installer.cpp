@@ -168,8 +168,7 @@ std::vector<std::string> JSONHookInstaller::ourCommands(const JSONValue& entry) 
     std::vector<std::string> commands;
     for (const JSONValue& hook : format_.hasGroups ? elementsOf(entry, "hooks") : std::vector{entry})
         for (const JSONMember& member : hook.members())
-            if (member.key == "command" && member.value.is(Kind::string) &&
-                namesOurHelper(member.value.text()))
+            if (member.key == "command" && namesOurHelper(member.value.text()))
                 commands.emplace_back(member.value.text());
     return commands;
 }

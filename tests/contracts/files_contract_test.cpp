@@ -60,7 +60,8 @@ protected:
     AgentFiles& files = *disk_.files;
 };
 
-INSTANTIATE_TEST_SUITE_P(Disks, FilesContract, ::testing::Values(realDisk, fakeDisk));
+INSTANTIATE_TEST_SUITE_P(Disks, FilesContract, ::testing::Values(realDisk, fakeDisk),
+                         [](const auto& disk) { return disk.index == 0 ? "real" : "fake"; });
 
 using Names = std::vector<std::string>;
 

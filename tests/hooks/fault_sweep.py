@@ -22,7 +22,7 @@ import time
 HELPER = "/opt/chimewell/chimewell-hook"
 OLD_BACKUP = ".chimewell-backup-2024-02-03T04-05-06Z"
 BACKUP = re.compile(r"\.chimewell-backup-[0-9T-]+Z$")
-OUR_FILES = ".chimewell-"
+OUR_FILES, SPARED = ".chimewell-", ".chimewell-kept-"
 MESSAGE = re.compile(r"error: Could not (read|write|create backup|restore from backup)\b.*: \S")
 
 # Calls of the allocator: a process that gets no memory may abort.
@@ -68,6 +68,11 @@ def by_renaming(file, text):
     beside = file.with_name("agent.tmp")
     beside.write_text(text)
     beside.rename(file)
+    yield
+
+
+def by_removing(file, _):
+    file.unlink()
     yield
 
 
@@ -189,6 +194,8 @@ class Sweep:
         # Flushes come in pairs: a file's, without which it must not be used, and its folder's, when all is done.
         if point.call == "fsync" and point.number % 2 and point.fault == "EIO" and not done.returncode:
             yield "the content never reached the disk, and nothing was reported"
+        if point.fault == "EINVAL" and done.returncode:
+            yield "it fails where files cannot be swapped"
         for path, entry in found.items():
             before, name = self._before.get(path), pathlib.Path(path).name
             if path == self._target or entry == before:
@@ -200,6 +207,8 @@ class Sweep:
                 # A file that cannot be removed stays.
                 if not died and point.call != "unlinkat" and name not in done.stdout:
                     yield f"it left {path}"
+                if state == "new" and died and not name.startswith(SPARED):
+                    yield f"{path} may be the agent's, and the next install removes it"
                 if entry.mode & 0o077 & ~(original.mode if original else 0):
                     yield f"{path} is readable by others: {entry.mode:o}"
             elif before is not None or not stat.S_ISDIR(entry.mode):
@@ -217,6 +226,7 @@ class Sweep:
         for stops in [[call] for call in self._calls] + [[self._calls[swap - 1], self._calls[swap]]]:
             for way in self.ways:
                 yield stops, way, ()
+        yield [self._calls[swap - 1]], by_removing, ()
         # On a file system that cannot swap, what is written after the last look is lost.
         last_look = max(place for place in range(swap) if self._calls[place][0] == "openat")
         for call in self._calls[:last_look]:
@@ -247,11 +257,14 @@ class Sweep:
                 process.send_signal(signal.SIGCONT)
             next(steps, None)
         process.stderr.read()
-        status, found = process.wait(60), file.read_text()
+        status, found = process.wait(60), file.read_text() if file.exists() else ""
         shutil.rmtree(home)
         # Written after our last look, the agent's text stays as it is; before, it is what the change is made on. An
         # agent that had to wait may come first or last.
-        kept = found == text if committed else self._is_changed(found, text) or (waits and found == text)
+        if way is by_removing:  # it is as if there had been none
+            kept = found == "" if self._action == "uninstall" else HELPER in found and "by agent" not in found
+        else:
+            kept = found == text if committed else self._is_changed(found, text) or (waits and found == text)
         # An agent that takes very long is not waited for.
         if status == 0 and kept or status == 1 and found == text and way not in (by_renaming, at_once):
             return []

@@ -51,6 +51,28 @@ protected:
         return installer.look({.providerId = "", .hookVersion = recorded});
     }
 
+    /// Installing twice and uninstalling; without an expectation the latter gives back what was there before.
+    void check(HookInstaller& installer, const std::string& before, const std::string& installed,
+               const std::optional<std::string>& uninstalled = std::nullopt)
+    {
+        SCOPED_TRACE(before);
+        const auto expected = [&](const std::string& text) {
+            return &installer == &codex ? text : laidOut(text);
+        };
+        file(installer) = before;
+        for (int i = 0; i < 2; ++i) {
+            EXPECT_EQ(outcome(installer.install()), "done");
+            EXPECT_EQ(file(installer), expected(installed));
+            EXPECT_EQ(installer.status().kind, Status::installed);
+        }
+        EXPECT_EQ(outcome(installer.uninstall()), "done");
+        EXPECT_EQ(file(installer), expected(uninstalled.value_or(before)));
+        EXPECT_EQ(installer.status().kind, Status::notInstalled);
+        const int writes = files.writes;
+        EXPECT_EQ(outcome(installer.uninstall()), "done");
+        EXPECT_EQ(files.writes, writes);
+    }
+
     MemoryFiles files;
     FakeTime time;
     FixedHome home;
@@ -73,99 +95,64 @@ TEST_F(HookInstallerTest, MakesTheFileAndItsFolder)
     EXPECT_EQ(claude.status().kind, Status::installed);
     EXPECT_FALSE(look(claude).offersRestore);
     EXPECT_EQ(cursor.install()->hookVersion, 1);
-    EXPECT_EQ(file(cursor),
-              "{\n  \"version\": 1,\n  \"hooks\": {\n    \"stop\": [\n      {\n"
-              "        \"command\": \"\\\"/opt/chimewell-hook\\\" cursor finished\"\n      }\n"
-              "    ],\n    \"subagentStop\": [\n      {\n        \"command\": "
-              "\"\\\"/opt/chimewell-hook\\\" cursor subagent_finished\"\n      }\n    ]\n  }\n}\n");
     EXPECT_EQ(codex.install()->hookVersion, 1);
     EXPECT_EQ(file(codex), notifyLine);
 }
 
-TEST_F(HookInstallerTest, AddsAndRemovesItsOwnEntriesAlone)
+TEST_F(HookInstallerTest, AddsAndRemovesItsEntriesInJson)
 {
-    const struct {
-        HookInstaller& installer;
-        std::string before, installed, uninstalled;
-    } cases[] = {
-        {claude, R"({"n": 1.50, "n": 1e5})",
-         R"({"n": 1.50, "n": 1e5, "hooks": {"Stop": [$finished], $rest}})", R"({"n": 1.50, "n": 1e5})"},
-        // The user's entries stay in their places, ours come last, and what only we filled goes.
-        {claude, R"({"hooks": {"Stop": [{"hooks": [{"command": "other"}]}], "PreToolUse": []}, "z": true})",
-         R"({"hooks": {"Stop": [{"hooks": [{"command": "other"}]}, $finished], "PreToolUse": [], $rest}, "z": true})",
-         R"({"hooks": {"Stop": [{"hooks": [{"command": "other"}]}], "PreToolUse": []}, "z": true})"},
-        {claude, R"({"hooks": {}})", R"({"hooks": {"Stop": [$finished], $rest}})", "{}"},
-        {claude, R"({"hooks": {"Stop": []}})", R"({"hooks": {"Stop": [$finished], $rest}})", "{}"},
-        // Older ones of ours are replaced, also in a group with another command, but not at events of others.
-        {claude,
-         R"({"hooks": {"Old": [{"hooks": [{"command": "chimewell-hook"}]}, 7],
-                       "Stop": [{"hooks": [{"command": "/old/chimewell-hook claude x"}, {"command": "y"}]}, 8]}})",
-         R"({"hooks": {"Old": [{"hooks": [{"command": "chimewell-hook"}]}, 7], "Stop": [8, $finished], $rest}})",
-         R"({"hooks": {"Old": [7], "Stop": [8]}})"},
-        // Of repeated keys agents read the last; what is ours leaves all of them.
-        {claude,
-         R"({"hooks": {"Stop": 5}, "hooks": {"Stop": [1, {"hooks": 1, "hooks": [{"command": "chimewell-hook"}]}],
-                                             "Stop": [2]}, "a": 1})",
-         R"({"hooks": {"Stop": 5}, "hooks": {"Stop": [1, {"hooks": 1, "hooks": [{"command": "chimewell-hook"}]}],
-                                             "Stop": [2, $finished], $rest}, "a": 1})",
-         R"({"hooks": {"Stop": 5}, "hooks": {"Stop": [1], "Stop": [2]}, "a": 1})"},
-        // What only looks like ours stays.
-        {claude,
-         R"({"hooks": {"Stop": ["chimewell-hook", {"command": "chimewell-hook"}, {"hooks": "chimewell-hook"},
-                                {"hooks": [{"command": ["chimewell-hook"]}, {"x": "chimewell-hook"}]}]}})",
-         R"({"hooks": {"Stop": ["chimewell-hook", {"command": "chimewell-hook"}, {"hooks": "chimewell-hook"},
-                                {"hooks": [{"command": ["chimewell-hook"]}, {"x": "chimewell-hook"}]}, $finished],
-                       $rest}})",
-         R"({"hooks": {"Stop": ["chimewell-hook", {"command": "chimewell-hook"}, {"hooks": "chimewell-hook"},
-                                {"hooks": [{"command": ["chimewell-hook"]}, {"x": "chimewell-hook"}]}]}})"},
-        {cursor, "{}",
-         R"({"version": 1, "hooks": {"stop": [#finished], "subagentStop": [#subagent_finished]}})",
-         R"({"version": 1, "hooks": {}})"},
-        {cursor,
-         R"({"hooks": {"stop": [{"command": "x"}, {"command": "chimewell-hook", "n": 1}]}, "version": 2})",
-         R"({"hooks": {"stop": [{"command": "x"}, #finished], "subagentStop": [#subagent_finished]}, "version": 2})",
-         R"({"hooks": {"stop": [{"command": "x"}]}, "version": 2})"},
+    check(claude, R"({"n": 1.50, "n": 1e5})",
+          R"({"n": 1.50, "n": 1e5, "hooks": {"Stop": [$finished], $rest}})");
+    // The user's entries stay in their places and ours come last. What only we filled goes.
+    check(claude, R"({"hooks": {"Stop": [1, 2], "Mine": []}, "z": true})",
+          R"({"hooks": {"Stop": [1, 2, $finished], "Mine": [], $rest}, "z": true})");
+    check(claude, R"({"hooks": {"Stop": []}})", R"({"hooks": {"Stop": [$finished], $rest}})", "{}");
+    // Older ones of ours are replaced, also in a group with another command, but not at events that are not
+    // ours.
+    const std::string old = R"({"hooks": [{"command": "/old/chimewell-hook claude x"}, {"command": "y"}]})";
+    check(claude, R"({"hooks": {"Old": [)" + old + R"(, 7], "Stop": [)" + old + ", 8]}}",
+          R"({"hooks": {"Old": [)" + old + R"(, 7], "Stop": [8, $finished], $rest}})",
+          R"({"hooks": {"Old": [7], "Stop": [8]}})");
+    // Of repeated keys agents read the last; what is ours leaves all of them.
+    check(claude, R"({"hooks": 5, "hooks": {"Stop": [1, )" + old + R"(], "Stop": [{"hooks": 1}]}, "a": 1})",
+          R"({"hooks": 5, "hooks": {"Stop": [1, )" + old +
+              R"(], "Stop": [{"hooks": 1}, $finished], $rest}, "a": 1})",
+          R"({"hooks": 5, "hooks": {"Stop": [1], "Stop": [{"hooks": 1}]}, "a": 1})");
+    const std::string lookalikes =
+        R"("chimewell-hook", {"command": "chimewell-hook"}, {"hooks": "chimewell-hook"},
+           {"hooks": [{"command": ["chimewell-hook"]}, {"x": "chimewell-hook"}]})";
+    check(claude, R"({"hooks": {"Stop": [)" + lookalikes + "]}}",
+          R"({"hooks": {"Stop": [)" + lookalikes + ", $finished], $rest}}");
 
-        {codex, "", notifyLine, ""},
-        {codex, "# a\nb = 1", notifyLine + "# a\nb = 1\n", "# a\nb = 1\n"},
-        {codex, "a = 1\r\nb = 2\r\n", notifyLine + "a = 1\r\nb = 2\r\n", "a = 1\r\nb = 2\r\n"},
-        {codex, std::string(byteOrderMark) + "a = 1\n", byteOrderMark + notifyLine + "a = 1\n",
-         std::string(byteOrderMark) + "a = 1\n"},
-        {codex, "[x]\nnotify = [\"other\"]\n", notifyLine + "[x]\nnotify = [\"other\"]\n",
-         "[x]\nnotify = [\"other\"]\n"},
-        {codex, "notify_x = 1\n# notify = 2\n", notifyLine + "notify_x = 1\n# notify = 2\n",
-         "notify_x = 1\n# notify = 2\n"},
-        {codex, "a = 1\n \tnotify\t=[\"/old/chimewell-hook\"]\nb = 2\n", "a = 1\n" + notifyLine + "b = 2\n",
-         "a = 1\nb = 2\n"},
-        {codex, "notify=[\n  \"/old/chimewell-hook\", # ]\n  \"codex-notify\",\n]\nb = 2",
-         notifyLine + "b = 2\n", "b = 2\n"},
-        {codex, "\"notify\" = [\"chimewell-hook\"]\n", notifyLine, ""},
-        {codex, "\"n\\u006Ftif\\U00000079\" = [ # \"\n'/old/chimewell-hook', 'other']\n", notifyLine, ""},
-        {codex, "notify = [\"\"\"\n/old/\\u0063hime\\\n  well-hook\"\"\"]\n", notifyLine, ""},
-        {codex, "a = \"\\\"\"\nb = '\\'\nc = \"\"\"\nnotify = 1\n[x]\n\\\"\"\" \"\"\"\"\nd = {e = '}'}\n",
-         notifyLine +
-             "a = \"\\\"\"\nb = '\\'\nc = \"\"\"\nnotify = 1\n[x]\n\\\"\"\" \"\"\"\"\nd = {e = '}'}\n",
-         "a = \"\\\"\"\nb = '\\'\nc = \"\"\"\nnotify = 1\n[x]\n\\\"\"\" \"\"\"\"\nd = {e = '}'}\n"},
-        {codex, "a = [\n[1],\nnotify = 2\n]\nnotify = \"chimewell-hook\"\n",
-         "a = [\n[1],\nnotify = 2\n]\n" + notifyLine, "a = [\n[1],\nnotify = 2\n]\n"},
-    };
-    for (const auto& [installer, before, installed, uninstalled] : cases) {
-        SCOPED_TRACE(before);
-        const bool isJson = &installer != &codex;
-        file(installer) = before;
-        EXPECT_EQ(outcome(installer.install()), "done");
-        EXPECT_EQ(file(installer), isJson ? laidOut(installed) : installed);
-        EXPECT_EQ(installer.status().kind, Status::installed);
-        const std::string once = file(installer);
-        EXPECT_EQ(outcome(installer.install()), "done");
-        EXPECT_EQ(file(installer), once);
-        EXPECT_EQ(outcome(installer.uninstall()), "done");
-        EXPECT_EQ(file(installer), isJson ? laidOut(uninstalled) : uninstalled);
-        EXPECT_EQ(installer.status().kind, Status::notInstalled);
-        const int writes = files.writes;
-        EXPECT_EQ(outcome(installer.uninstall()), "done");
-        EXPECT_EQ(files.writes, writes);
-    }
+    check(
+        cursor,
+        R"({"hooks": {"stop": [{"command": "x"}, {"command": "chimewell-hook", "n": 1}]}, "version": 2})",
+        R"({"hooks": {"stop": [{"command": "x"}, #finished], "subagentStop": [#subagent_finished]}, "version": 2})",
+        R"({"hooks": {"stop": [{"command": "x"}]}, "version": 2})");
+    check(cursor, "{}",
+          R"({"version": 1, "hooks": {"stop": [#finished], "subagentStop": [#subagent_finished]}})",
+          R"({"version": 1, "hooks": {}})");
+}
+
+TEST_F(HookInstallerTest, AddsAndRemovesItsLineInToml)
+{
+    for (const std::string text :
+         {"", "# a\nb = 1\n", "a = 1\r\nb = 2\r\n", "[x]\nnotify.y = 1\n[y]\nnotify = [\"other\"]\n",
+          "notify_x = 1\n# notify = 2\n",
+          "a = \"\\\"\"\nb = '\\'\nc = \"\"\"\nnotify = 1\n[x]\n\\\"\"\" \"\"\"\"\nd = {e = '}'}\n"})
+        check(codex, text, notifyLine + text);
+    check(codex, "a = 1", notifyLine + "a = 1\n", "a = 1\n");
+    const std::string mark = byteOrderMark;
+    check(codex, mark + "a = 1\n", mark + notifyLine + "a = 1\n");
+    check(codex, "a = 1\n \tnotify\t=[\"/old/chimewell-hook\"]\nb = 2\n", "a = 1\n" + notifyLine + "b = 2\n",
+          "a = 1\nb = 2\n");
+    check(codex, "a = [\n[1],\nnotify = 2\n]\nnotify = \"chimewell-hook\"\n",
+          "a = [\n[1],\nnotify = 2\n]\n" + notifyLine, "a = [\n[1],\nnotify = 2\n]\n");
+    for (const char* ours : {"notify=[\n  \"/old/chimewell-hook\", # ]\n  \"codex-notify\",\n]",
+                             "\"notify\" = [\"chimewell-hook\"]\r\n",
+                             "\"n\\u006Ftif\\U00000079\" = [ # \"\n'/old/chimewell-hook', 'other']\n",
+                             "notify = [\"\"\"\n/old/\\u0063hime\\\n  well-hook\"\"\"]\n"})
+        check(codex, ours, notifyLine, "");
 }
 
 TEST_F(HookInstallerTest, RefusesWhatItCannotChangeSafely)
@@ -173,55 +160,44 @@ TEST_F(HookInstallerTest, RefusesWhatItCannotChangeSafely)
     const std::string unparseable =
         "The existing settings file at /home/me/.claude/settings.json is not valid JSON. "
         "Refusing to modify it to avoid data loss. Please fix or remove it, then try again.";
-    const std::string taken = "Codex supports only a single `notify` program";
     const std::string chain = "Codex calls Chimewell through a `notify` chain of your own";
-    const std::string helperMissing = "The bundled chimewell-hook helper could not be found";
     const std::string lineBreak = "The chimewell-hook helper lies in a folder with a line break";
-    const std::string nested = R"({"a": )" + std::string(100'000, '[') + std::string(100'000, ']') + "}";
-    const struct {
-        HookInstaller& installer;
-        std::string before, install, uninstall = "done";
-        std::optional<std::string> helper = "/opt/chimewell-hook";
-    } cases[] = {
-        {claude, "", unparseable, unparseable},
-        {claude, "{", unparseable, unparseable},
-        {claude, "[]", unparseable, unparseable},
-        {claude, "{} x", unparseable, unparseable},
-        {claude, "{\"\xFF\": 1}", unparseable, unparseable},
-        {claude, std::string(byteOrderMark) + "{}", unparseable, unparseable},
-        {claude, R"({"hooks": null})", unparseable},
-        {claude, R"({"hooks": {"Stop": {}}})", unparseable},
-        {claude, nested, "Could not serialize settings."}, // huge in our layout
-        {claude, "{}", "Could not serialize settings.", "done", "/opt/\xE9/chimewell-hook"},
-        {claude, "{}", helperMissing, "done", std::nullopt},
-        {claude, "{}", lineBreak, "done", "/a\nb/chimewell-hook"},
-        {codex, "", lineBreak, "done", "/a\rb/chimewell-hook"},
-        {codex, "", "Could not encode config.toml.", "done", "/opt/\xE9/chimewell-hook"},
-        {codex, "a = \"\xFF\"\n", "Could not read /home/me/.codex/config.toml: The file is not valid UTF-8.",
-         "Could not read /home/me/.codex/config.toml: The file is not valid UTF-8."},
-        {codex, "notify = [\"other\"] # chimewell-hook\n", taken},
-        {codex, "text = '''\n''' \n'notify'=1\n", taken},
-        {codex, "notify.program = \"other\"\n", taken},
-        {codex, "a = 1\n[notify]\nx = 1\n", taken},
-        {codex, "[a]\n[[notify]]\n", taken},
-        {codex, "[ \"notify\" . x ]\n", taken},
-        {codex, "notify = [\"/home/u/chain.sh\", \"/opt/chimewell-hook\"]\n", chain, chain},
-        {codex, "notify = [ # mine\n  '/home/u/chimewell-hook/chain.sh',\n]\n", chain, chain},
-    };
-    for (const auto& [installer, before, install, uninstall, helper] : cases) {
+    const auto refuses = [&](HookInstaller& installer, const std::string& before, const std::string& install,
+                             const std::string& uninstall = "done",
+                             const std::optional<std::string>& helper = "/opt/chimewell-hook") {
         SCOPED_TRACE(before.substr(0, 100));
-        files.contents.clear();
-        file(installer) = before;
+        files.contents = {{installer.settingsFileURL(), before}};
         resources.helper = helper;
-        EXPECT_EQ(outcome(installer.install()).substr(0, install.size()), install);
-        EXPECT_EQ(outcome(installer.uninstall()).substr(0, uninstall.size()), uninstall);
+        EXPECT_TRUE(outcome(installer.install()).starts_with(install));
+        EXPECT_TRUE(outcome(installer.uninstall()).starts_with(uninstall));
         EXPECT_EQ(file(installer), before);
         EXPECT_EQ(files.contents.size(), 1U); // no backup
         EXPECT_EQ(look(installer).isUsersChain, install == chain);
         EXPECT_EQ(look(installer).status.kind, install == chain      ? Status::installed
                                                : uninstall == "done" ? Status::notInstalled
                                                                      : Status::error);
-    }
+    };
+    for (const char* text : {"", "{", "[]", "{} x", "{\"\xFF\": 1}", "\xEF\xBB\xBF{}"})
+        refuses(claude, text, unparseable, unparseable);
+    refuses(claude, R"({"hooks": null})", unparseable);
+    refuses(claude, R"({"hooks": {"Stop": {}}})", unparseable);
+    refuses(claude, R"({"a": )" + std::string(100'000, '[') + std::string(100'000, ']') + "}",
+            "Could not serialize settings."); // huge in our layout
+    refuses(claude, "{}", "Could not serialize settings.", "done", "/opt/\xE9/chimewell-hook");
+    refuses(claude, "{}", "The bundled chimewell-hook helper could not be found", "done", std::nullopt);
+    refuses(claude, "{}", lineBreak, "done", "/a\nb/chimewell-hook");
+    refuses(codex, "", lineBreak, "done", "/a\rb/chimewell-hook");
+    refuses(codex, "", "Could not encode config.toml.", "done", "/opt/\xE9/chimewell-hook");
+    const std::string notUtf8 = "Could not read /home/me/.codex/config.toml: The file is not valid UTF-8.";
+    refuses(codex, "a = \"\xFF\"\n", notUtf8, notUtf8);
+    for (const char* text :
+         {"notify = [\"other\"] # chimewell-hook\n", "text = '''\n''' \n'notify'=1\n",
+          "a = [\"\"\"x\"\"\"\"]\nb = {c = 1}\nnotify = {}\n", "notify.program = \"other\"\n",
+          "a = 1\n[notify]\nx = 1\n", "[a]\n[[notify]]\n", "[ \"notify\" . x ]\n"})
+        refuses(codex, text, "Codex supports only a single `notify` program");
+    for (const char* text : {"notify = [\"/home/u/chain.sh\", \"/opt/chimewell-hook\"]\n",
+                             "notify = [ # mine\n  '/home/u/chimewell-hook/chain.sh',\n]\n"})
+        refuses(codex, text, chain, chain);
 }
 
 TEST_F(HookInstallerTest, RestoresTheOldestBackup)
@@ -298,39 +274,32 @@ TEST_F(HookInstallerTest, TellsWhatWouldChange)
 
 TEST_F(HookInstallerTest, OffersAnUpdateOnlyWhereItHelps)
 {
-    const auto none = std::optional<HookUpdate>();
-    const struct {
-        HookInstaller& installer;
-        std::string content, replaced, by;
-        int recorded;
-        std::optional<HookUpdate> update;
-    } cases[] = {
-        {claude, claudeFile, "", "", 3, none},
-        {claude, claudeFile, "", "", 2, HookUpdate::olderVersion},
-        {claude, claudeFile, "Stop", "Mine", 3, none}, // removed on purpose
-        {claude, claudeFile, "UserPromptSubmit", "Mine", 3, HookUpdate::reminderHooks},
-        {claude, claudeFile, "PostToolUse", "Mine", 2, HookUpdate::reminderHooks},
-        {claude, claudeFile, "/opt/(.*finished)", "/old/$1", 2, HookUpdate::otherHelper},
-        // The same helper in the user's own words, and entries that an install leaves or that no agent reads.
-        {claude, claudeFile, R"(\\"(/opt/[^\\]*)\\"(.*finished))", "$1$2 &", 3, none},
-        {claude, claudeFile, R"("hooks": \{)",
-         R"("hooks": {"Mine": [{"hooks": [{"command": "/old/chimewell-hook"}]}],)", 3, none},
-        {claude, claudeFile, R"("Stop")",
-         R"("Stop": [{"hooks": [{"command": "/old/chimewell-hook"}]}], "Stop")", 3, none},
-        {cursor, R"({"hooks": {"stop": [{"command": "/opt/chimewell-hook cursor finished"}]}})", "", "", 1,
-         none},
-        {codex, notifyLine, "", "", 1, none},
-        {codex, notifyLine, "/opt", "/old", 1, HookUpdate::otherHelper},
-    };
-    for (const auto& [installer, content, replaced, by, recorded, update] : cases) {
+    const auto expect = [&](std::optional<HookUpdate> update, HookInstaller& installer, int recorded,
+                            const std::string& content, const char* replaced = "", const char* by = "") {
         file(installer) = std::regex_replace(content, std::regex(replaced), by);
         EXPECT_EQ(installer.status().kind, Status::installed) << file(installer);
         EXPECT_EQ(look(installer, recorded).update, update) << file(installer);
-    }
+    };
+    constexpr auto none = std::nullopt;
+    expect(none, claude, 3, claudeFile);
+    expect(HookUpdate::olderVersion, claude, 2, claudeFile);
+    expect(none, claude, 3, claudeFile, "Stop", "Mine"); // removed on purpose
+    expect(HookUpdate::reminderHooks, claude, 3, claudeFile, "UserPromptSubmit", "Mine");
+    expect(HookUpdate::reminderHooks, claude, 2, claudeFile, "PostToolUse", "Mine");
+    expect(HookUpdate::otherHelper, claude, 2, claudeFile, "/opt/(.*finished)", "/old/$1");
+    // The same helper in the user's own words, and entries that an install leaves or that no agent reads.
+    expect(none, claude, 3, claudeFile, R"(\\"(/opt/[^\\]*)\\"(.*finished))", "$1$2 &");
+    expect(none, claude, 3, claudeFile, R"("hooks": \{)",
+           R"("hooks": {"Mine": [{"hooks": [{"command": "/old/chimewell-hook"}]}],)");
+    expect(none, claude, 3, claudeFile, R"("Stop")",
+           R"("Stop": [{"hooks": [{"command": "/old/chimewell-hook"}]}], "Stop")");
+    expect(none, cursor, 1, R"({"hooks": {"stop": [{"command": "/opt/chimewell-hook cursor finished"}]}})");
+    expect(none, codex, 1, notifyLine);
+    expect(HookUpdate::otherHelper, codex, 1, notifyLine, "/opt", "/old");
     resources.helper.reset();
-    EXPECT_EQ(look(codex).update, none); // it could not be made
+    expect(none, codex, 0, notifyLine); // it could not be made
     codex.helperPathOverride = "/new/chimewell-hook";
-    EXPECT_EQ(look(codex).update, HookUpdate::otherHelper);
+    expect(HookUpdate::otherHelper, codex, 1, notifyLine);
     const auto fingerprint = look(codex).fingerprint;
     file(codex) += "\n";
     EXPECT_NE(look(codex).fingerprint, fingerprint);

@@ -14,7 +14,11 @@ namespace chimewell::test {
 /// A disk in memory, which can be told to fail. Above every file there are folders.
 class MemoryFiles : public AgentFiles {
 public:
-    std::expected<std::string, FileError> read(const std::filesystem::path& file) override
+    using Path = std::filesystem::path;
+    template<class T>
+    using Result = std::expected<T, FileError>;
+
+    Result<std::string> read(const Path& file) override
     {
         ++reads;
         if (unreadable) return failure("Input/output error");
@@ -22,8 +26,7 @@ public:
         if (found == contents.end()) return nothingAt(file);
         return found->second;
     }
-    std::expected<void, FileError> replace(const std::filesystem::path& file,
-                                           std::string_view content) override
+    Result<void> replace(const Path& file, std::string_view content) override
     {
         ++writes;
         if (full) return failure("No space left on device");
@@ -32,8 +35,7 @@ public:
         contents.insert_or_assign(file, std::string(content));
         return {};
     }
-    std::expected<void, ExchangeError> exchange(const std::filesystem::path& file,
-                                                const std::optional<std::string>& expected,
+    std::expected<void, ExchangeError> exchange(const Path& file, const std::optional<std::string>& expected,
                                                 std::string_view content) override
     {
         if (beforeExchange) beforeExchange();
@@ -46,26 +48,20 @@ public:
                 ExchangeError{.changed = false, .description = replaced.error().description});
         return {};
     }
-    std::expected<void, FileError> writeCopy(const std::filesystem::path& copy, std::string_view content,
-                                             const std::filesystem::path& original) override
+    Result<void> writeCopy(const Path& copy, std::string_view content, const Path& original) override
     {
         if (!contents.contains(original)) return nothingAt(original);
         return replace(copy, content);
     }
-    std::expected<std::vector<std::string>, FileError> list(const std::filesystem::path& folder) override
+    Result<std::vector<std::string>> list(const Path& folder) override
     {
         if (!isFolder(folder)) return nothingAt(folder);
-        std::set<std::string> names;
-        const auto add = [&](std::filesystem::path path) {
-            for (; path.has_relative_path(); path = path.parent_path())
-                if (path.parent_path() == folder) names.insert(path.filename());
-        };
-        for (const auto& [path, content] : contents)
-            add(path);
-        std::ranges::for_each(folders, add);
-        return std::vector(names.begin(), names.end());
+        std::vector<std::string> names;
+        for (const auto& path : paths())
+            if (path.parent_path() == folder) names.push_back(path.filename());
+        return names;
     }
-    std::expected<void, FileError> createFolders(const std::filesystem::path& folder) override
+    Result<void> createFolders(const Path& folder) override
     {
         if (full) return failure("No space left on device");
         for (auto path = folder; path.has_relative_path(); path = path.parent_path())
@@ -73,19 +69,19 @@ public:
         folders.insert(folder);
         return {};
     }
-    std::expected<void, FileError> remove(const std::filesystem::path& file) override
+    Result<void> remove(const Path& file) override
     {
         if (contents.erase(file) == 0) return nothingAt(file);
         return {};
     }
-    std::optional<FileKind> kind(const std::filesystem::path& path) override
+    std::optional<FileKind> kind(const Path& path) override
     {
         if (isFolder(path)) return FileKind::folder;
         return contents.contains(path) ? std::optional(FileKind::regular) : std::nullopt;
     }
 
-    std::map<std::filesystem::path, std::string> contents;
-    std::set<std::filesystem::path> folders;
+    std::map<Path, std::string> contents;
+    std::set<Path> folders;
     int reads = 0;
     int writes = 0;
     std::function<void()> beforeExchange; ///< The agent may use this moment to write.
@@ -97,20 +93,25 @@ private:
     {
         return std::unexpected(FileError{.missing = missing, .description = std::move(reason)});
     }
-    std::unexpected<FileError> nothingAt(const std::filesystem::path& path) const
+    std::unexpected<FileError> nothingAt(const Path& path) const
     {
         if (isFolder(path)) return failure("Is a directory");
         for (auto above = path; above.has_relative_path(); above = above.parent_path())
             if (contents.contains(above)) return failure("Not a directory");
         return failure("No such file or directory", true);
     }
-    bool isFolder(const std::filesystem::path& path) const
+    bool isFolder(const Path& path) const { return paths().contains(path) && !contents.contains(path); }
+    /// Of everything that is there, with the folders above it.
+    std::set<Path> paths() const
     {
-        const auto isAbove = [&](const std::filesystem::path& other) {
-            return path != other && std::ranges::mismatch(path, other).in1 == path.end();
+        std::set<Path> all;
+        const auto add = [&](Path path) {
+            for (; path.has_relative_path(); path = path.parent_path())
+                all.insert(path);
         };
-        return folders.contains(path) || std::ranges::any_of(folders, isAbove) ||
-               std::ranges::any_of(contents, isAbove, [](const auto& file) { return file.first; });
+        std::ranges::for_each(contents, add, &decltype(contents)::value_type::first);
+        std::ranges::for_each(folders, add);
+        return all;
     }
 };
 

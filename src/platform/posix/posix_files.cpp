@@ -23,17 +23,21 @@ namespace {
 
 constexpr int maximumLinks = 40; // what Linux itself follows
 
-// So long we wait for a program that writes into a file without replacing it, and so often we look.
+// How long we wait for a program that writes into a file without replacing it, and how often we look.
 constexpr std::chrono::milliseconds maxWait{40};
 constexpr std::chrono::milliseconds betweenLooks{1};
 
-std::unexpected<FileError> failure(int error)
+std::unexpected<FileError> refused(Phrase reason)
 {
-    return std::unexpected(
-        FileError{.missing = false, .description = std::generic_category().message(error)});
+    return std::unexpected(FileError{.missing = false, .description = std::move(reason)});
 }
 
-/// For calls that take a path: those alone can tell that nothing stands there.
+std::unexpected<FileError> failure(int error)
+{
+    return refused(std::generic_category().message(error));
+}
+
+/// For calls that take a path: only those can report that nothing is there.
 std::unexpected<FileError> failureAtPath(int error)
 {
     auto failed = failure(error);
@@ -41,7 +45,7 @@ std::unexpected<FileError> failureAtPath(int error)
     return failed;
 }
 
-/// The system would take such a path for the part before the NUL character.
+/// The system reads such a path only up to the NUL character.
 bool namesAnotherFile(const std::filesystem::path& path)
 {
     return path.native().contains('\0');
@@ -49,11 +53,10 @@ bool namesAnotherFile(const std::filesystem::path& path)
 
 std::unexpected<FileError> notRegular(mode_t mode)
 {
-    if (S_ISDIR(mode)) return failure(EISDIR);
-    return std::unexpected(FileError{.missing = false, .description = texts::notARegularFile});
+    return S_ISDIR(mode) ? failure(EISDIR) : refused(texts::notARegularFile);
 }
 
-/// Open for reading and proven to be a regular file. Never waits: a pipe without a writer opens too.
+/// A regular file, open for reading. Never waits, not even for a pipe without a writer.
 std::expected<FileDescriptor, FileError> openRegular(int folder, const std::filesystem::path& path)
 {
     if (namesAnotherFile(path)) return failure(EINVAL);
@@ -70,7 +73,7 @@ std::expected<std::string, FileError> readAll(const FileDescriptor& file)
     std::string content;
     std::size_t used = 0;
     while (true) {
-        // One byte past the limit tells a file of exactly that size from one that grew beyond it.
+        // Reading one byte more than the limit shows whether the file is larger.
         if (used > PosixFiles::maximumSize) return failure(EFBIG);
         if (used == content.size())
             content.resize(std::min(PosixFiles::maximumSize + 1, std::max(used * 2, std::size_t{16384})));
@@ -94,10 +97,10 @@ bool isSameState(const struct stat& a, const struct stat& b)
 
 struct QuietRead {
     std::string content;
-    bool isCertain = false; ///< The system knows that nobody has the file open for writing.
+    bool isCertain = false; ///< No program has the file open for writing. Otherwise the system cannot tell.
 };
 
-/// Nothing if somebody writes into the file: what was read may be half of one text and half of another.
+/// Absent if a program is writing into the file: what was read may be half of one text and half of another.
 std::expected<std::optional<QuietRead>, FileError> readQuietly(const FileDescriptor& file)
 {
     const WriteBarrier barrier(file.get());
@@ -113,7 +116,7 @@ std::expected<std::optional<QuietRead>, FileError> readQuietly(const FileDescrip
     return QuietRead{.content = std::move(*content), .isCertain = writers == Writers::none};
 }
 
-/// The path behind the last link, whether something stands there or not.
+/// The path that the last link leads to, whether it exists or not.
 std::expected<std::filesystem::path, FileError> followLinks(std::filesystem::path path)
 {
     for (int links = 0; links < maximumLinks; ++links) {
@@ -130,11 +133,10 @@ std::expected<std::filesystem::path, FileError> followLinks(std::filesystem::pat
 
 std::unexpected<FileError> leadsNowhere(const std::filesystem::path& end)
 {
-    return std::unexpected(
-        FileError{.missing = false, .description = {texts::linkLeadsNowhere, {end.string()}}});
+    return refused({texts::linkLeadsNowhere, {end.string()}});
 }
 
-/// Where the first link on the way to `path` leads behind which nothing stands; nothing if there is none.
+/// Where the first broken link on the way to `path` leads; absent if none is broken.
 std::optional<std::filesystem::path> deadEnd(const std::filesystem::path& path)
 {
     std::filesystem::path way;
@@ -148,12 +150,6 @@ std::optional<std::filesystem::path> deadEnd(const std::filesystem::path& path)
         return error == ENOENT && end ? std::optional(*end) : std::nullopt;
     }
     return std::nullopt;
-}
-
-/// 0 or the error.
-int makeFolder(const std::filesystem::path& folder)
-{
-    return ::mkdir(folder.c_str(), S_IRWXU) == 0 ? 0 : errno;
 }
 
 /// Gives the open file `to` the owner, group, mode, access control list and extended attributes of the open
@@ -197,7 +193,7 @@ struct Replacement {
     void flushFolder() const { flush(folder.get()); }
 };
 
-/// The attributes are those of `original` if that is given, else of what stands at the target.
+/// The attributes are those of `original`, or if that is empty, of the file that is replaced.
 std::expected<Replacement, FileError> prepare(const std::filesystem::path& file, std::string_view content,
                                               const std::filesystem::path& original)
 {
@@ -232,7 +228,7 @@ std::expected<Replacement, FileError> prepare(const std::filesystem::path& file,
     return Replacement{std::move(folder), std::move(name), std::move(*temporary)};
 }
 
-/// Whatever stands at the target is replaced.
+/// Replaces the target, whatever it holds.
 std::expected<void, FileError> put(const std::filesystem::path& file, std::string_view content,
                                    const std::filesystem::path& original)
 {
@@ -260,7 +256,7 @@ std::unexpected<ExchangeError> changed()
 
 enum class Look { once, twiceIfUncertain };
 
-/// Whether a file of exactly that content stands at `name`, and nobody writes into it.
+/// Whether `name` is a file of exactly that content, and no program is writing into it.
 std::expected<bool, FileError> holds(const FileDescriptor& folder, const std::string& name,
                                      std::string_view content, Look look = Look::once)
 {
@@ -282,8 +278,8 @@ std::expected<void, ExchangeError> takeFreePlace(Replacement& with)
     return errno == EEXIST ? changed() : failed(errno);
 }
 
-/// After a swap that should not have been made: what was swapped out goes back. If that cannot be done it
-/// stays under the name of the temporary file, since it may be the only copy of what somebody wrote.
+/// Undoes a swap with a file that another program had changed. If that fails, the other file stays under the
+/// name of the temporary file, since it may be the only copy of what that program wrote.
 std::expected<void, ExchangeError> swapBack(Replacement& with, std::string_view content,
                                             const std::expected<void, ExchangeError>& otherwise)
 {
@@ -291,10 +287,10 @@ std::expected<void, ExchangeError> swapBack(Replacement& with, std::string_view 
     if (temporary.swap(name)) {
         const auto isOurs = holds(folder, temporary.name(), content);
         if (isOurs && *isOurs) return otherwise;
-        // Even more was written in between: that comes first.
+        // The program wrote again since: its newest text comes first.
         if (isOurs && temporary.swap(name)) return otherwise;
     } else if (errno == ENOENT && temporary.renameToFree(name)) {
-        return otherwise; // ours was removed since
+        return otherwise; // the program had removed ours
     }
     const std::string kept = temporary.name();
     temporary.keep();
@@ -315,7 +311,7 @@ std::expected<void, ExchangeError> exchangeKnown(Replacement& with, std::string_
     }
     if (errno == ENOENT) return changed();
     if (errno != ENOTSUP) return failed(errno);
-    // A file system that cannot swap: what is left is the moment since the look above.
+    // The file system does not support swapping: a change made since the check above is lost.
     if (!temporary.rename(name)) return failed(errno);
     return {};
 }
@@ -331,8 +327,7 @@ std::expected<std::string, FileError> PosixFiles::read(const std::filesystem::pa
         auto read = readQuietly(*opened);
         if (!read) return std::unexpected(read.error());
         if (std::optional<QuietRead>& present = *read) return std::move(present->content);
-        if (std::chrono::steady_clock::now() >= limit)
-            return std::unexpected(FileError{.missing = false, .description = texts::beingWritten});
+        if (std::chrono::steady_clock::now() >= limit) return refused(texts::beingWritten);
         std::this_thread::sleep_for(betweenLooks);
     }
 }
@@ -381,10 +376,11 @@ std::expected<void, FileError> PosixFiles::createFolders(const std::filesystem::
 {
     if (namesAnotherFile(folder)) return failure(EINVAL);
     if (kind(folder) == FileKind::folder) return {};
-    int error = makeFolder(folder);
+    const auto make = [&] { return ::mkdir(folder.c_str(), S_IRWXU) == 0 ? 0 : errno; };
+    int error = make();
     if (error == ENOENT && folder.has_relative_path()) {
         if (auto parents = createFolders(folder.parent_path()); !parents) return parents;
-        error = makeFolder(folder);
+        error = make();
     }
     // Somebody else may have made it in the same moment.
     if (error == 0 || (error == EEXIST && kind(folder) == FileKind::folder)) return {};

@@ -9,7 +9,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <ctime>
@@ -23,15 +22,13 @@ namespace {
 // Short, and without the target's name, which may be as long as a name can be.
 constexpr std::string_view prefix = ".chimewell-";
 constexpr std::string_view keptPrefix = ".chimewell-kept-";
-constexpr std::string_view uuidForm = "XXXXXXXX-XXXX-XXXX-XXXX-XXXXXXXXXXXX";
 constexpr std::chrono::seconds longestUse = std::chrono::minutes(1);
 
 bool isTemporaryName(std::string_view name)
 {
-    if (!name.starts_with(prefix)) return false;
-    return std::ranges::equal(name.substr(prefix.size()), uuidForm, [](char character, char form) {
-        return form == 'X' ? std::string_view("0123456789ABCDEF").contains(character) : character == form;
-    });
+    constexpr std::size_t uuidLength = 36;
+    return name.size() == prefix.size() + uuidLength && name.starts_with(prefix) &&
+           name.find_first_not_of("0123456789ABCDEF-", prefix.size()) == std::string_view::npos;
 }
 
 bool isAbandoned(const struct stat& status)
@@ -59,7 +56,7 @@ TemporaryFile::TemporaryFile(TemporaryFile&& other) noexcept
 TemporaryFile::~TemporaryFile()
 {
     if (name_.empty()) return;
-    const int error = errno; // the caller still wants to know why it failed
+    const int error = errno; // unlinkat may change it
     ::unlinkat(folder_, name_.c_str(), 0);
     errno = error;
 }
@@ -104,7 +101,7 @@ bool TemporaryFile::renameToFree(const std::string& name)
         return true;
     }
     if (errno != ENOTSUP) return false;
-    // A file system that knows no such renaming: what is left is the moment between these two calls.
+    // The file system does not support this: a file made between these two calls is replaced.
     struct stat status = {};
     if (::fstatat(folder_, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0) errno = EEXIST;
     return errno == ENOENT && rename(name);

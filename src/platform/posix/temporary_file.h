@@ -10,8 +10,8 @@
 
 namespace chimewell {
 
-/// A new file of ours with a random name, readable by the user alone, that disappears with this
-/// object unless it took another's place. Every function that fails sets errno.
+/// A new file with a random name, readable by the user alone. It is removed with this object unless it took
+/// another file's place. Every function that fails sets errno.
 class TemporaryFile {
 public:
     /// In the open folder, which must outlive the result.
@@ -24,17 +24,18 @@ public:
     const std::string& name() const { return name_; }
     /// All of it, however many calls that takes.
     bool write(std::string_view content);
-    /// Brings the content to the disk and closes the file.
+    /// Writes the content to the disk itself and closes the file.
     bool finish();
-    /// Puts the file in the place of `name`, whatever stands there, in one step.
+    /// Replaces `name`, whatever it is, in one step.
     bool rename(const std::string& name);
-    /// Takes the place of `name` only if nothing stands there; EEXIST otherwise.
+    /// Takes the name `name` only if it is free; EEXIST otherwise.
     bool renameToFree(const std::string& name);
-    /// Trades places with `name` in one step: then this object holds what stood there, and removes it in the
-    /// end. Before, it takes a name that `removeAbandonedFiles` spares: if the process dies before it has
-    /// looked at what stood there, that may be the only copy. ENOTSUP where the file system cannot.
+    /// Swaps names with `name` in one step. This object then owns the file that had that name, and removes it
+    /// at the end. First it takes a name that `removeAbandonedFiles` spares: if the process is killed before
+    /// it has looked at the other file, that may be the only copy. ENOTSUP: the file system does not support
+    /// this.
     bool swap(const std::string& name);
-    /// Leaves the file where it is, for somebody to find.
+    /// Leaves the file where it is, for the user to find.
     void keep() { name_.clear(); }
 
 private:
@@ -42,11 +43,11 @@ private:
 
     int folder_;
     FileDescriptor file_;
-    std::string name_; ///< Empty once it is no longer ours to remove.
+    std::string name_; ///< Empty once it is not to be removed.
 };
 
-/// Removes the user's own temporary files that a process left behind when it was killed; none that is younger
-/// than a minute, which may be in use.
+/// Removes the user's own temporary files that a killed process left behind. A file younger than a minute may
+/// be in use and stays.
 void removeAbandonedFiles(const std::filesystem::path& folder);
 
 }
