@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Runs at installation, with bindir, datadir, templates and written set. Neither kind of file may name a
+# Runs at installation, with bindir, datadir, application_id, templates and written set. Neither kind of file may name a
 # program by a relative path, and only now is the prefix known.
 cmake_path(ABSOLUTE_PATH bindir BASE_DIRECTORY "${CMAKE_INSTALL_PREFIX}" NORMALIZE OUTPUT_VARIABLE program)
 cmake_path(APPEND program chimewell)
@@ -12,8 +12,7 @@ string(REPLACE "%" "%%" quoted "${quoted}")
 string(REPLACE "\\" "\\\\" quoted "${quoted}")
 set(desktop_exec "\"${quoted}\" %u")
 
-foreach(file IN ITEMS applications/app.chimewell.Chimewell.desktop
-                      dbus-1/services/app.chimewell.Chimewell.service)
+foreach(file IN ITEMS applications/${application_id}.desktop dbus-1/services/${application_id}.service)
   cmake_path(GET file FILENAME name)
   cmake_path(GET file PARENT_PATH folder)
   configure_file("${templates}/${name}.in" "${written}/${name}" @ONLY)

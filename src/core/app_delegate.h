@@ -7,6 +7,7 @@
 #include "ports/clock.h"
 #include "ports/files.h"
 #include "ports/timers.h"
+#include "values/shared_names.h"
 
 #include <chrono>
 #include <cstdint>
@@ -36,7 +37,7 @@ public:
     void clear();
 
 private:
-    std::filesystem::path file() const { return folder_ / "dormant"; }
+    std::filesystem::path file() const { return folder_ / dormantMarkerName; }
 
     Files& files_;
     const Clock& clock_;

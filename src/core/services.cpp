@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "core/services.h"
 
+#include "values/shared_names.h"
+
 #include <filesystem>
 
 namespace chimewell {
@@ -11,7 +13,7 @@ namespace {
 std::filesystem::path applicationFolder(const UserFolders& folders)
 {
     const auto support = folders.applicationSupport();
-    return (support ? *support : folders.home() / "Library/Application Support") / "Chimewell";
+    return (support ? *support : folders.home() / macApplicationSupport) / applicationFolderName;
 }
 
 }

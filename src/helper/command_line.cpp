@@ -2,6 +2,7 @@
 #include "helper/command_line.h"
 
 #include "values/provider.h"
+#include "values/shared_names.h"
 
 namespace chimewell {
 
@@ -11,7 +12,7 @@ std::optional<CommandLine> parseCommandLine(std::span<const char* const> argumen
     const std::string_view first = arguments[0];
     const std::string_view second = arguments.size() > 1 ? arguments[1] : std::string_view();
 
-    if (first == "codex-notify")
+    if (first == codexNotifyCommand)
         return CommandLine{.provider = codexProvider,
                            .event = CanonicalEvent::finished,
                            .payloadIsArgument = true,

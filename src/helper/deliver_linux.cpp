@@ -3,6 +3,7 @@
 #include "helper/deliver.h"
 #include "helper/home_folder.h"
 #include "helper/session_bus.h"
+#include "values/shared_names.h"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -21,7 +22,7 @@ bool isDormant(const Environment& environment)
 {
     std::string folder(environment["XDG_DATA_HOME"]);
     if (!folder.starts_with('/')) folder = homeFolder(environment, getuid()) + "/.local/share";
-    return access((folder + "/Chimewell/dormant").c_str(), F_OK) == 0;
+    return access((folder + '/' + applicationFolderName + '/' + dormantMarkerName).c_str(), F_OK) == 0;
 }
 
 /// Goes on in a new process with nothing open but `descriptor`, if that is one. False in the process that

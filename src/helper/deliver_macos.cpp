@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "helper/deliver.h"
 
+#include "values/shared_names.h"
+
 #include <CoreServices/CoreServices.h>
 #include <fcntl.h>
 #include <limits.h>
@@ -27,7 +29,7 @@ using Owned = std::unique_ptr<std::remove_pointer_t<Reference>, Release>;
 /// While the application runs it holds a lock on this file.
 bool isRunning(const std::string& folder)
 {
-    const int file = open((folder + "/running").c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    const int file = open((folder + '/' + runningLockName).c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     if (file < 0) return false;
     struct flock lock = {};
     lock.l_type = F_RDLCK;
@@ -41,7 +43,7 @@ bool isRunning(const std::string& folder)
 /// may stand while the application runs, which then was started in some other way.
 bool isDormant(const std::string& folder)
 {
-    return access((folder + "/dormant").c_str(), F_OK) == 0;
+    return access((folder + '/' + dormantMarkerName).c_str(), F_OK) == 0;
 }
 
 /// The application that this program is part of; empty if it stands by itself.
@@ -52,7 +54,7 @@ std::string enclosingApplication()
     auto size = static_cast<std::uint32_t>(path.size());
     if (_NSGetExecutablePath(path.data(), &size) != 0 || !realpath(path.data(), resolved.data())) return {};
     constexpr std::string_view bundle = ".app";
-    constexpr std::string_view inside = "/Contents/Resources/chimewell-hook";
+    const std::string inside = std::string("/Contents/Resources/") + helperName;
     std::string_view place(resolved.data());
     if (!place.ends_with(inside)) return {};
     place.remove_suffix(inside.size());
@@ -97,7 +99,8 @@ void openInApplication(std::string_view url)
 // the limit of the whole program ends a call that takes too long.
 void deliver(std::string_view url, bool mayStart, const Environment& environment, Deadline /*deadline*/)
 {
-    const std::string folder = std::string(environment["HOME"]) + "/Library/Application Support/Chimewell";
+    const std::string folder =
+        std::string(environment["HOME"]) + '/' + macApplicationSupport + '/' + applicationFolderName;
     if (isRunning(folder) || (mayStart && !isDormant(folder))) openInApplication(url);
 }
 

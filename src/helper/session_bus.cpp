@@ -2,6 +2,7 @@
 #include "helper/session_bus.h"
 
 #include "helper/bus_message.h"
+#include "values/shared_names.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -51,10 +52,10 @@ std::string callToBus(std::uint32_t serial, std::string_view member)
 std::string openUrl(std::string_view url, bool startsApplication)
 {
     return encode({.serial = openSerial,
-                   .destination = "app.chimewell.Chimewell",
-                   .path = "/app/chimewell/Chimewell",
-                   .interface = "org.freedesktop.Application",
-                   .member = "Open",
+                   .destination = applicationId,
+                   .path = applicationObjectPath,
+                   .interface = applicationInterface,
+                   .member = openMethod,
                    .startsDestination = startsApplication,
                    .url = url});
 }

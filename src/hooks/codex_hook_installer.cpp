@@ -5,6 +5,7 @@
 #include "hooks/helper_command.h"
 #include "hooks/toml_notify.h"
 #include "values/provider.h"
+#include "values/shared_names.h"
 #include "values/texts.h"
 
 #include <algorithm>
@@ -48,7 +49,8 @@ HookInstaller::Result<HookInstaller::Content> CodexHookInstaller::withHooks(cons
     const bool isTaken = notify ? !isOurs(*notify) : definesNotifyOtherwise(toml);
     if (isTaken) return ioError(texts::notifyIsTaken);
     if (!isValidUtf8(helper)) return ioError(texts::couldNotEncodeToml);
-    return withNotifyLine(toml, notify, "notify = [" + tomlString(helper) + ", \"codex-notify\"]");
+    return withNotifyLine(toml, notify,
+                          "notify = [" + tomlString(helper) + ", \"" + codexNotifyCommand + "\"]");
 }
 
 HookInstaller::Result<HookInstaller::Content>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "hooks/helper_command.h"
 
+#include "values/shared_names.h"
+
 namespace chimewell {
 
 namespace {

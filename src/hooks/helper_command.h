@@ -6,9 +6,6 @@
 
 namespace chimewell {
 
-/// The file name of the helper. A command that contains it is one of our hooks.
-inline constexpr std::string_view helperName = "chimewell-hook";
-
 /// The shell command that runs the helper for an agent's event. The path is in double quotes, where a POSIX
 /// shell interprets only `"`, `$`, `` ` `` and `\`; these are escaped.
 std::string helperCommand(const std::string& helper, std::string_view provider, std::string_view event);

@@ -3,6 +3,7 @@
 
 #include "base/iso8601.h"
 #include "hooks/helper_command.h"
+#include "values/shared_names.h"
 #include "values/texts.h"
 
 #include <algorithm>

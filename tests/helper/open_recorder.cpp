@@ -3,6 +3,8 @@
 // the URL of every Open call that it gets. It also is a notification service that shows nothing. It ends with
 // the bus.
 
+#include "values/shared_names.h"
+
 #include <dbus/dbus.h>
 
 #include <fcntl.h>
@@ -21,8 +23,8 @@ void record(int file, const std::string& line)
 /// Exactly the one signature that the application's interface has.
 std::string openedUrl(DBusMessage* message)
 {
-    if (!dbus_message_has_interface(message, "org.freedesktop.Application")) return "wrong interface";
-    if (!dbus_message_has_path(message, "/app/chimewell/Chimewell")) return "wrong path";
+    if (!dbus_message_has_interface(message, chimewell::applicationInterface)) return "wrong interface";
+    if (!dbus_message_has_path(message, chimewell::applicationObjectPath)) return "wrong path";
     if (!dbus_message_has_signature(message, "asa{sv}")) return "wrong signature";
     DBusMessageIter arguments;
     DBusMessageIter urls;
@@ -56,13 +58,13 @@ int main(int argc, char** argv)
     const int file = open(argv[1], O_WRONLY | O_APPEND);
     DBusConnection* const bus = dbus_bus_get_private(DBUS_BUS_SESSION, nullptr);
     if (file < 0 || bus == nullptr) return 1;
-    for (const char* const name : {"org.freedesktop.Notifications", "app.chimewell.Chimewell"})
+    for (const char* const name : {"org.freedesktop.Notifications", chimewell::applicationId})
         dbus_bus_request_name(bus, name, DBUS_NAME_FLAG_DO_NOT_QUEUE, nullptr);
     record(file, "ready");
     do { // calls may have come with the name
         while (DBusMessage* const message = dbus_connection_pop_message(bus)) {
             if (dbus_message_get_type(message) == DBUS_MESSAGE_TYPE_METHOD_CALL) {
-                if (dbus_message_has_member(message, "Open")) record(file, openedUrl(message));
+                if (dbus_message_has_member(message, chimewell::openMethod)) record(file, openedUrl(message));
                 answer(bus, message);
             }
             dbus_message_unref(message);

@@ -4,6 +4,7 @@
 #include "platform/linux/freedesktop/dbus_call.h"
 #include "platform/linux/notifications/desktop_notification_settings.h"
 #include "platform/linux/notifications/escaped_markup.h"
+#include "values/shared_names.h"
 
 #include <QStringList>
 #include <QTimer>
@@ -18,11 +19,6 @@ namespace {
 constexpr std::chrono::seconds longestWaitForCapabilities{1};
 constexpr std::size_t maxUnanswered = 64;
 constexpr std::size_t maxClickable = 1000;
-
-QString applicationId()
-{
-    return QStringLiteral("app.chimewell.Chimewell");
-}
 
 QString serverName()
 {
@@ -268,7 +264,7 @@ QDBusMessage DbusNotificationCenter::notifyCall(const NotificationRequest& reque
     }
     constexpr uchar normalUrgency = 1;
     const QVariantMap hints{
-        {QStringLiteral("desktop-entry"), applicationId()},
+        {QStringLiteral("desktop-entry"), QString::fromLatin1(applicationId)},
         // None of the registered categories is about programs that run for the user.
         {QStringLiteral("category"), QStringLiteral("x-chimewell.agent")},
         {QStringLiteral("urgency"), QVariant::fromValue(normalUrgency)},
@@ -277,7 +273,8 @@ QDBusMessage DbusNotificationCenter::notifyCall(const NotificationRequest& reque
     constexpr uint replacesNone = 0;
     constexpr int serversOwnExpiry = -1;
     QDBusMessage call = serverCall("Notify");
-    call << QStringLiteral("Chimewell") << replacesNone << applicationId() << fromUtf8(request.title)
+    call << QStringLiteral("Chimewell") << replacesNone << QString::fromLatin1(applicationId)
+         << fromUtf8(request.title)
          << fromUtf8(server.bodyMarkup ? escapedMarkup(request.body) : request.body) << actions << hints
          << serversOwnExpiry;
     return call;

@@ -3,6 +3,7 @@
 
 #include "platform/linux/freedesktop/dbus_call.h"
 #include "platform/linux/notifications/current_desktop.h"
+#include "values/shared_names.h"
 
 #include <QDBusArgument>
 #include <QDBusMessage>
@@ -36,7 +37,7 @@ bool isOffInPlasma()
     bool off = false;
     for (const QByteArray& rawLine : file.read(1 << 20).split('\n')) {
         const QByteArray line = rawLine.trimmed();
-        if (line.startsWith('[')) inOurGroup = line == "[Applications][app.chimewell.Chimewell]";
+        if (line.startsWith('[')) inOurGroup = line == QByteArray("[Applications][") + applicationId + ']';
         if (inOurGroup && line.startsWith("ShowPopups=")) off = line.endsWith("=false");
     }
     return off;
@@ -57,7 +58,7 @@ bool isOffInXfce(const QDBusMessage& reply)
     if (!value.canConvert<QDBusArgument>() || value.value<QDBusArgument>().currentSignature() != u"av")
         return false;
     const auto names = qdbus_cast<QVariantList>(value);
-    return names.contains(QStringLiteral("app.chimewell.Chimewell"));
+    return names.contains(QString::fromLatin1(applicationId));
 }
 
 }

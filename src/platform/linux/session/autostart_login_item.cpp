@@ -5,6 +5,7 @@
 #include "platform/linux/freedesktop/desktop_exec.h"
 #include "platform/posix/xdg_user_folders.h"
 #include "ports/files.h"
+#include "values/shared_names.h"
 
 #include <QStandardPaths>
 #include <QString>
@@ -17,7 +18,10 @@ namespace chimewell {
 
 namespace {
 
-constexpr char entryName[] = "autostart/app.chimewell.Chimewell.desktop";
+std::filesystem::path entryFile(const std::filesystem::path& configFolder)
+{
+    return configFolder / "autostart" / (std::string(applicationId) + ".desktop");
+}
 
 bool isForThisDesktop(const DesktopEntry& entry)
 {
@@ -50,7 +54,7 @@ AutostartLoginItem::AutostartLoginItem(const XdgUserFolders& folders, Files& fil
 bool AutostartLoginItem::isEnabled() const
 {
     for (const auto& folder : folders_.configFolders()) {
-        const std::filesystem::path file = folder / entryName;
+        const std::filesystem::path file = entryFile(folder);
         const auto content = files_.read(file);
         if (!content && content.error().missing) continue;
         const auto entry = content ? DesktopEntry::parse(*content) : std::nullopt;
@@ -63,9 +67,7 @@ bool AutostartLoginItem::isEnabled() const
 
 std::expected<void, Phrase> AutostartLoginItem::registerItem()
 {
-    return write("Icon=app.chimewell.Chimewell\n"
-                 "Exec=" +
-                 execValue(command_) +
+    return write(std::string("Icon=") + applicationId + "\nExec=" + execValue(command_) +
                  "\n"
                  "TryExec=" +
                  stringValue(command_.front()) +
@@ -78,7 +80,7 @@ std::expected<void, Phrase> AutostartLoginItem::registerItem()
 std::expected<void, Phrase> AutostartLoginItem::unregisterItem()
 {
     if (systemHasOne()) return write("Hidden=true\n");
-    const auto removed = files_.remove(folders_.configFolders().front() / entryName);
+    const auto removed = files_.remove(entryFile(folders_.configFolders().front()));
     if (!removed && !removed.error().missing) return std::unexpected(removed.error().description);
     return {};
 }
@@ -87,12 +89,12 @@ bool AutostartLoginItem::systemHasOne() const
 {
     const auto& folders = folders_.configFolders();
     return std::any_of(folders.begin() + 1, folders.end(),
-                       [&](const auto& folder) { return files_.kind(folder / entryName).has_value(); });
+                       [&](const auto& folder) { return files_.kind(entryFile(folder)).has_value(); });
 }
 
 std::expected<void, Phrase> AutostartLoginItem::write(const std::string& lines)
 {
-    const std::filesystem::path file = folders_.configFolders().front() / entryName;
+    const std::filesystem::path file = entryFile(folders_.configFolders().front());
     if (const auto made = files_.createFolders(file.parent_path()); !made)
         return std::unexpected(made.error().description);
     const auto written = files_.replace(file, "[Desktop Entry]\nType=Application\nName=Chimewell\n" + lines);

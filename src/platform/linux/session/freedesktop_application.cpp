@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/session/freedesktop_application.h"
 
+#include "values/shared_names.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -34,8 +36,8 @@ void FreedesktopApplication::handleNext()
 
 bool FreedesktopApplication::claim()
 {
-    return bus_.registerObject(QString::fromLatin1(objectPath), this) &&
-           bus_.registerService(QString::fromLatin1(busName));
+    return bus_.registerObject(QString::fromLatin1(applicationObjectPath), this) &&
+           bus_.registerService(QString::fromLatin1(applicationId));
 }
 
 FreedesktopApplicationAdaptor::FreedesktopApplicationAdaptor(FreedesktopApplication& application)

@@ -39,9 +39,6 @@ public:
     /// Requests wait for the event loop, so that handlers set before it runs miss none.
     void setHandlers(Handlers handlers) { handlers_ = std::move(handlers); }
 
-    static constexpr char busName[] = "app.chimewell.Chimewell";
-    static constexpr char objectPath[] = "/app/chimewell/Chimewell";
-
 private:
     friend class FreedesktopApplicationAdaptor;
 

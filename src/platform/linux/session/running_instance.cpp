@@ -2,7 +2,7 @@
 #include "platform/linux/session/running_instance.h"
 
 #include "platform/linux/freedesktop/dbus_call.h"
-#include "platform/linux/session/freedesktop_application.h"
+#include "values/shared_names.h"
 
 #include <QDBusMessage>
 #include <QString>
@@ -19,12 +19,11 @@ constexpr int busDefault = -1; // starting one may take a while
 
 bool handOver(const QDBusConnection& bus, const QStringList& urls)
 {
-    const QString name = QString::fromLatin1(FreedesktopApplication::busName);
+    const QString name = QString::fromLatin1(applicationId);
     const bool isRunning = bus.call(busDaemonCall("NameHasOwner") << name).arguments().value(0).toBool();
-    QDBusMessage call =
-        QDBusMessage::createMethodCall(name, QString::fromLatin1(FreedesktopApplication::objectPath),
-                                       QStringLiteral("org.freedesktop.Application"),
-                                       urls.isEmpty() ? QStringLiteral("Activate") : QStringLiteral("Open"));
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        name, QString::fromLatin1(applicationObjectPath), QString::fromLatin1(applicationInterface),
+        urls.isEmpty() ? QStringLiteral("Activate") : QString::fromLatin1(openMethod));
     if (!urls.isEmpty()) call << urls;
     call << QVariantMap();
     return bus.call(call, QDBus::Block, isRunning ? runningAnswersWithin : busDefault).type() ==

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/sound/pulse_connection.h"
 
+#include "values/shared_names.h"
+
 #include <pulse/error.h>
 #include <pulse/proplist.h>
 
@@ -96,8 +98,8 @@ bool PulseConnection::open()
     if (!mainloop_) mainloop_.reset(pa_glib_mainloop_new(nullptr));
     const std::unique_ptr<pa_proplist, ProplistDeleter> properties(pa_proplist_new());
     pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_NAME, "Chimewell");
-    pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_ID, "app.chimewell.Chimewell");
-    pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_ICON_NAME, "app.chimewell.Chimewell");
+    pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_ID, applicationId);
+    pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_ICON_NAME, applicationId);
     context_ =
         pa_context_new_with_proplist(pa_glib_mainloop_get_api(mainloop_.get()), nullptr, properties.get());
     if (!context_) return false;

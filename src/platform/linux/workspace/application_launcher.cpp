@@ -5,6 +5,7 @@
 #include "platform/linux/freedesktop/dbus_refusal.h"
 #include "platform/linux/freedesktop/desktop_exec.h"
 #include "platform/linux/workspace/detached_process.h"
+#include "values/shared_names.h"
 
 #include <QDBusMessage>
 #include <QString>
@@ -45,7 +46,7 @@ void ApplicationLauncher::launch(const InstalledEntry& application, const std::s
     }
     const QString id = QString::fromStdString(application.id);
     QDBusMessage activate = QDBusMessage::createMethodCall(
-        id, objectPath(id), QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"));
+        id, objectPath(id), QString::fromLatin1(applicationInterface), QStringLiteral("Activate"));
     activate.setArguments({platformData(activationToken)});
     callAsync(bus_, activate, &context_, [this, application, activationToken](const QDBusMessage& reply) {
         if (isRefusal(reply)) runCommand(application, activationToken);

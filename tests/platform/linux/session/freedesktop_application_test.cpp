@@ -4,6 +4,7 @@
 #include "harness/private_bus.h"
 #include "harness/wait_until.h"
 #include "platform/linux/freedesktop/dbus_call.h"
+#include "values/shared_names.h"
 
 #include <QDBusMessage>
 #include <QStringList>
@@ -33,8 +34,7 @@ protected:
     QDBusMessage call(const char* method, const QVariantList& arguments)
     {
         QDBusMessage message = QDBusMessage::createMethodCall(
-            QString::fromLatin1(FreedesktopApplication::busName),
-            QString::fromLatin1(FreedesktopApplication::objectPath),
+            QString::fromLatin1(applicationId), QString::fromLatin1(applicationObjectPath),
             QStringLiteral("org.freedesktop.Application"), QString::fromLatin1(method));
         message.setArguments(arguments);
         std::optional<QDBusMessage> answer;
