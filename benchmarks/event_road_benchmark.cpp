@@ -5,7 +5,7 @@
 // full.
 
 #include "core/services.h"
-#include "values/event_url.h"
+#include "values/event_payload.h"
 
 #include <benchmark/benchmark.h>
 

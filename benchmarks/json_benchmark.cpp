@@ -6,9 +6,8 @@
 
 #include "agent_settings.h"
 
-#include "json/json_parser.h"
 #include "json/json_reader.h"
-#include "json/json_writer.h"
+#include "json/json_text.h"
 
 #include <benchmark/benchmark.h>
 #include <nlohmann/json.hpp>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Whatever the URL: no crash, and what is accepted keeps the promises of EventPayload.
-#include "base/characters.h"
+#include "base/unicode_text.h"
 #include "base/utf8.h"
-#include "values/event_url.h"
+#include "values/event_payload.h"
 #include "values/provider.h"
 
 #include <cstddef>

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "helper/command_line.h"
-#include "helper/environment.h"
+#include "helper/agent_input.h"
 #include "helper/hook_event.h"
-#include "helper/payload.h"
-#include "values/event_url.h"
+#include "helper/system.h"
+#include "values/event_payload.h"
 
 #include <array>
 #include <chrono>
@@ -50,13 +49,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (size < 2) return 0;
     // The one way to look at the bytes as text.
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
-    const std::array<CommandLine, 4> commands = {{
+    const std::array<Invocation, 4> commands = {{
         {.provider = "claude", .event = CanonicalEvent::finished},
         {.provider = "claude", .event = CanonicalEvent::waitingInput},
         {.provider = "cursor", .event = CanonicalEvent::finished},
         {.provider = "codex", .event = CanonicalEvent::finished},
     }};
-    const CommandLine& command = commands[data[0] % commands.size()];
+    const Invocation& command = commands[data[0] % commands.size()];
     const std::size_t step = data[1] + std::size_t{1};
     const std::string_view payload = bytes.substr(2);
 

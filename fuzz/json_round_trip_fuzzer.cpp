@@ -3,8 +3,7 @@
 // reader tells the same however the bytes are cut.
 
 #include "base/utf8.h"
-#include "json/json_parser.h"
-#include "json/json_writer.h"
+#include "json/json_text.h"
 #include "json/transcript.h"
 
 #include <cstddef>

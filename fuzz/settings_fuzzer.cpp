@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Whatever the file: no crash, and settings that were read once come back the same from what is written.
-#include "values/app_settings_json.h"
+#include "values/app_settings.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "alerts/alert_audio.h"
 
-#include "base/white_space.h"
+#include "base/unicode_text.h"
 #include "values/sound_option.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "alerts/notification_service.h"
 
-#include "base/readable_text.h"
+#include "base/unicode_text.h"
 #include "values/texts.h"
 
 #include <utility>

@@ -6,13 +6,16 @@
 #include "ports/notification_center.h"
 #include "ports/random.h"
 #include "ports/translator.h"
-#include "values/auth_status.h"
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
 
 namespace chimewell {
+
+/// Whether the user lets us show banners.
+enum class AuthStatus : std::uint8_t { notDetermined, authorized, denied, provisional, unavailable };
 
 /// Shows banners, knows whether the user allows them, and tells when one was clicked.
 class NotificationService {

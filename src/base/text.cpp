@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "base/text.h"
 
-#include "base/readable_text.h"
+#include "base/unicode_text.h"
 
 #include <cstddef>
 

@@ -72,7 +72,7 @@ struct Phrase {
 /// The format of one text in a language; the count, where there is one, chooses its form.
 using TextFormat = std::function<std::string(const Text& text, std::optional<std::int64_t> count)>;
 
-/// The phrase with its texts said by `format` and what others wrote made readable (base/readable_text.h).
+/// The phrase with its texts said by `format` and what others wrote made readable (base/unicode_text.h).
 /// What fills a place is not looked at again.
 std::string composed(const Phrase& phrase, const TextFormat& format);
 

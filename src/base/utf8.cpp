@@ -7,30 +7,6 @@ namespace chimewell {
 
 namespace {
 
-/// Length of the valid character of two bytes or more that starts at `at`; 0 if there is none.
-std::size_t multibyteLength(const char* at, const char* end)
-{
-    const std::size_t length = utf8Length(*at);
-    if (length == 1 || static_cast<std::size_t>(end - at) < length) return 0;
-    for (std::size_t i = 1; i < length; ++i)
-        if (!isUtf8Continuation(at[i])) return 0;
-
-    // The second byte alone tells overlong forms, surrogates and what lies beyond U+10FFFF.
-    const auto second = static_cast<unsigned char>(at[1]);
-    switch (static_cast<unsigned char>(*at)) {
-    case 0xE0:
-        return second >= 0xA0 ? length : 0;
-    case 0xED:
-        return second < 0xA0 ? length : 0;
-    case 0xF0:
-        return second >= 0x90 ? length : 0;
-    case 0xF4:
-        return second < 0x90 ? length : 0;
-    default:
-        return length;
-    }
-}
-
 const char* skipASCII(const char* at, const char* end)
 {
     while (end - at >= 32) {
@@ -50,6 +26,27 @@ const char* skipASCII(const char* at, const char* end)
 
 }
 
+DecodedUtf8 decodeUtf8(std::string_view text)
+{
+    const auto byteAt = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+    const unsigned char lead = byteAt(0);
+    if (lead < 0x80) return {.character = lead, .isValid = true};
+    const std::size_t length = utf8Length(text[0]);
+    if (length == 1) return {};
+
+    // Overlong forms, surrogates and what lies above U+10FFFF show in the second byte (Unicode, table 3-7).
+    unsigned char lowest = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
+    unsigned char highest = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
+    char32_t character = lead & (0x7FU >> length);
+    for (std::size_t i = 1; i < length; ++i) {
+        if (i == text.size() || byteAt(i) < lowest || byteAt(i) > highest) return {.size = i};
+        character = character << 6 | (byteAt(i) & 0x3FU);
+        lowest = 0x80;
+        highest = 0xBF;
+    }
+    return {.character = character, .size = length, .isValid = true};
+}
+
 bool isValidUtf8(std::string_view bytes)
 {
     const char* at = bytes.data();
@@ -59,9 +56,9 @@ bool isValidUtf8(std::string_view bytes)
             at = skipASCII(at, end);
             continue;
         }
-        const std::size_t length = multibyteLength(at, end);
-        if (length == 0) return false;
-        at += length;
+        const DecodedUtf8 decoded = decodeUtf8({at, static_cast<std::size_t>(end - at)});
+        if (!decoded.isValid) return false;
+        at += decoded.size;
     }
     return true;
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "core/app_delegate.h"
 
-#include "base/iso8601.h"
-#include "values/event_url.h"
+#include "base/date_time.h"
+#include "values/event_payload.h"
 
 namespace chimewell {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/date_time.h"
 #include "base/subscription.h"
 #include "base/text.h"
-#include "base/time_point.h"
 #include "ports/clock.h"
 #include "ports/random.h"
 #include "ports/user_locale.h"

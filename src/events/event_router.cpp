@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "events/event_router.h"
 
-#include "values/alert_text.h"
+#include "values/event_payload.h"
 
 #include <algorithm>
 #include <array>

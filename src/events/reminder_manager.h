@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/date_time.h"
 #include "base/last_seen.h"
-#include "base/time_point.h"
 #include "ports/clock.h"
 #include "ports/random.h"
 #include "ports/timers.h"

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "helper/deadline.h"
-#include "helper/environment.h"
+#include "helper/system.h"
 
 #include <string_view>
 

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "helper/bus_address.h"
 #include "helper/deliver.h"
-#include "helper/home_folder.h"
 #include "helper/session_bus.h"
 #include "values/shared_names.h"
 

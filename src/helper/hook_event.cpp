@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "helper/hook_event.h"
 
-#include "helper/event_url_builder.h"
-#include "helper/terminal.h"
+#include "base/percent.h"
+#include "base/utf8.h"
+#include "values/event_payload.h"
 #include "values/provider.h"
-
-#include <string_view>
 
 namespace chimewell {
 
@@ -25,17 +24,37 @@ std::string secondsSince1970(std::chrono::system_clock::time_point time)
 
 }
 
-std::optional<std::string> eventUrlFor(const CommandLine& command, const Payload& payload,
+EventUrlBuilder::EventUrlBuilder(CanonicalEvent event, std::string_view provider) : text_(eventUrlBeginning)
+{
+    text_.append(rawName(event)).append("&provider=").append(provider);
+}
+
+void EventUrlBuilder::add(std::string_view key, std::string_view value)
+{
+    if (value.empty()) return;
+    text_.append("&").append(key).append("=");
+    value = firstBytes(value, maxValueBytes);
+    while (!value.empty()) {
+        const DecodedUtf8 decoded = decodeUtf8(value);
+        const std::size_t size = decoded.isValid ? decoded.size : 1;
+        const Utf8Character replacement(replacementCharacter);
+        if (value.front() != '\0')
+            appendPercentEncoded(text_, decoded.isValid ? value.substr(0, size) : replacement.bytes());
+        value.remove_prefix(size);
+    }
+}
+
+std::optional<std::string> eventUrlFor(const Invocation& invocation, const Payload& payload,
                                        const Environment& environment,
                                        std::chrono::system_clock::time_point now)
 {
-    const bool isClaude = command.provider == claudeProvider;
-    const bool isCursor = command.provider == cursorProvider;
+    const bool isClaude = invocation.provider == claudeProvider;
+    const bool isCursor = invocation.provider == cursorProvider;
     if (payload.isUnwanted) return std::nullopt;
     // Cursor can run the hooks of Claude Code beside its own, which report the same turn.
     if (isClaude && !environment["CURSOR_VERSION"].empty()) return std::nullopt;
 
-    EventUrlBuilder url(command.event, command.provider);
+    EventUrlBuilder url(invocation.event, invocation.provider);
     url.add("session", textOr(payload.session, isClaude ? environment["CLAUDE_CODE_SESSION_ID"] : ""));
     url.add("cwd", textOr(payload.cwd, isClaude   ? environment["CLAUDE_PROJECT_DIR"]
                                        : isCursor ? environment["CURSOR_PROJECT_DIR"]

@@ -3,12 +3,10 @@
 // the application. Agents wait for it and read its output and status, so whatever happens it soon ends with
 // status 0 and says nothing.
 
-#include "helper/command_line.h"
-#include "helper/deadline.h"
+#include "helper/agent_input.h"
 #include "helper/deliver.h"
-#include "helper/environment.h"
 #include "helper/hook_event.h"
-#include "helper/payload.h"
+#include "helper/system.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -107,17 +105,17 @@ void run(std::span<const char* const> arguments, const Environment& environment,
 {
     static Buffer buffer;
     bool inputIsOpen = true;
-    if (const auto command = parseCommandLine(arguments)) {
-        PayloadReader reader(*command);
-        if (command->payloadIsArgument) {
-            reader.feed(command->payload, true);
+    if (const auto invocation = parseInvocation(arguments)) {
+        PayloadReader reader(*invocation);
+        if (invocation->payloadIsArgument) {
+            reader.feed(invocation->payload, true);
             inputIsOpen = false;
         } else {
             inputIsOpen = readPayload(reader, buffer, start + inputLimit);
         }
         const auto url =
-            eventUrlFor(*command, reader.payload(), environment, std::chrono::system_clock::now());
-        if (url) deliver(*url, mayStartApplication(command->event), environment, start + deliveryLimit);
+            eventUrlFor(*invocation, reader.payload(), environment, std::chrono::system_clock::now());
+        if (url) deliver(*url, mayStartApplication(invocation->event), environment, start + deliveryLimit);
     }
     // An agent that writes into a closed pipe may crash.
     while (inputIsOpen)

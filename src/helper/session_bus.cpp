@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "helper/session_bus.h"
 
+#include "base/percent.h"
 #include "helper/bus_message.h"
 #include "values/shared_names.h"
 
@@ -30,16 +31,28 @@ constexpr std::uint32_t questionSerial = 3;
 constexpr std::string_view greetingEnd = "\r\n";
 constexpr std::string_view accepted = "OK ";
 
+/// The socket of one address, for example `unix:path=/run/user/1000/bus,guid=…`.
+std::optional<std::string> socketOf(std::string_view address, std::string_view runtimeFolder)
+{
+    if (takeUntil(address, ':') != "unix") return std::nullopt;
+    while (!address.empty()) {
+        std::string_view value = takeUntil(address, ',');
+        const std::string_view key = takeUntil(value, '=');
+        auto text = strictlyPercentDecoded(value);
+        if (!text) return std::nullopt;
+        if (key == "path") return text;
+        if (key == "abstract") return std::string(1, '\0') + *text;
+        if (key == "runtime" && !runtimeFolder.empty()) return std::string(runtimeFolder) + "/bus";
+    }
+    return std::nullopt;
+}
+
 /// We say who we are (the socket proves it) and that we begin, without waiting to be believed.
 std::string greeting()
 {
-    constexpr std::string_view digits = "0123456789abcdef";
-    std::string text(1, '\0');
-    text += "AUTH EXTERNAL ";
-    for (const char c : std::to_string(geteuid())) {
-        text += digits[static_cast<unsigned char>(c) >> 4];
-        text += digits[static_cast<unsigned char>(c) & 0xF];
-    }
+    std::string text("\0AUTH EXTERNAL ", 15);
+    for (const char digit : std::to_string(geteuid()))
+        appendHexPair(text, digit);
     return text + "\r\nBEGIN\r\n";
 }
 
@@ -71,6 +84,21 @@ bool wouldBlock(int error)
     return error == EAGAIN || error == EWOULDBLOCK || error == EINTR;
 }
 
+}
+
+std::vector<std::string> sessionBusSockets(const Environment& environment, unsigned int userId)
+{
+    const std::string_view runtimeFolder = environment["XDG_RUNTIME_DIR"];
+    std::string_view addresses = environment["DBUS_SESSION_BUS_ADDRESS"];
+    if (addresses.empty()) {
+        if (!runtimeFolder.empty()) return {std::string(runtimeFolder) + "/bus"};
+        return {"/run/user/" + std::to_string(userId) + "/bus"};
+    }
+    std::vector<std::string> sockets;
+    while (!addresses.empty())
+        if (auto socket = socketOf(takeUntil(addresses, ';'), runtimeFolder))
+            sockets.push_back(*std::move(socket));
+    return sockets;
 }
 
 OpenCall::OpenCall(std::vector<std::string> sockets, std::string_view url, IfAbsent ifAbsent)

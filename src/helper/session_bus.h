@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "helper/deadline.h"
+#include "helper/system.h"
 
 #include <cstddef>
 #include <optional>
@@ -10,6 +10,12 @@
 #include <vector>
 
 namespace chimewell {
+
+/// The sockets at which the session bus may be reached, in the order in which to try them: those of
+/// DBUS_SESSION_BUS_ADDRESS, or if that is not set the one in the user's runtime folder. A name that begins
+/// with NUL is an abstract one. Transports other than Unix sockets, and what cannot be understood, are passed
+/// over.
+std::vector<std::string> sessionBusSockets(const Environment& environment, unsigned int userId);
 
 /// One call that opens a URL in the application, over a connection to the session bus of its own. Greeting,
 /// call and, behind it, a question to the bus itself leave in one write. The bus works in order, so its

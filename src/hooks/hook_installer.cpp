@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "hooks/hook_installer.h"
 
-#include "base/iso8601.h"
+#include "base/date_time.h"
 #include "hooks/helper_command.h"
 #include "values/shared_names.h"
 #include "values/texts.h"

@@ -5,8 +5,7 @@
 #include "hooks/helper_command.h"
 #include "values/provider.h"
 #include "values/texts.h"
-#include "json/json_parser.h"
-#include "json/json_writer.h"
+#include "json/json_text.h"
 
 #include <algorithm>
 #include <array>

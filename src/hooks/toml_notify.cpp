@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "hooks/toml_notify.h"
 
+#include "base/percent.h"
 #include "base/utf8.h"
 
 #include <algorithm>
@@ -11,7 +12,6 @@ namespace chimewell {
 
 namespace {
 
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view blanks = " \t";
 
 std::string_view withoutBlanks(std::string_view text)
@@ -169,7 +169,7 @@ std::size_t statementEnd(std::string_view toml, std::size_t at)
 template<class Visit>
 void forEachStatement(std::string_view toml, Visit visit)
 {
-    std::size_t begin = toml.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
+    std::size_t begin = byteOrderMarkSize(toml);
     while (begin < toml.size()) {
         const std::size_t end = statementEnd(toml, begin);
         if (visit(withoutBlanks(toml.substr(begin, end - begin)), begin, end - begin)) return;
@@ -212,7 +212,7 @@ bool definesNotifyOtherwise(std::string_view toml)
 std::string withNotifyLine(std::string_view toml, const std::optional<NotifySetting>& replaced,
                            std::string_view line)
 {
-    const std::size_t top = toml.starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
+    const std::size_t top = byteOrderMarkSize(toml);
     std::string text(toml);
     text.replace(replaced ? replaced->begin : top, replaced ? replaced->size : 0, std::string(line) + '\n');
     if (!text.ends_with('\n')) text += '\n';
@@ -230,10 +230,8 @@ std::string tomlString(std::string_view text)
     for (const char c : text) {
         const auto byte = static_cast<unsigned char>(c);
         if ((byte < 0x20 && c != '\t') || byte == 0x7F) {
-            constexpr std::string_view hexDigits = "0123456789ABCDEF";
             quoted += "\\u00";
-            quoted += hexDigits[byte >> 4U];
-            quoted += hexDigits[byte & 0xFU];
+            appendHexPair(quoted, c);
             continue;
         }
         if (c == '\\' || c == '"') quoted += '\\';

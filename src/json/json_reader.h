@@ -2,8 +2,8 @@
 #pragma once
 
 #include "base/byte_word.h"
+#include "base/percent.h"
 #include "base/utf8.h"
-#include "json/json_fault.h"
 
 #include <array>
 #include <cstddef>
@@ -13,6 +13,27 @@
 #include <vector>
 
 namespace chimewell {
+
+/// Why a text is no JSON of ours, in the order in which the reader can meet them.
+enum class JSONFault : std::uint8_t {
+    none,
+    unexpectedEnd,
+    invalidLiteral,
+    keyExpected,
+    colonExpected,
+    unterminatedObject,
+    objectSeparatorExpected,
+    unterminatedArray,
+    arraySeparatorExpected,
+    unterminatedString,
+    unterminatedEscape,
+    invalidEscape, ///< The message goes on with the character after the backslash.
+    truncatedUnicodeEscape,
+    invalidHexDigit,
+    missingNumber,
+    numberWithoutDigit, ///< The message goes on with the number's text.
+    trailingContent,
+};
 
 /// What a reader tells, in the order of the text. A key, string or number comes in one piece or more, the
 /// last one marked; only the last may be empty. Strings and keys arrive unescaped, numbers as they are
@@ -203,7 +224,7 @@ private:
             handler_.null();
             return true;
         default:
-            if (numberCharacter(*at) == NumberCharacter::none) return fail(JSONFault::missingNumber);
+            if (!isInNumber(*at)) return fail(JSONFault::missingNumber);
             sawDigit_ = false;
             state_ = State::number;
             return readNumber(at);
@@ -259,11 +280,8 @@ private:
     bool readNumber(const char*& at)
     {
         const char* const begin = at;
-        for (; at != end_; ++at) {
-            const NumberCharacter character = numberCharacter(*at);
-            if (character == NumberCharacter::none) break;
-            sawDigit_ |= character == NumberCharacter::digit;
-        }
+        for (; at != end_ && isInNumber(*at); ++at)
+            sawDigit_ |= isDigit(*at);
         const std::string_view piece(begin, static_cast<std::size_t>(at - begin));
         const bool complete = at != end_ || last_;
         if (complete && sawDigit_) {
@@ -342,7 +360,7 @@ private:
                 character = 0x10000 + (character - 0xD800) * 0x400 + (*second - 0xDC00);
         }
         if (isHighSurrogate(character) || isLowSurrogate(character)) {
-            character = 0xFFFD;
+            character = replacementCharacter;
             sawLoneSurrogate_ = true;
         }
         tellText(Utf8Character(character).bytes(), false);
@@ -356,7 +374,7 @@ private:
         char32_t unit = 0;
         int read = 0;
         for (; read < 4 && digits + read != end_; ++read) {
-            const int digit = hexDigit(digits[read]);
+            const int digit = hexDigitValue(digits[read]);
             if (digit < 0) break;
             unit = unit << 4 | static_cast<char32_t>(digit);
         }
@@ -409,13 +427,10 @@ private:
         return at;
     }
 
-    enum class NumberCharacter : std::uint8_t { none, digit, other };
-
-    static NumberCharacter numberCharacter(char c)
+    static bool isDigit(char c) { return c >= '0' && c <= '9'; }
+    static bool isInNumber(char c)
     {
-        if (c >= '0' && c <= '9') return NumberCharacter::digit;
-        const bool other = c == '-' || c == '.' || c == 'e' || c == 'E' || c == '+';
-        return other ? NumberCharacter::other : NumberCharacter::none;
+        return isDigit(c) || c == '-' || c == '.' || c == 'e' || c == 'E' || c == '+';
     }
 
     /// The character that `\` and `letter` stand for; NUL if none.
@@ -439,14 +454,6 @@ private:
         default:
             return '\0';
         }
-    }
-
-    static int hexDigit(char c)
-    {
-        if (c >= '0' && c <= '9') return c - '0';
-        if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-        if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-        return -1;
     }
 
     static bool isHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit < 0xDC00; }

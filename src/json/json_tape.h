@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "json/json_node.h"
 #include "json/json_value.h"
 
 #include <cstddef>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "json/json_value.h"
 
-#include "json/json_node.h"
 #include "json/json_tape.h"
 
+#include <iterator>
 #include <utility>
 
 namespace chimewell {
@@ -73,23 +73,10 @@ JSONValue JSONValue::boolean(bool value)
 
 JSONValue::Kind JSONValue::kind() const
 {
-    switch (node().tag()) {
-    case JSONTag::object:
-        return Kind::object;
-    case JSONTag::array:
-        return Kind::array;
-    case JSONTag::plainString:
-    case JSONTag::escapedString:
-        return Kind::string;
-    case JSONTag::number:
-        return Kind::number;
-    case JSONTag::yes:
-    case JSONTag::no:
-        return Kind::boolean;
-    case JSONTag::null:
-        break;
-    }
-    return Kind::null;
+    using enum Kind;
+    constexpr Kind kinds[] = {object, array, string, string, number, boolean, boolean, null}; // by tag
+    static_assert(std::size(kinds) == static_cast<std::size_t>(JSONTag::null) + 1);
+    return kinds[static_cast<std::size_t>(node().tag())];
 }
 
 std::string_view JSONValue::text() const

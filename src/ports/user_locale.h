@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "base/time_point.h"
+#include "base/date_time.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "presentation/panel_model.h"
 
-#include "values/alert_text.h"
+#include "values/event_payload.h"
 #include "values/texts.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "presentation/provider_card.h"
 
-#include "base/readable_text.h"
+#include "base/unicode_text.h"
 #include "values/provider.h"
 #include "values/texts.h"
 

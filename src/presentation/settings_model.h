@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "values/auth_status.h"
+#include "alerts/notification_service.h"
+#include "ports/speech_synthesizer.h"
 #include "values/texts.h"
-#include "values/voice.h"
 
 #include <array>
 #include <cstddef>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "presentation/user_actions.h"
 
-#include "values/event_url.h"
+#include "values/event_payload.h"
 #include "values/texts.h"
 
 namespace chimewell {

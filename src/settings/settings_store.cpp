@@ -2,7 +2,6 @@
 #include "settings/settings_store.h"
 
 #include "values/app_settings.h"
-#include "values/app_settings_json.h"
 #include "values/texts.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/date_time.h"
 #include "base/text.h"
-#include "base/time_point.h"
 #include "values/canonical_event.h"
 
 #include <cstdint>
@@ -69,5 +69,13 @@ private:
     static std::vector<EventSetting> defaultEvents();
     static std::vector<ProviderInstallState> defaultProviders();
 };
+
+/// The settings of a file, or nothing where it is not ours to read: no JSON, a value of the wrong
+/// type, an event that does not exist. Missing keys take their defaults and unknown ones are
+/// ignored, so that the file of an older or a newer build loads; not normalized.
+std::optional<AppSettings> decodeSettings(std::string_view json);
+
+/// Pretty-printed JSON with the keys in alphabetical order. Absent optional fields are left out.
+std::string encodeSettings(const AppSettings& settings);
 
 }

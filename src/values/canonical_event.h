@@ -3,8 +3,11 @@
 
 #include "base/text.h"
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <optional>
 #include <string_view>
 
@@ -28,10 +31,35 @@ inline constexpr std::array allCanonicalEvents = {
     CanonicalEvent::sessionStart, CanonicalEvent::userActed,
 };
 
+struct EventName {
+    CanonicalEvent event;
+    std::string_view rawName;
+};
+inline constexpr EventName eventNames[] = {
+    {CanonicalEvent::finished, "finished"},
+    {CanonicalEvent::waitingInput, "waiting_input"},
+    {CanonicalEvent::subagentFinished, "subagent_finished"},
+    {CanonicalEvent::error, "error"},
+    {CanonicalEvent::toolUse, "tool_use"},
+    {CanonicalEvent::longRunningStart, "long_running_start"},
+    {CanonicalEvent::sessionStart, "session_start"},
+    {CanonicalEvent::userActed, "user_acted"},
+};
+static_assert(std::ranges::equal(eventNames, allCanonicalEvents, {}, &EventName::event),
+              "an event has no name");
+
 /// The name on the wire, in the settings file and in keys.
-std::string_view rawName(CanonicalEvent event);
+constexpr std::string_view rawName(CanonicalEvent event)
+{
+    return eventNames[static_cast<std::size_t>(event)].rawName;
+}
+
 /// The event of exactly that raw name; there are no aliases.
-std::optional<CanonicalEvent> eventNamed(std::string_view rawName);
+constexpr std::optional<CanonicalEvent> eventNamed(std::string_view rawName)
+{
+    const auto* const found = std::ranges::find(eventNames, rawName, &EventName::rawName);
+    return found == std::end(eventNames) ? std::nullopt : std::optional(found->event);
+}
 
 Text displayName(CanonicalEvent event);
 /// Spoken when the user chose no phrase.

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "base/text.h"
+#include "values/texts.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <string_view>
@@ -23,11 +25,37 @@ struct SoundOption {
 inline constexpr std::string_view silentSoundId = "__silent__";
 
 /// The alert sounds in alphabetical order. macOS has them built in; elsewhere they come with us.
-inline constexpr std::array<std::string_view, 14> playableSoundNames = {
-    "Basso", "Blow", "Bottle", "Frog", "Funk",   "Glass",     "Hero",
-    "Morse", "Ping", "Pop",    "Purr", "Sosumi", "Submarine", "Tink",
-};
+inline constexpr auto playableSoundNames = std::to_array<std::string_view>({
+    "Basso",
+    "Blow",
+    "Bottle",
+    "Frog",
+    "Funk",
+    "Glass",
+    "Hero",
+    "Morse",
+    "Ping",
+    "Pop",
+    "Purr",
+    "Sosumi",
+    "Submarine",
+    "Tink",
+});
 
-bool isPlayableSound(std::string_view id);
+constexpr bool isPlayableSound(std::string_view id)
+{
+    return std::ranges::find(playableSoundNames, id) != playableSoundNames.end();
+}
+
+inline const std::vector<SoundOption>& SoundOption::all()
+{
+    static const std::vector<SoundOption> options = [] {
+        std::vector<SoundOption> list{{std::string(silentSoundId), texts::silent}};
+        for (const std::string_view name : playableSoundNames)
+            list.push_back({std::string(name), name});
+        return list;
+    }();
+    return options;
+}
 
 }

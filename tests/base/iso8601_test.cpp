@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "base/iso8601.h"
+#include "base/date_time.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "base/readable_text.h"
+#include "base/unicode_text.h"
 
 #include <string>
 #include <string_view>

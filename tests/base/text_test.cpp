@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "base/characters.h"
-#include "base/decimal.h"
-#include "base/integral.h"
-#include "base/percent_decode.h"
+#include "base/numbers.h"
+#include "base/percent.h"
+#include "base/unicode_text.h"
 #include "base/utf8.h"
-#include "base/white_space.h"
 
 #include <gtest/gtest.h>
 

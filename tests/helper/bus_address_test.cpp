@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "helper/bus_address.h"
+#include "helper/session_bus.h"
 
 #include <gtest/gtest.h>
 

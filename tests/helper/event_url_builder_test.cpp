@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "helper/event_url_builder.h"
+#include "helper/hook_event.h"
 
-#include "helper/payload.h"
-#include "values/event_url.h"
+#include "helper/agent_input.h"
+#include "values/event_payload.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "helper/hook_event.h"
 
-#include "helper/command_line.h"
-#include "helper/payload.h"
+#include "helper/agent_input.h"
 
 #include <gtest/gtest.h>
 
@@ -51,7 +50,7 @@ std::ostream& operator<<(std::ostream& out, const HookRun& run)
 }
 
 /// Gives the payload in windows that grow by `step`, which cuts it at every place if that is 1.
-Payload read(const CommandLine& command, std::string_view bytes, std::size_t step)
+Payload read(const Invocation& command, std::string_view bytes, std::size_t step)
 {
     PayloadReader reader(command);
     std::size_t begin = 0;
@@ -68,7 +67,7 @@ std::string sent(const HookRun& run, std::size_t step)
 {
     auto block = run.environment;
     block.push_back(nullptr);
-    const auto command = parseCommandLine(run.arguments);
+    const auto command = parseInvocation(run.arguments);
     if (!command) return "no command";
     const Payload payload = read(*command, command->payloadIsArgument ? command->payload : run.payload, step);
     const std::chrono::system_clock::time_point now(1700000000007ms);
@@ -265,7 +264,7 @@ TEST(PayloadReader, KeepsLittleOfALongValue)
     EXPECT_EQ(reader.payload().session, "S");
 }
 
-TEST(CommandLine, RefusesWhatItDoesNotKnow)
+TEST(Invocation, RefusesWhatItDoesNotKnow)
 {
     const std::vector<std::vector<const char*>> unknown = {{},
                                                            {"claude"},
@@ -275,7 +274,7 @@ TEST(CommandLine, RefusesWhatItDoesNotKnow)
                                                            {"Claude", "finished"},
                                                            {""}};
     for (const auto& arguments : unknown)
-        EXPECT_FALSE(parseCommandLine(arguments)) << (arguments.empty() ? "" : arguments.back());
+        EXPECT_FALSE(parseInvocation(arguments)) << (arguments.empty() ? "" : arguments.back());
 }
 
 }

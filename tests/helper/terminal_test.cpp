@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "helper/home_folder.h"
-#include "helper/terminal.h"
+#include "helper/system.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>

@@ -4,8 +4,7 @@
 #include "support/fixed_home.h"
 #include "support/memory_files.h"
 #include "support/one_resource.h"
-#include "json/json_parser.h"
-#include "json/json_writer.h"
+#include "json/json_text.h"
 
 #include <gtest/gtest.h>
 

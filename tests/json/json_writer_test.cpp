@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "json/json_writer.h"
-
-#include "json/json_parser.h"
+#include "json/json_text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "json/json_reader.h"
+#include "json/json_text.h"
 
 #include <cstddef>
 #include <string>

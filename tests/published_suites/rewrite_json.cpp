@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // rewrite_json: reads a JSON document from standard input and writes it in our layout to standard output.
 // The status is 1, and the output the reader's sentence, if it is not accepted.
-#include "json/json_parser.h"
-#include "json/json_writer.h"
+#include "json/json_text.h"
 
 #include <cstdio>
 #include <iostream>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "values/event_url.h"
+#include "values/event_payload.h"
 
 #include <gtest/gtest.h>
 

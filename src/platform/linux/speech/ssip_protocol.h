@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "values/voice.h"
+#include "ports/speech_synthesizer.h"
 
 #include <optional>
 #include <string>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "json/json_reader.h"
 #include "json/json_value.h"
 
 #include <cstdint>
@@ -16,6 +17,9 @@ struct ParseError {
     bool operator==(const ParseError&) const = default;
 };
 
+/// The sentence for `fault`, or its beginning. Users see it as it is.
+std::string_view message(JSONFault fault);
+
 /// What becomes of an escaped half of a surrogate pair that stands alone.
 enum class LoneSurrogates : std::uint8_t {
     replace, ///< It is read as U+FFFD, as everywhere where a user's file has to be taken as it is.
@@ -25,5 +29,16 @@ enum class LoneSurrogates : std::uint8_t {
 /// The value that `bytes` spell, in the grammar of JSONReader. A byte-order mark is no part of it.
 std::expected<JSONValue, ParseError> parseJSON(std::string_view bytes,
                                                LoneSurrogates loneSurrogates = LoneSurrogates::replace);
+
+/// The text of `value`, two spaces a level, one member or element a line, without a line feed at the end.
+/// Indentation grows with the square of the nesting: where a file of others decides on that, ask
+/// writtenSize first.
+std::string writeJSON(const JSONValue& value);
+
+/// How many bytes writeJSON gives, found without writing them.
+std::uint64_t writtenSize(const JSONValue& value);
+
+/// `utf8` as a JSON string, quotes included. Escaped are quotes, backslashes and characters below U+0020.
+std::string quoteJSON(std::string_view utf8);
 
 }

@@ -7,6 +7,14 @@
 
 namespace chimewell {
 
+/// The first `count` user-perceived characters (extended grapheme clusters, Unicode Standard
+/// Annex 29) of valid UTF-8. One of them may be any number of bytes; the time is linear in the text.
+std::string_view firstCharacters(std::string_view text, std::size_t count);
+
+/// `text` without white space and line breaks at both ends. White space is Unicode's general
+/// categories Zs, Zl and Zp, U+0009 to U+000D and U+0085; U+FEFF is none.
+std::string_view trimmed(std::string_view text);
+
 /// The longest text that is shown or spoken at once. Desktops and toolkits draw, or speak, far more for
 /// seconds on end.
 inline constexpr std::size_t maxReadableBytes = 4096;

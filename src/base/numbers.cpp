@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "base/integral.h"
+#include "base/numbers.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cstddef>
+#include <locale>
+#include <sstream>
 #include <string>
 #include <system_error>
 
@@ -70,6 +72,19 @@ std::optional<std::int64_t> integral(std::string_view number)
     const char* end = digits.data() + digits.size();
     const auto [stop, error] = std::from_chars(digits.data(), end, value);
     return error == std::errc{} && stop == end ? std::optional(value) : std::nullopt;
+}
+
+std::optional<double> decimal(std::string_view text)
+{
+    // A stream rather than from_chars: libc++ 19 has none for floating point.
+    // The stream skips leading white space, and some read hexadecimal, "inf" and "nan".
+    if (text.empty() || text.find_first_not_of("0123456789+-.eE") != std::string_view::npos)
+        return std::nullopt;
+    std::istringstream stream{std::string(text)};
+    stream.imbue(std::locale::classic());
+    double value = 0;
+    if (!(stream >> value) || stream.peek() != std::istringstream::traits_type::eof()) return std::nullopt;
+    return value;
 }
 
 }

@@ -1,18 +1,31 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "helper/command_line.h"
-#include "values/event_url.h"
+#include "values/canonical_event.h"
+#include "values/event_payload.h"
 #include "json/json_reader.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
 namespace chimewell {
+
+/// How the agent's configuration calls the helper.
+struct Invocation {
+    std::string_view provider;
+    CanonicalEvent event = CanonicalEvent::finished;
+    bool payloadIsArgument = false; ///< Otherwise it comes on standard input.
+    std::string_view payload = {};  ///< If it is an argument; empty when that is missing.
+};
+
+/// `arguments`, the program's name left out, are `claude EVENT` or `cursor EVENT` with an event's raw name,
+/// or `codex-notify JSON`. Anything else gives nothing; what follows is ignored.
+std::optional<Invocation> parseInvocation(std::span<const char* const> arguments);
 
 /// What an agent's payload tells about the event. A member that is missing, or no text, is absent.
 struct Payload {
@@ -22,13 +35,13 @@ struct Payload {
     bool isUnwanted = false; ///< The agent reports something that is no event to the user.
 };
 
-/// Picks the few members of the payload that the command's event needs, and keeps nothing else of it:
+/// Picks the few members of the payload that the event needs, and keeps nothing else of it:
 /// prompts, answers, tool input and output pass by. Of each value one byte more than `maxValueBytes` is kept:
 /// enough to be cut where a character ends. Only members of the outermost object count. Of a repeated one the
 /// first counts, as the event may have left before the second comes.
 class PayloadReader {
 public:
-    explicit PayloadReader(const CommandLine& command);
+    explicit PayloadReader(const Invocation& invocation);
     PayloadReader(const PayloadReader&) = delete;
     PayloadReader& operator=(const PayloadReader&) = delete;
 
@@ -93,7 +106,7 @@ private:
     bool isUnwanted() const;
     bool isTitleTurn() const;
 
-    CommandLine command_;
+    Invocation invocation_;
     Collector collector_;
     JSONReader<Collector> reader_{collector_};
     bool atStart_ = true;

@@ -1,17 +1,42 @@
 // SPDX-License-Identifier: MIT
-#include "json/json_writer.h"
+#include "json/json_text.h"
 
 #include "base/byte_word.h"
-#include "json/json_node.h"
+#include "base/utf8.h"
+#include "json/json_tape.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
+#include <iterator>
+#include <utility>
 #include <vector>
 
 namespace chimewell {
 
 namespace {
+
+constexpr std::string_view messages[] = {
+    // by fault
+    "",
+    "unexpected end of input",
+    "invalid literal",
+    "expected string key in object",
+    "expected ':' after key",
+    "unterminated object",
+    "expected ',' or '}' in object",
+    "unterminated array",
+    "expected ',' or ']' in array",
+    "unterminated string",
+    "unterminated escape",
+    "invalid escape \\",
+    "truncated \\u escape",
+    "invalid hex digit in \\u escape",
+    "invalid number",
+    "invalid number ",
+    "trailing content after top-level value",
+};
+static_assert(std::size(messages) == static_cast<std::size_t>(JSONFault::trailingContent) + 1);
 
 /// Counts what a Filler would write.
 class Counter {
@@ -64,25 +89,12 @@ private:
 template<class Output>
 void putEscape(char c, Output& output)
 {
+    constexpr std::string_view named = "\b\t\n\f\r\"\\";
+    constexpr std::string_view letters = "btnfr\"\\";
     output.put('\\');
-    switch (c) {
-    case '\b':
-        return output.put('b');
-    case '\t':
-        return output.put('t');
-    case '\n':
-        return output.put('n');
-    case '\f':
-        return output.put('f');
-    case '\r':
-        return output.put('r');
-    case '"':
-    case '\\':
-        return output.put(c);
-    default:
-        output.put(c < 0x10 ? "u000" : "u001");
-        output.put("0123456789abcdef"[c & 0xF]);
-    }
+    if (const auto at = named.find(c); at != std::string_view::npos) return output.put(letters[at]);
+    output.put(c < 0x10 ? "u000" : "u001");
+    output.put("0123456789abcdef"[c & 0xF]);
 }
 
 template<class Output>
@@ -193,6 +205,29 @@ std::string filled(std::uint64_t size, const Fill& fill)
     return text;
 }
 
+}
+
+std::string_view message(JSONFault fault)
+{
+    return messages[static_cast<std::size_t>(fault)];
+}
+
+std::expected<JSONValue, ParseError> parseJSON(std::string_view bytes, LoneSurrogates loneSurrogates)
+{
+    if (!isValidUtf8(bytes)) return std::unexpected(ParseError{"not valid UTF-8"});
+
+    JSONTape tape(bytes.size() + JSONNode::headerSize);
+    JSONReader reader(tape);
+    reader.feed(bytes, true);
+    if (reader.fault() != JSONFault::none) {
+        ParseError error{std::string(message(reader.fault()))};
+        if (reader.fault() == JSONFault::invalidEscape) error.message += reader.offendingCharacter();
+        if (reader.fault() == JSONFault::numberWithoutDigit) error.message += tape.unfinishedText();
+        return std::unexpected(std::move(error));
+    }
+    if (reader.sawLoneSurrogate() && loneSurrogates == LoneSurrogates::refuse)
+        return std::unexpected(ParseError{"lone surrogate"});
+    return std::move(tape).finish();
 }
 
 std::string writeJSON(const JSONValue& value)

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "helper/payload.h"
+#include "helper/agent_input.h"
 
+#include "base/utf8.h"
 #include "values/provider.h"
+#include "values/shared_names.h"
 
 #include <algorithm>
 
@@ -9,12 +11,11 @@ namespace chimewell {
 
 namespace {
 
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr std::size_t maxKeyBytes = 32; // longer than every key we look for
 constexpr std::size_t maxDepth = 10000;
 
 /// Notifications of Claude Code that ask nothing of the user.
-constexpr std::array<std::string_view, 6> unwantedNotifications = {
+constexpr std::string_view unwantedNotifications[] = {
     "auth_success",       "elicitation_complete", "elicitation_response",
     "computer_use_enter", "computer_use_exit",    "push_notification",
 };
@@ -74,15 +75,28 @@ bool isTitleAnswer(std::string_view text)
 
 }
 
-PayloadReader::PayloadReader(const CommandLine& command) : command_(command)
+std::optional<Invocation> parseInvocation(std::span<const char* const> arguments)
 {
-    if (command.provider == claudeProvider) {
+    if (arguments.empty()) return std::nullopt;
+    const std::string_view first = arguments[0];
+    const std::string_view second = arguments.size() > 1 ? arguments[1] : std::string_view();
+    if (first == codexNotifyCommand)
+        return Invocation{.provider = codexProvider, .payloadIsArgument = true, .payload = second};
+
+    const auto event = eventNamed(second);
+    if ((first != claudeProvider && first != cursorProvider) || !event) return std::nullopt;
+    return Invocation{.provider = first, .event = *event};
+}
+
+PayloadReader::PayloadReader(const Invocation& invocation) : invocation_(invocation)
+{
+    if (invocation.provider == claudeProvider) {
         collector_.want(Role::session, "session_id");
         collector_.want(Role::cwd, "cwd");
-        if (command.event != CanonicalEvent::waitingInput) return;
+        if (invocation.event != CanonicalEvent::waitingInput) return;
         collector_.want(Role::message, "message");
         collector_.want(Role::kind, "notification_type");
-    } else if (command.provider == cursorProvider) {
+    } else if (invocation.provider == cursorProvider) {
         collector_.want(Role::session, "conversation_id");
         collector_.want(Role::cwd, "workspace_roots", true);
         collector_.want(Role::kind, "status");
@@ -100,7 +114,7 @@ std::size_t PayloadReader::feed(std::string_view window, bool last)
     std::size_t skipped = 0;
     if (atStart_) {
         if (!last && window.size() < byteOrderMark.size() && byteOrderMark.starts_with(window)) return 0;
-        if (window.starts_with(byteOrderMark)) skipped = byteOrderMark.size();
+        skipped = byteOrderMarkSize(window);
         atStart_ = false;
     }
     return skipped + reader_.feed(window.substr(skipped), last);
@@ -123,9 +137,9 @@ Payload PayloadReader::payload() const
 bool PayloadReader::isUnwanted() const
 {
     const auto kind = collector_[Role::kind].text();
-    if (command_.provider == claudeProvider)
-        return kind && std::ranges::find(unwantedNotifications, *kind) != unwantedNotifications.end();
-    if (command_.provider == cursorProvider) return kind == "aborted"; // by the user, who is there
+    if (invocation_.provider == claudeProvider)
+        return kind && std::ranges::find(unwantedNotifications, *kind) != std::end(unwantedNotifications);
+    if (invocation_.provider == cursorProvider) return kind == "aborted"; // by the user, who is there
     return (kind && *kind != "agent-turn-complete") || isTitleTurn();
 }
 
