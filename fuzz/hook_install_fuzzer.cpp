@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Whatever the agents' files hold: installing and uninstalling leaves all that is not ours as it was, in its
 // order, and a file that is refused keeps its bytes.
+#include "fuzzing.h"
 #include "hooks/json_hook_installer.h"
 #include "support/fake_time.h"
 #include "support/fixed_home.h"
@@ -9,20 +10,13 @@
 #include "json/json_text.h"
 
 #include <cstddef>
-#include <cstdint>
-#include <cstdlib>
 #include <optional>
 #include <string>
 #include <string_view>
 
+namespace chimewell::fuzz {
+
 namespace {
-
-using namespace chimewell;
-
-void require(bool holds)
-{
-    if (!holds) std::abort();
-}
 
 template<class Installer>
 void installAndUninstall(const std::string& before)
@@ -63,10 +57,11 @@ void installAndUninstall(const std::string& before)
 
 }
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void check(std::string_view bytes)
 {
-    const std::string text(reinterpret_cast<const char*>(data), size);
+    const std::string text(bytes);
     installAndUninstall<ClaudeHookInstaller>(text);
     installAndUninstall<CursorHookInstaller>(text);
-    return 0;
+}
+
 }

@@ -3,26 +3,18 @@
 // reader tells the same however the bytes are cut.
 
 #include "base/utf8.h"
+#include "fuzzing.h"
 #include "json/json_text.h"
 #include "json/transcript.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
-#include <string_view>
 
-namespace {
-
-void require(bool holds)
-{
-    if (!holds) std::abort();
-}
+namespace chimewell::fuzz {
 
 void check(std::string_view bytes)
 {
-    using namespace chimewell;
-
     const test::Reading whole = test::readWhole(bytes);
     require(whole.kept);
     const std::size_t cut = bytes.size() / 2;
@@ -52,10 +44,4 @@ void check(std::string_view bytes)
     if (value->is(JSONValue::Kind::array)) require(JSONValue::array(value->elements()) == *value);
 }
 
-}
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
-{
-    check({reinterpret_cast<const char*>(data), size});
-    return 0;
 }

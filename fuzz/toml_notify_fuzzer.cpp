@@ -1,30 +1,23 @@
 // SPDX-License-Identifier: MIT
 // Whatever the configuration: our line goes in and comes out again without touching another byte.
+#include "fuzzing.h"
 #include "hooks/toml_notify.h"
 
 #include <cstddef>
-#include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
 
-namespace {
+namespace chimewell::fuzz {
 
-using namespace chimewell;
+namespace {
 
 constexpr std::string_view line = "notify = [\"/opt/chimewell-hook\", \"codex-notify\"]";
 
-void require(bool holds)
-{
-    if (!holds) std::abort();
 }
 
-}
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void check(std::string_view toml)
 {
-    const std::string_view toml(reinterpret_cast<const char*>(data), size);
     const auto found = findNotify(toml);
     static_cast<void>(definesNotifyOtherwise(toml));
     const std::string with = withNotifyLine(toml, found, line);
@@ -40,5 +33,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::string expected = found ? withoutNotify(toml, *found) : std::string(toml);
     const bool endedOpen = !expected.empty() && !expected.ends_with('\n') && without != expected;
     require(without == (endedOpen ? expected + "\n" : expected));
-    return 0;
+}
+
 }
