@@ -3,7 +3,10 @@
 // what people put into hooks otherwise, and whether every event arrives. All commands run in random order in
 // each round, on a bus of the benchmark's own. Instructions are counted by valgrind, where that is installed.
 
+#include "helper/bus_message.h"
 #include "helper/recorded_bus.h"
+#include "helper/session_bus.h"
+#include "values/shared_names.h"
 
 #include <fcntl.h>
 #include <spawn.h>
@@ -177,12 +180,45 @@ double ratio(const Command& command, const Command& to)
     return median(std::move(ratios));
 }
 
-std::vector<Command> commands()
+/// What the hook writes to the bus, with as long a URL.
+std::string messages()
+{
+    constexpr char busName[] = "org.freedesktop.DBus";
+    constexpr char busPath[] = "/org/freedesktop/DBus";
+    const std::string url = "chimewell://event?type=user_acted&provider=claude&" + std::string(100, 'x');
+    const std::string user = std::to_string(geteuid());
+    std::string text("\0AUTH EXTERNAL ", 15);
+    for (const char digit : user)
+        text.append("3").append(1, digit);
+    return text + "\r\nBEGIN\r\n" +
+           encode({.serial = 1,
+                   .destination = busName,
+                   .path = busPath,
+                   .interface = busName,
+                   .member = "Hello"}) +
+           encode({.serial = 2,
+                   .destination = applicationId,
+                   .path = applicationObjectPath,
+                   .interface = applicationInterface,
+                   .member = openMethod,
+                   .startsDestination = false,
+                   .url = url}) +
+           encode({.serial = 3,
+                   .destination = busName,
+                   .path = busPath,
+                   .interface = busName,
+                   .member = "GetId"});
+}
+
+std::vector<Command> commands(const std::string& socket, const std::string& messagesFile)
 {
     const std::vector<std::string> hook = {CHIMEWELL_HOOK, "claude", "user_acted"};
     const std::vector<std::string> drop = {CHIMEWELL_READ_AND_DROP};
     std::vector<Command> all = {
         {.name = "spawn floor", .arguments = {CHIMEWELL_SPAWN_FLOOR}, .input = {}},
+        {.name = "fixed sender",
+         .arguments = {CHIMEWELL_FIXED_SENDER, socket, messagesFile},
+         .input = payload(1000, false)},
         {.name = "notify-send",
          .arguments = {"notify-send", "Finished", "The agent finished responding and is idle."},
          .input = {}},
@@ -211,17 +247,17 @@ void report(const std::vector<Command>& all, Runner& runner, const std::string& 
     std::map<std::string, const Command*> byName;
     for (const Command& command : all)
         byName[command.name] = &command;
-    std::printf("%-24s %9s %8s %8s %13s %9s\n", "command", "wall ms", "x floor", "x drop", "instructions",
-                "peak kB");
+    std::printf("%-24s %9s %8s %8s %8s %13s %9s\n", "command", "wall ms", "x floor", "x sender", "x drop",
+                "instructions", "peak kB");
     for (const Command& command : all) {
         std::ofstream(inputFile, std::ios::binary) << command.input;
         const auto bound = byName.find(command.bound);
         std::array<char, 32> ofBound{};
         if (bound != byName.end())
             std::snprintf(ofBound.data(), ofBound.size(), "%.2f", ratio(command, *bound->second));
-        std::printf("%-24s %9.3f %8.2f %8s %13ld %9ld\n", command.name.c_str(), median(command.walls),
-                    ratio(command, *byName["spawn floor"]), ofBound.data(),
-                    runner.instructions(command, inputFile), runner.peak(command, inputFile));
+        std::printf("%-24s %9.3f %8.2f %8.2f %8s %13ld %9ld\n", command.name.c_str(), median(command.walls),
+                    ratio(command, *byName["spawn floor"]), ratio(command, *byName["fixed sender"]),
+                    ofBound.data(), runner.instructions(command, inputFile), runner.peak(command, inputFile));
     }
 }
 
@@ -276,7 +312,12 @@ int run(int rounds)
     environment.push_back("PATH=/usr/local/bin:/usr/bin:/bin");
     Runner runner(environment);
 
-    auto all = commands();
+    std::vector<std::string> pointersSource = environment;
+    const auto block = pointers(pointersSource);
+    const std::string messagesFile = bus.folder.path() / "messages";
+    std::ofstream(messagesFile, std::ios::binary) << messages();
+    auto all =
+        commands(sessionBusSockets(chimewell::Environment(block.data()), geteuid()).front(), messagesFile);
     std::vector<Command*> order;
     order.reserve(all.size());
     for (Command& command : all)
@@ -286,7 +327,8 @@ int run(int rounds)
         std::ranges::shuffle(order, random);
         for (Command* const command : order) {
             command->walls.push_back(runner.wall(*command));
-            if (command->arguments[0] == CHIMEWELL_HOOK) bus.nextRecord();
+            if (command->arguments[0] == CHIMEWELL_HOOK || command->arguments[0] == CHIMEWELL_FIXED_SENDER)
+                bus.nextRecord();
         }
     }
     report(all, runner, (bus.folder.path() / "input").string());

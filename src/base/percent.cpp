@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "base/percent.h"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace chimewell {
@@ -30,13 +31,15 @@ void appendHexPair(std::string& text, char byte)
 
 void appendPercentEncoded(std::string& text, std::string_view bytes, std::string_view kept)
 {
-    for (const char c : bytes) {
-        if (isUnreserved(c) || kept.contains(c)) {
-            text += c;
-        } else {
-            text += '%';
-            appendHexPair(text, c);
-        }
+    const auto isKept = [kept](char c) { return isUnreserved(c) || kept.contains(c); };
+    while (!bytes.empty()) {
+        const auto* const escaped = std::ranges::find_if_not(bytes, isKept);
+        text.append(bytes.begin(), escaped);
+        bytes.remove_prefix(static_cast<std::size_t>(escaped - bytes.begin()));
+        if (bytes.empty()) break;
+        text += '%';
+        appendHexPair(text, bytes.front());
+        bytes.remove_prefix(1);
     }
 }
 

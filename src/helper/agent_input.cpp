@@ -15,7 +15,7 @@ constexpr std::size_t maxKeyBytes = 32; // longer than every key we look for
 constexpr std::size_t maxDepth = 10000;
 
 /// Notifications of Claude Code that ask nothing of the user.
-constexpr std::string_view unwantedNotifications[] = {
+constexpr std::string_view ignoredNotifications[] = {
     "auth_success",       "elicitation_complete", "elicitation_response",
     "computer_use_enter", "computer_use_exit",    "push_notification",
 };
@@ -91,21 +91,21 @@ std::optional<Invocation> parseInvocation(std::span<const char* const> arguments
 PayloadReader::PayloadReader(const Invocation& invocation) : invocation_(invocation)
 {
     if (invocation.provider == claudeProvider) {
-        collector_.want(Role::session, "session_id");
-        collector_.want(Role::cwd, "cwd");
+        collector_.lookFor(Role::session, "session_id");
+        collector_.lookFor(Role::cwd, "cwd");
         if (invocation.event != CanonicalEvent::waitingInput) return;
-        collector_.want(Role::message, "message");
-        collector_.want(Role::kind, "notification_type");
+        collector_.lookFor(Role::message, "message");
+        collector_.lookFor(Role::kind, "notification_type");
     } else if (invocation.provider == cursorProvider) {
-        collector_.want(Role::session, "conversation_id");
-        collector_.want(Role::cwd, "workspace_roots", true);
-        collector_.want(Role::kind, "status");
+        collector_.lookFor(Role::session, "conversation_id");
+        collector_.lookFor(Role::cwd, "workspace_roots", true);
+        collector_.lookFor(Role::kind, "status");
     } else {
-        collector_.want(Role::session, "thread-id");
-        collector_.want(Role::cwd, "cwd");
-        collector_.want(Role::kind, "type");
-        collector_.want(Role::prompts, "input-messages", true, titlePrompt.size());
-        collector_.want(Role::answer, "last-assistant-message", false, maxTitleAnswerBytes);
+        collector_.lookFor(Role::session, "thread-id");
+        collector_.lookFor(Role::cwd, "cwd");
+        collector_.lookFor(Role::kind, "type");
+        collector_.lookFor(Role::prompts, "input-messages", true, titlePrompt.size());
+        collector_.lookFor(Role::answer, "last-assistant-message", false, maxTitleAnswerBytes);
     }
 }
 
@@ -131,14 +131,14 @@ Payload PayloadReader::payload() const
     return {.session = collector_[Role::session].text(),
             .cwd = collector_[Role::cwd].text(),
             .message = collector_[Role::message].text(),
-            .isUnwanted = isUnwanted()};
+            .isIgnored = isIgnored()};
 }
 
-bool PayloadReader::isUnwanted() const
+bool PayloadReader::isIgnored() const
 {
     const auto kind = collector_[Role::kind].text();
     if (invocation_.provider == claudeProvider)
-        return kind && std::ranges::find(unwantedNotifications, *kind) != std::end(unwantedNotifications);
+        return kind && std::ranges::find(ignoredNotifications, *kind) != std::end(ignoredNotifications);
     if (invocation_.provider == cursorProvider) return kind == "aborted"; // by the user, who is there
     return (kind && *kind != "agent-turn-complete") || isTitleTurn();
 }
@@ -152,7 +152,7 @@ bool PayloadReader::isTitleTurn() const
            answer.isText && isTitleAnswer(answer.collected);
 }
 
-void PayloadReader::Collector::want(Role role, std::string_view key, bool isList, std::size_t limit)
+void PayloadReader::Collector::lookFor(Role role, std::string_view key, bool isList, std::size_t limit)
 {
     members_[static_cast<std::size_t>(role)] = {.key = key, .isList = isList, .limit = limit};
     ++unseen_;

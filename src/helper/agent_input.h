@@ -27,12 +27,12 @@ struct Invocation {
 /// or `codex-notify JSON`. Anything else gives nothing; what follows is ignored.
 std::optional<Invocation> parseInvocation(std::span<const char* const> arguments);
 
-/// What an agent's payload tells about the event. A member that is missing, or no text, is absent.
+/// What an agent's payload says about the event. A member that is missing or not a text is absent.
 struct Payload {
     std::optional<std::string> session = std::nullopt;
     std::optional<std::string> cwd = std::nullopt;
     std::optional<std::string> message = std::nullopt;
-    bool isUnwanted = false; ///< The agent reports something that is no event to the user.
+    bool isIgnored = false; ///< The user does not need to know of it.
 };
 
 /// Picks the few members of the payload that the event needs, and keeps nothing else of it:
@@ -73,7 +73,7 @@ private:
     /// Follows the text and fills in the members.
     class Collector {
     public:
-        void want(Role role, std::string_view key, bool isList = false, std::size_t limit = maxValueBytes);
+        void lookFor(Role role, std::string_view key, bool isList = false, std::size_t limit = maxValueBytes);
         bool isComplete() const { return unseen_ == 0; }
         const Member& operator[](Role role) const { return members_[static_cast<std::size_t>(role)]; }
 
@@ -103,7 +103,7 @@ private:
         std::string key_;
     };
 
-    bool isUnwanted() const;
+    bool isIgnored() const;
     bool isTitleTurn() const;
 
     Invocation invocation_;

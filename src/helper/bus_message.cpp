@@ -111,13 +111,6 @@ private:
     bool isBroken_ = false;
 };
 
-std::uint32_t numberAt(std::string_view bytes, std::size_t position)
-{
-    std::uint32_t value = 0;
-    std::memcpy(&value, bytes.data() + position, sizeof value);
-    return value;
-}
-
 /// False when the fields cannot be read.
 bool readFields(std::string_view header, BusMessage& message)
 {
@@ -180,8 +173,8 @@ DecodedMessage decodeMessage(std::string_view bytes)
 {
     using State = DecodedMessage::State;
     if (bytes.size() < fixedHeaderSize) return {.state = State::incomplete};
-    const std::size_t bodySize = numberAt(bytes, 4);
-    const std::size_t fieldsSize = numberAt(bytes, 12);
+    const std::size_t bodySize = Reader(bytes, 4).number();
+    const std::size_t fieldsSize = Reader(bytes, 12).number();
     if (bytes[0] != ourByteOrder || bodySize > maxMessageSize || fieldsSize > maxMessageSize)
         return {.state = State::broken};
 

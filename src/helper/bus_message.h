@@ -32,7 +32,7 @@ struct BusMessage {
     std::size_t size = 0;          ///< Bytes that the message takes.
 };
 
-/// What stands at the beginning of `bytes`.
+/// The message at the beginning of some bytes.
 struct DecodedMessage {
     enum class State : std::uint8_t { complete, incomplete, broken };
     State state = State::incomplete;

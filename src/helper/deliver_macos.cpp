@@ -40,13 +40,13 @@ bool isRunning(const std::string& folder)
 }
 
 /// The application leaves this file when the user quits it, and removes it when the user starts it again. It
-/// may stand while the application runs, which then was started in some other way.
+/// can exist while the application runs, which then was started in some other way.
 bool isDormant(const std::string& folder)
 {
     return access((folder + '/' + dormantMarkerName).c_str(), F_OK) == 0;
 }
 
-/// The application that this program is part of; empty if it stands by itself.
+/// The application that this program is part of; empty if it is not in a bundle.
 std::string enclosingApplication()
 {
     std::array<char, PATH_MAX> path = {};

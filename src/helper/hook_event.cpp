@@ -34,6 +34,7 @@ void EventUrlBuilder::add(std::string_view key, std::string_view value)
     if (value.empty()) return;
     text_.append("&").append(key).append("=");
     value = firstBytes(value, maxValueBytes);
+    if (isValidUtf8(value) && !value.contains('\0')) return appendPercentEncoded(text_, value);
     while (!value.empty()) {
         const DecodedUtf8 decoded = decodeUtf8(value);
         const std::size_t size = decoded.isValid ? decoded.size : 1;
@@ -50,7 +51,7 @@ std::optional<std::string> eventUrlFor(const Invocation& invocation, const Paylo
 {
     const bool isClaude = invocation.provider == claudeProvider;
     const bool isCursor = invocation.provider == cursorProvider;
-    if (payload.isUnwanted) return std::nullopt;
+    if (payload.isIgnored) return std::nullopt;
     // Cursor can run the hooks of Claude Code beside its own, which report the same turn.
     if (isClaude && !environment["CURSOR_VERSION"].empty()) return std::nullopt;
 
@@ -60,8 +61,8 @@ std::optional<std::string> eventUrlFor(const Invocation& invocation, const Paylo
                                        : isCursor ? environment["CURSOR_PROJECT_DIR"]
                                                   : ""));
     url.add("message", textOr(payload.message, ""));
-    // Cursor runs hooks from the editor: a terminal's name there is a left-over of where the editor was
-    // started.
+    // Cursor runs hooks from the editor: the name of a terminal in their environment is that of the one in
+    // which the editor was started.
     if (!isCursor) url.add("term", terminalOf(environment));
     url.add("ts", secondsSince1970(now));
     url.add("v", "1");

@@ -16,11 +16,11 @@ namespace chimewell {
 /// percent-encoded, each byte that is not UTF-8 becomes U+FFFD, and NUL is left out.
 class EventUrlBuilder {
 public:
-    /// `provider` stands in the URL as it is.
+    /// `provider` is not escaped.
     EventUrlBuilder(CanonicalEvent event, std::string_view provider);
 
-    /// Appends `key`, as it is, and `value`, cut to `maxValueBytes` at a character's end; an empty value is
-    /// left out.
+    /// Appends `key`, not escaped, and `value`, cut to `maxValueBytes` at a character's end; an empty value
+    /// is left out.
     void add(std::string_view key, std::string_view value);
     std::string text() && { return std::move(text_); }
 
@@ -29,7 +29,7 @@ private:
 };
 
 /// The event URL for what the agent reported at `now`; nothing if it is no event to the user. What the
-/// payload does not tell comes from the environment where the agent puts it there too, never from the working
+/// payload does not say comes from the environment where the agent puts it there too, never from the working
 /// folder.
 std::optional<std::string> eventUrlFor(const Invocation& invocation, const Payload& payload,
                                        const Environment& environment,

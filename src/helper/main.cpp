@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The program that the agents run on each hook: it turns what they tell into an event URL and hands that to
+// The program that the agents run on each hook: it turns what they report into an event URL and hands that to
 // the application. Agents wait for it and read its output and status, so whatever happens it soon ends with
 // status 0 and says nothing.
 
@@ -83,7 +83,7 @@ bool readPayload(PayloadReader& payload, Buffer& buffer, Deadline deadline)
     std::size_t kept = 0; // what the reader left of the last window, in front of the next one
     for (std::size_t total = 0; payload.wantsMore() && total < maxPayloadBytes;) {
         if (!waitFor(STDIN_FILENO, POLLIN, deadline)) return true;
-        // Agents tell first what we need: then the rest is not even looked at.
+        // Agents put what we need first: then the rest is not even parsed.
         const std::size_t room = total == 0 ? firstWindow : buffer.size() - kept;
         const std::size_t count = readInput(std::span(buffer).subspan(kept, room));
         const std::string_view window(buffer.data(), kept + count);

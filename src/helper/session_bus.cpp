@@ -122,7 +122,8 @@ OpenCall::Outcome OpenCall::proceed(Deadline deadline)
         if (result == Connecting::impossible) return Outcome::failed;
         if (result == Connecting::connected) break;
         if (std::chrono::steady_clock::now() >= deadline) return Outcome::pending;
-        poll(nullptr, 0, 5); // the bus's queue of new connections is full, and nothing tells when it is not
+        poll(nullptr, 0,
+             5); // the bus's queue of new connections is full, and there is no event for when it is not
     }
     for (;;) {
         const short events = sent_ < outgoing_.size() ? POLLIN | POLLOUT : POLLIN;

@@ -27,7 +27,7 @@ public:
         taken,   ///< It will arrive, or the application refused it.
         nobody,  ///< The application is not there.
         failed,  ///< There is no bus, or none that talks to us.
-        pending, ///< The deadline came first; `proceed` goes on where it stands.
+        pending, ///< The deadline came first; `proceed` continues the call.
     };
     enum class IfAbsent {
         giveUp,

@@ -79,7 +79,7 @@ private:
     std::size_t depth_ = 0;
 };
 
-/// Reads one JSON text piece by piece and tells a handler what stands in it. Keeps nothing but one bit for
+/// Reads one JSON text piece by piece and tells a handler what is in it. Keeps nothing but one bit for
 /// each open container, and never recurses. It is lenient in two ways, on purpose: strings may hold raw
 /// control characters, and a number is any run of digits and `+-.eE` with at least one digit, for it is
 /// carried, never computed. The bytes are taken to be UTF-8; where they are not, it goes on as well as it
@@ -91,7 +91,7 @@ public:
     explicit JSONReader(Handler& handler) : handler_(handler) {}
 
     /// Reads on in `window` and returns how many of its bytes are done with. The rest, under 32 bytes, is cut
-    /// short by the window's end and has to stand at the start of the next window. `last` says that nothing
+    /// short by the window's end and has to be at the start of the next window. `last` says that nothing
     /// follows: then everything is read, or there is a fault. After a fault nothing more is read.
     std::size_t feed(std::string_view window, bool last)
     {
@@ -108,7 +108,7 @@ public:
     std::string_view offendingCharacter() const { return {offender_.data(), offenderSize_}; }
     /// Whether the top-level value has ended. A number there ends only with what follows it.
     bool finished() const { return state_ == State::end; }
-    /// Whether half of a surrogate pair stood alone and was read as U+FFFD.
+    /// Whether a surrogate that is not part of a pair was read as U+FFFD.
     bool sawLoneSurrogate() const { return sawLoneSurrogate_; }
     /// How many containers are open.
     std::size_t depth() const { return nesting_.depth(); }

@@ -54,7 +54,7 @@ private:
     std::size_t capacity_ = 0;
     std::size_t unfinishedText_ = nowhere;
     ByteWord escaped_ = 0; ///< Set where the unfinished text has to be escaped.
-    /// The innermost open container. Until it is closed, its header holds where the next outer one stands.
+    /// The innermost open container. Until it is closed, its header holds the position of the next outer one.
     std::size_t openContainer_ = nowhere;
 };
 

@@ -20,10 +20,10 @@ struct ParseError {
 /// The sentence for `fault`, or its beginning. Users see it as it is.
 std::string_view message(JSONFault fault);
 
-/// What becomes of an escaped half of a surrogate pair that stands alone.
+/// What to do with an escaped surrogate that is not part of a pair.
 enum class LoneSurrogates : std::uint8_t {
-    replace, ///< It is read as U+FFFD, as everywhere where a user's file has to be taken as it is.
-    refuse,  ///< It fails the text, where no character may be lost.
+    replace, ///< It is read as U+FFFD: a user's file has to be accepted as it is.
+    refuse,  ///< The text is refused, because no character may be lost.
 };
 
 /// The value that `bytes` spell, in the grammar of JSONReader. A byte-order mark is no part of it.

@@ -38,7 +38,7 @@ public:
         return std::uint64_t{size} << 3 | static_cast<std::uint64_t>(tag);
     }
 
-    /// `start` is where the value's header stands.
+    /// `start` points to the value's header.
     explicit JSONNode(const char* start) : start_(start) {}
 
     JSONTag tag() const { return static_cast<JSONTag>(readHeader() & 7); }
