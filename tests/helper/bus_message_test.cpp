@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace chimewell::test {
 namespace {
@@ -65,6 +66,7 @@ TEST(BusMessage, IsUnderstoodByLibdbus)
 
 TEST(BusMessage, ReadsRepliesOfLibdbus)
 {
+    using State = DecodedMessage::State;
     const std::string answer = marshalled(replyTo(3));
     const Message error = replyTo(2, DBUS_MESSAGE_TYPE_ERROR);
     dbus_message_set_error_name(error.get(), "org.freedesktop.DBus.Error.ServiceUnknown");
@@ -73,33 +75,24 @@ TEST(BusMessage, ReadsRepliesOfLibdbus)
     const std::string bytes = marshalled(error);
 
     const std::string both = bytes + answer;
-    const DecodedMessage first = decodeMessage(both);
-    ASSERT_EQ(first.state, DecodedMessage::State::complete);
-    EXPECT_EQ(first.message.kind, BusMessage::Kind::error);
-    EXPECT_EQ(first.message.replySerial, 2U);
-    EXPECT_EQ(first.message.errorName, "org.freedesktop.DBus.Error.ServiceUnknown");
-    EXPECT_EQ(first.message.size, bytes.size());
-
-    const DecodedMessage second = decodeMessage(answer);
-    ASSERT_EQ(second.state, DecodedMessage::State::complete);
-    EXPECT_EQ(second.message.kind, BusMessage::Kind::methodReturn);
-    EXPECT_EQ(second.message.replySerial, 3U);
+    const auto [state, message] = decodeMessage(both);
+    ASSERT_EQ(state, State::complete);
+    EXPECT_EQ(message.kind, BusMessage::Kind::error);
+    EXPECT_EQ(message.replySerial, 2U);
+    EXPECT_EQ(message.errorName, "org.freedesktop.DBus.Error.ServiceUnknown");
+    EXPECT_EQ(message.size, bytes.size());
+    const auto [nextState, next] = decodeMessage(answer);
+    ASSERT_EQ(nextState, State::complete);
+    EXPECT_EQ(next.kind, BusMessage::Kind::methodReturn);
+    EXPECT_EQ(next.replySerial, 3U);
 
     for (std::size_t size = 0; size < bytes.size(); ++size)
-        EXPECT_EQ(decodeMessage(std::string_view(bytes).substr(0, size)).state,
-                  DecodedMessage::State::incomplete)
-            << size;
-}
-
-TEST(BusMessage, RefusesWhatIsHugeOrOfAnotherByteOrder)
-{
-    const std::string answer = marshalled(replyTo(3));
-    std::string huge = answer;
-    huge[7] = '\x7F'; // of the body's size
-    EXPECT_EQ(decodeMessage(huge).state, DecodedMessage::State::broken);
-    std::string foreign = answer;
-    foreign[0] = foreign[0] == 'l' ? 'B' : 'l';
-    EXPECT_EQ(decodeMessage(foreign).state, DecodedMessage::State::broken);
+        EXPECT_EQ(decodeMessage(std::string_view(bytes).substr(0, size)).state, State::incomplete) << size;
+    for (const auto& [at, byte] : {std::pair{7, '\x7F'}, {0, 'B'}}) { // the body's size, the byte order
+        std::string broken = answer;
+        broken[static_cast<std::size_t>(at)] = byte;
+        EXPECT_EQ(decodeMessage(broken).state, State::broken) << at;
+    }
 }
 
 }

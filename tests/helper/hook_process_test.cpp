@@ -141,19 +141,9 @@ TEST(HookProcessWithoutBus, GivesUp)
     }
 }
 
-class HookProcessAndActivation : public testing::Test {
-protected:
-    void SetUp() override
-    {
-        if (!bus.unavailable().empty()) GTEST_SKIP() << bus.unavailable();
-        bus.offer(applicationId, bus.recorder());
-    }
-
-    RecordedBus bus;
-};
-
-TEST_F(HookProcessAndActivation, StartsTheApplicationForAnAlertOnly)
+TEST_F(HookProcess, StartsTheApplicationForAnAlertOnly)
 {
+    bus.offer(applicationId, bus.recorder());
     for (const std::string silent : {"user_acted", "subagent_finished"})
         expectQuiet(runHook({"claude", silent}, bus.environment(), {.text = payload("silent")}));
     expectQuiet(runHook({"claude", "waiting_input"}, bus.environment(), {.text = payload("loud")}));
@@ -161,8 +151,9 @@ TEST_F(HookProcessAndActivation, StartsTheApplicationForAnAlertOnly)
     EXPECT_TRUE(isFor(bus.nextRecord(), "loud"));
 }
 
-TEST_F(HookProcessAndActivation, LosesNoEventOfManyThatStartIt)
+TEST_F(HookProcess, LosesNoEventOfManyThatStartTheApplication)
 {
+    bus.offer(applicationId, bus.recorder());
     constexpr int count = 5;
     for (int i = 0; i < count; ++i)
         expectQuiet(runHook(finished, bus.environment(), {.text = payload("S")}));
@@ -171,8 +162,9 @@ TEST_F(HookProcessAndActivation, LosesNoEventOfManyThatStartIt)
         EXPECT_TRUE(isFor(bus.nextRecord(), "S")) << i;
 }
 
-TEST_F(HookProcessAndActivation, LeavesAnApplicationThatTheUserQuit)
+TEST_F(HookProcess, DoesNotStartAnApplicationThatTheUserQuit)
 {
+    bus.offer(applicationId, bus.recorder());
     auto environment = bus.environment();
     const auto& home = bus.folder.path();
     for (const auto& [variable, data] :
@@ -190,10 +182,8 @@ TEST_F(HookProcessAndActivation, LeavesAnApplicationThatTheUserQuit)
     EXPECT_TRUE(isFor(bus.nextRecord(), "loud"));
 }
 
-TEST(HookProcessAndSlowStart, HoldsNeitherTheAgentNorItsStreams)
+TEST_F(HookProcess, HoldsNeitherTheAgentNorItsStreamsDuringASlowStart)
 {
-    RecordedBus bus;
-    if (!bus.unavailable().empty()) GTEST_SKIP() << bus.unavailable();
     bus.offer(applicationId, "/bin/sleep 5");
     const Finished hook = runHook(finished, bus.environment(), {.text = payload("S")});
     expectQuiet(hook);

@@ -212,28 +212,6 @@ TEST(JSONReader, TellsTheSameHoweverTheTextIsCut)
     }
 }
 
-TEST(JSONReader, TellsTheEventsInOrder)
-{
-    EXPECT_EQ(readWhole(texts[0]).told, "{k:hooks;{k:Stop;[{k:matcher;s:;k:timeout;n:1.50e-3;}]}"
-                                        "k:é😀;[s:\"\\/\b\f\n\r\t;true;false;null;]}");
-    EXPECT_EQ(readWhole(texts[1]).told, "[n:-0;s:é😀 and \uFFFDx and \uFFFD and \uFFFD;[]{}]");
-    EXPECT_EQ(readWhole("[-+.eE,1]").told, "[n:-+.eE");
-}
-
-TEST(JSONReader, KnowsWithoutMoreInputThatTheValueHasEnded)
-{
-    for (const std::string_view text : {"{\"a\":[]}", "\"a\"", "null", "1 "}) {
-        Transcript transcript;
-        JSONReader reader(transcript);
-        reader.feed(text.substr(0, text.size() - 1), false);
-        EXPECT_FALSE(reader.finished()) << text;
-        reader.feed(text.substr(text == "null" ? 0 : text.size() - 1), false);
-        EXPECT_TRUE(reader.finished()) << text;
-        EXPECT_EQ(reader.feed(" \n", true), 2u) << text;
-        EXPECT_EQ(reader.fault(), JSONFault::none) << text;
-    }
-}
-
 TEST(JSONReader, RemembersEveryLevel)
 {
     // Objects and arrays in a pattern that no mistake by a word of 64 levels survives.
@@ -371,15 +349,6 @@ TEST(JSONWriter, FindsAnEscapeAtEveryPlace)
                 EXPECT_EQ(writeJSON(JSONValue::string(changed)), expected);
             }
         }
-    }
-}
-
-TEST(JSONWriter, TellsTheSizeBeforehand)
-{
-    for (const std::string_view text :
-         {"null", "[]", "{}", "-0", R"("é\u001b\n")", R"({"a\\":[1,{"b":[[],{}]}],"\t":true})"}) {
-        const JSONValue value = *parseJSON(text);
-        EXPECT_EQ(writtenSize(value), writeJSON(value).size()) << text;
     }
 }
 
