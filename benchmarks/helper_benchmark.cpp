@@ -299,7 +299,7 @@ void reportStarts()
     std::printf("delivered to an application that the event starts: %d of %d\n", arrived, tries);
 }
 
-int run(int rounds)
+int compare(int rounds)
 {
     std::signal(SIGPIPE, SIG_IGN);
     RecordedBus bus;
@@ -345,7 +345,7 @@ int run(int rounds)
 int main(int argc, char** argv)
 {
     const int rounds = argc > 1 ? std::atoi(argv[1]) : 200;
-    if (rounds > 0) return chimewell::test::run(rounds);
+    if (rounds > 0) return chimewell::test::compare(rounds);
     std::fputs("Usage: bench_helper [ROUNDS]\n", stderr);
     return 2;
 }
