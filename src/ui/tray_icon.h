@@ -15,7 +15,7 @@ class QAction;
 namespace chimewell {
 
 /// The icon in the panel of a Linux desktop. Its menu offers what the panel window does, for desktops that
-/// show nothing but menus.
+/// only show menus.
 class TrayIcon final : public QObject, public StatusIcon {
     Q_OBJECT
 public:

@@ -49,14 +49,14 @@ private:
     Tone tone_;
 };
 
-/// Turns a whole thing on or off.
+/// An on-off switch with a sliding knob.
 class SwitchButton final : public QAbstractButton {
     Q_OBJECT
 public:
     /// `name` is the accessible name.
     explicit SwitchButton(const QString& name);
 
-    /// Without the animation and without a signal.
+    /// Changes the state at once and emits no signal.
     void show(bool isOn);
     QSize sizeHint() const override;
 

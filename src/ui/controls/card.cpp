@@ -18,7 +18,7 @@ namespace chimewell {
 namespace {
 
 constexpr char textStartProperty[] = "textStart";
-constexpr double rowHeight = 45, aboveAndBelow = 8; // with the hairline above
+constexpr double rowHeight = 45, aboveAndBelow = 8; // including the hairline above
 
 }
 

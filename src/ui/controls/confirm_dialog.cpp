@@ -47,7 +47,7 @@ protected:
     }
 };
 
-/// Unbroken lines of a file in a font of equal widths, to be read and copied.
+/// Lines of a file in a monospaced font, not wrapped, to be read and copied.
 class TextBox final : public QPlainTextEdit {
 public:
     TextBox(const QString& name, const QString& text)
@@ -76,7 +76,7 @@ protected:
     bool event(QEvent* event) override
     {
         switch (event->type()) {
-        case QEvent::Paint: // of what is around the lines
+        case QEvent::Paint: // around the viewport
             paintBackground();
             return true;
         case QEvent::FocusIn:
@@ -111,7 +111,7 @@ ConfirmDialog::ConfirmDialog(const Confirmation& question, const Words& words, Q
     : QDialog(parent)
 {
     setAttribute(Qt::WA_DeleteOnClose);
-    // Somebody who came here by keyboard goes on with it.
+    // Shows the focus ring if the window behind does.
     setAttribute(Qt::WA_KeyboardFocusChange,
                  parent && parent->window()->testAttribute(Qt::WA_KeyboardFocusChange));
     const QString title = words(question.title);
@@ -155,7 +155,7 @@ void ConfirmDialog::addChanges(const Confirmation& question, const Words& words,
 void ConfirmDialog::addButtons(const Confirmation& question, const Words& words, QVBoxLayout& layout)
 {
     auto* buttons = new QDialogButtonBox;
-    layout.addWidget(buttons); // a button is the default of the dialog that it is in
+    layout.addWidget(buttons); // first: a button can only be the default of a dialog that it is in
     QPushButton* cancel = buttons->addButton(words(texts::cancel), QDialogButtonBox::RejectRole);
     QPushButton* confirm = buttons->addButton(words(question.confirm), QDialogButtonBox::AcceptRole);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);

@@ -23,7 +23,6 @@ protected:
 private:
     void addChanges(const Confirmation& question, const Words& words, QVBoxLayout& layout);
     void addButtons(const Confirmation& question, const Words& words, QVBoxLayout& layout);
-    /// As high as its content.
     void fit();
 };
 

@@ -21,7 +21,7 @@ namespace {
 constexpr int slideMilliseconds = 150;
 
 constexpr double beforeText = 16, padding = 6;
-constexpr double inside = 3; // of the arrow's square, before the arrow begins
+constexpr double inside = 3; // from the edge of the arrow's square to the arrow
 constexpr double foldButtonHeight = 24;
 
 }
@@ -79,7 +79,7 @@ QSize Disclosure::minimumSizeHint() const
 
 bool Disclosure::event(QEvent* event)
 {
-    if (event->type() == QEvent::LayoutRequest) { // the content wants another size
+    if (event->type() == QEvent::LayoutRequest) { // the content's size has changed
         place();
         updateGeometry();
     }
@@ -93,7 +93,7 @@ void Disclosure::resizeEvent(QResizeEvent*)
 
 void Disclosure::place()
 {
-    // The content comes from under what is above it.
+    // While sliding, the lower end of the content is visible.
     const int full = contentHeight(width());
     content_->setGeometry(0, height() - full, width(), full);
 }

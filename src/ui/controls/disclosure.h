@@ -13,7 +13,6 @@ class Disclosure final : public QWidget {
 public:
     explicit Disclosure(QWidget* content);
 
-    bool isOpen() const { return isOpen_; }
     void setOpen(bool isOpen);
 
     bool hasHeightForWidth() const override { return true; }

@@ -21,7 +21,7 @@ public:
     EventEditor(Services& services, CanonicalEvent event);
 
     CanonicalEvent event() const { return event_; }
-    /// Null where none is stored: then there is nothing to change.
+    /// Null where none is stored; `change` then does nothing.
     const EventSetting* stored() const { return services_.store.settings().setting(event_); }
     void change(const std::function<void(EventSetting&)>& change) const;
 
@@ -32,7 +32,7 @@ public:
 
     /// Lets the checkable `button` change that field.
     void connectToggle(const QAbstractButton& button, bool EventSetting::* field) const;
-    /// Lets `button` play what is heard of the event.
+    /// Lets `button` play the event's sound and phrase.
     void connectPreview(QAbstractButton& button) const;
     SoundPicker* makeSoundPicker() const;
     QPushButton* makePreview() const;
@@ -44,7 +44,7 @@ private:
     CanonicalEvent event_;
 };
 
-/// Without a signal.
+/// Emits no signal.
 void showChecked(QAbstractButton& button, bool isChecked);
 
 }

@@ -82,7 +82,7 @@ Stepper::Stepper(const QString& name)
     setAccessibleName(name);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    lineEdit()->hide(); // whose focus policy is the stepper's own
+    lineEdit()->hide();
 }
 
 QSize Stepper::sizeHint() const

@@ -12,7 +12,7 @@
 
 namespace chimewell {
 
-/// A line of text to be edited. What the user is writing counts when the editing is over.
+/// A line of text to be edited. `editingFinished` also comes when the field is hidden during editing.
 class Field final : public QLineEdit {
     Q_OBJECT
 public:
@@ -46,7 +46,7 @@ public:
     void show(std::string_view soundId);
 
 Q_SIGNALS:
-    /// By the user.
+    /// The user chose it.
     void soundChosen(const std::string& soundId);
 };
 

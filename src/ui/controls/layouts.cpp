@@ -159,7 +159,7 @@ RowLayout::Places RowLayout::places(int width) const
     const int controlWidth = control ? std::min(control->sizeHint().width(), width) : 0;
     const int needed = label ? std::min(label->sizeHint().width(), scaled(least)) : 0;
     const int rest = std::max(0, width - controlWidth - spacing());
-    // Nobody reads a tall column of single words.
+    // The label is not squeezed into a narrow column of single words.
     const bool isBelow =
         label && control && (needed > rest || heightOf(*label, rest) > 2 * heightOf(*label, width));
     const int labelWidth = isBelow || !control ? width : rest;

@@ -110,7 +110,7 @@ private:
     QLayoutItem* shown(int index) const;
 };
 
-/// Makes `content` what `area` scrolls.
+/// Lets `area` scroll `content`, without a frame or background.
 void setScrolledContent(QScrollArea& area, QWidget* content);
 
 /// A column that scrolls up and down only when there is less height than its content needs.

@@ -15,7 +15,7 @@ namespace chimewell {
 
 namespace {
 
-/// With a space before each dash and arrow at which no line is broken.
+/// With a no-break space before each dash and arrow.
 QString withHardSpaces(QString text)
 {
     for (const QChar sign : {QChar(0x2013), QChar(0x2014), QChar(0x25B8)})
@@ -128,7 +128,7 @@ void BalancedLabel::setMarkedText(const QString& text)
 
 int BalancedLabel::heightForWidth(int width) const
 {
-    // Of the text alone: the margins follow from it.
+    // Without the margins, which balance() derives from this height.
     const QMargins margins = contentsMargins();
     return TextLabel::heightForWidth(std::min(width, widest_) + margins.left() + margins.right());
 }
@@ -188,7 +188,7 @@ void ElidedLabel::paintEvent(QPaintEvent*)
 void ElidedLabel::resizeEvent(QResizeEvent* event)
 {
     TextLabel::resizeEvent(event);
-    // As rich text, which wraps; so what looks like markup has to be escaped.
+    // Qt wraps a tooltip only if it is rich text.
     const bool isElided = fontMetrics().horizontalAdvance(full_) > width();
     setToolTip(isElided ? QStringLiteral("<p>%1</p>").arg(full_.toHtmlEscaped()) : QString());
 }

@@ -231,7 +231,7 @@ void ChimewellStyle::drawControl(ControlElement element, const QStyleOption* opt
             if (widget && widget->property(destructiveProperty).toBool()) colour = colours().red;
             if (!enabled) colour = Colours::faint(colour, Colours::disabled);
             changed.palette.setColor(QPalette::ButtonText, colour);
-            changed.state &= ~State_On; // whose text Fusion would move
+            changed.state &= ~State_On; // Fusion would move the text
             if (hasIconAndText(changed))
                 paintIconAndText(*this, *painter, changed, Qt::AlignHCenter, QPalette::ButtonText);
             else
@@ -398,7 +398,7 @@ void ChimewellStyle::polish(QWidget* widget)
 void ChimewellStyle::polish(QPalette& palette)
 {
     QProxyStyle::polish(palette);
-    // Half-transparent by default, which nobody can read.
+    // The default is half transparent and unreadable.
     palette.setColor(QPalette::PlaceholderText, Colours::from(palette).secondary);
 }
 

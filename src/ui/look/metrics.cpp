@@ -58,7 +58,7 @@ QFont fontFor(TextStyle style)
     }();
     QFont font = style == TextStyle::monospace ? QFontDatabase::systemFont(QFontDatabase::FixedFont)
                                                : QApplication::font();
-    // Pixels of the system font as it really is, but never below those for which the rest is drawn.
+    // Of the real size of the system font, but at least the size that the design is drawn for.
     const double base = designFontPixels * unit();
     font.setPixelSize(std::max(smallestFontPixels, static_cast<int>(std::lround(base * form.factor))));
     font.setWeight(form.weight);

@@ -54,7 +54,7 @@ std::string installTranslation(QCoreApplication& application, const QStringList&
 std::string QtTranslator::translate(const Phrase& phrase) const
 {
     return composed(phrase, [this](const Text& text, std::optional<std::int64_t> count) {
-        // One is its own text; every other count has as many forms as the language needs.
+        // The text for one is separate; other counts have as many forms as the language needs.
         const bool isMany = count && *count != 1 && text.many();
         return QCoreApplication::translate("chimewell::texts", isMany ? text.many() : text.in(wording_),
                                            nullptr, isMany ? static_cast<int>(*count) : -1)

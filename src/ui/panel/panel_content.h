@@ -68,7 +68,7 @@ private:
     };
     std::vector<Quick> quick_;
 
-    QTimer clock_; ///< Keeps the times right while somebody looks at them.
+    QTimer clock_; ///< Refreshes the relative times while the panel is visible.
     Subscription storeChange_;
     Subscription historyChange_;
 };

@@ -29,7 +29,7 @@ constexpr int screenMargin = 8;
 Qt::WindowFlags flagsOf(PanelWindow::Form form)
 {
     if (form == PanelWindow::Form::window) return Qt::Window;
-    // Not Qt::Popup: assistive technology does not get to see windows of that kind.
+    // Not Qt::Popup: assistive technology does not see windows of that type.
     return Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::NoDropShadowWindowHint;
 }
 
@@ -37,7 +37,6 @@ Qt::WindowFlags flagsOf(PanelWindow::Form form)
 
 PanelWindow::PanelWindow(Services& services, const Windows& windows, Form form)
     : QWidget(nullptr, flagsOf(form)),
-      services_(services),
       form_(form),
       content_(new PanelContent(services, windows))
 {
@@ -53,7 +52,7 @@ PanelWindow::PanelWindow(Services& services, const Windows& windows, Form form)
     connect(content_, &PanelContent::done, this, [this] {
         if (form_ == Form::popUp) close();
     });
-    // Once the layout knows of the change.
+    // Queued, so that the layout has the change.
     connect(content_, &PanelContent::heightChanged, this, [this] { fit(); }, Qt::QueuedConnection);
 }
 
@@ -64,7 +63,7 @@ void PanelWindow::showBeside(const QRect& anchor)
     show();
     raise();
     activateWindow();
-    // The keyboard starts at the first control, and shows where it is only once it is used.
+    // The focus starts at the first control, and its ring shows once the keyboard is used.
     focusNextChild();
     setAttribute(Qt::WA_KeyboardFocusChange, false);
 }
@@ -92,10 +91,10 @@ void PanelWindow::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.fillRect(rect(), colours().window);
-    // Round corners would need a compositor behind them.
+    // No round corners: they would need a compositor.
     if (form_ == Form::window) return;
     strokeRounded(painter, rect(), 0, colours().overlay(0.2));
-    // Now that it is on the screen it can hear of clicks elsewhere, which close it.
+    // Only a visible window can grab the mouse; clicks elsewhere close the panel.
     if (!isGrabbing_) isGrabbing_ = windowHandle()->setMouseGrabEnabled(true);
 }
 
@@ -107,7 +106,7 @@ void PanelWindow::mousePressEvent(QMouseEvent* event)
 void PanelWindow::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    // The user went elsewhere by keyboard.
+    // The user switched to another window by keyboard.
     if (event->type() == QEvent::ActivationChange && form_ == Form::popUp && isVisible() &&
         !isActiveWindow() && !QApplication::activePopupWidget())
         close();

@@ -14,8 +14,8 @@ namespace chimewell {
 
 class PanelContent;
 
-/// The panel: a pop-up beside the icon, or an ordinary window where there is no icon to stand beside. Deletes
-/// itself when it is closed.
+/// The panel: a pop-up beside the icon, or an ordinary window where there is no icon. Deletes itself when it
+/// is closed.
 class PanelWindow final : public QWidget {
     Q_OBJECT
 public:
@@ -35,11 +35,10 @@ protected:
 private:
     void fit();
 
-    Services& services_;
     Form form_;
     PanelContent* content_;
     QRect anchor_;
-    bool isGrabbing_ = false; ///< The pointer, as far as it is ours to have.
+    bool isGrabbing_ = false; ///< The mouse, if the platform allows.
 };
 
 }

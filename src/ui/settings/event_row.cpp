@@ -41,7 +41,7 @@ void VoiceList::ask()
 
 namespace {
 
-constexpr double headerHeight = 53, aboveAndBelow = 8; // with the hairline above
+constexpr double headerHeight = 53, aboveAndBelow = 8; // including the hairline above
 constexpr double soundWidth = 124, voiceWidth = 200;
 
 /// What an event is and whether it alerts. A click beside the switch presses the arrow.
@@ -305,7 +305,7 @@ void EventRow::showSetting()
     const EventSetting* stored = editor_.stored();
     const EventSetting setting = stored ? *stored : EventSetting::defaultSetting(editor_.event());
     header_->show(setting.enabled);
-    // Whoever switches an event on is about to set it up.
+    // Switching an event on opens its options.
     if (setting.enabled && !wasEnabled_) setOpen(true);
     wasEnabled_ = setting.enabled;
     strip_->show(setting);

@@ -223,7 +223,7 @@ void ProviderCardView::showButtons()
     for (const auto& [button, isOffered] :
          {Offer{update_, card_.isUpdateDue()}, Offer{install_, card_.canInstall()},
           Offer{uninstall_, card_.canUninstall()}, Offer{restore_, card_.canRestore()}}) {
-        // The keyboard stays in this card when its button goes.
+        // Keeps the focus in this card when its button is hidden.
         if (window()->focusWidget() == button && !isOffered) reveal_->setFocus();
         ChimewellStyle::setDelayed(button, card_.isPausing());
         button->setVisible(isOffered);

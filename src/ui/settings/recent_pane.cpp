@@ -38,7 +38,6 @@ constexpr int allRoom = 1000; // the stretch beside the empty rest of the column
 /// One past alert in the settings.
 class RecentRowView final : public QWidget {
 public:
-    /// `openSession` is called when the user asks for it.
     RecentRowView(const Words& words, std::string entryId, std::function<void()> openSession);
 
     const std::string& id() const { return id_; }
@@ -199,7 +198,7 @@ void RecentPane::showHistory()
     const auto& entries = services_.history.entries();
     bool isLonger = false;
     for (std::size_t i = 0; i < entries.size(); ++i) {
-        // New ones come in above those that are there.
+        // New entries come before the old ones.
         if (i == rows_.size() || rows_[i]->id() != entries[i].id) {
             RecentRowView* row = makeRow(entries[i]);
             rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(i), row);
