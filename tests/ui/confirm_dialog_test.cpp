@@ -1,85 +1,62 @@
 // SPDX-License-Identifier: MIT
-#include "support/windows_on_fakes.h"
 #include "ui/controls/confirm_dialog.h"
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QDialogButtonBox>
+#include "window_test.h"
+
 #include <QPlainTextEdit>
-#include <QPointer>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-#include <string>
 
 namespace chimewell::test {
 namespace {
 
-class ConfirmDialogTest : public ::testing::Test {
+class ConfirmDialogTest : public WindowTest {
 protected:
-    ~ConfirmDialogTest() override { delete dialog; }
-
     void ask(PendingAction action)
     {
-        delete dialog;
-        dialog =
-            new ConfirmDialog(fakes.services.cards.all().front()->confirmation(action), fakes.words, nullptr);
-        QObject::connect(dialog, &QDialog::accepted, dialog, [this] { ++yes; });
-        QObject::connect(dialog, &QDialog::rejected, dialog, [this] { ++no; });
-        dialog->open();
-        QApplication::processEvents();
+        const ProviderCard& card = *fakes.services.cards.all().front();
+        auto* dialog = new ConfirmDialog(card.confirmation(action), fakes.words, nullptr);
+        QObject::connect(dialog, &QDialog::finished, dialog, [this](int result) { answered = result; });
+        open(dialog);
     }
-    QAbstractButton* fold()
-    {
-        for (auto* button : dialog->findChildren<QAbstractButton*>())
-            if (button->isCheckable()) return button;
-        return nullptr;
-    }
+    QPlainTextEdit* entries() { return window->findChild<QPlainTextEdit*>(); }
 
-    WindowsOnFakes fakes;
-    QPointer<ConfirmDialog> dialog;
-    int yes = 0;
-    int no = 0;
+    int answered = -1;
 };
 
 TEST_F(ConfirmDialogTest, ReturnIsYesOnlyWhereNothingIsTakenAway)
 {
-    ask(PendingAction::install);
-    QTest::keyClick(dialog, Qt::Key_Return);
-    EXPECT_EQ(yes, 1);
-    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_FALSE(dialog);
-    for (const PendingAction action : {PendingAction::uninstall, PendingAction::restore}) {
+    struct Case {
+        PendingAction action;
+        Qt::Key key;
+        QDialog::DialogCode answer;
+    };
+    for (const auto& [action, key, answer] :
+         {Case{PendingAction::install, Qt::Key_Return, QDialog::Accepted},
+          Case{PendingAction::uninstall, Qt::Key_Return, QDialog::Rejected},
+          Case{PendingAction::restore, Qt::Key_Return, QDialog::Rejected},
+          Case{PendingAction::update, Qt::Key_Escape, QDialog::Rejected}}) {
         ask(action);
-        QTest::keyClick(dialog, Qt::Key_Return);
+        press(key);
+        EXPECT_EQ(answered, answer) << static_cast<int>(action);
+        EXPECT_FALSE(window);
     }
-    ask(PendingAction::update);
-    QTest::keyClick(dialog, Qt::Key_Escape);
-    EXPECT_EQ(yes, 1);
-    EXPECT_EQ(no, 3);
 }
 
 TEST_F(ConfirmDialogTest, ShowsTheEntriesOnDemandWhereTheyAreKnown)
 {
     ask(PendingAction::install);
-    auto* entries = dialog->findChild<QPlainTextEdit*>();
-    ASSERT_TRUE(entries);
-    EXPECT_FALSE(entries->isVisible());
-    const int height = dialog->height();
-    fold()->click();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return dialog->height() > height + entries->height(); }))
-        << dialog->height() << " " << height << " " << entries->height();
-    EXPECT_TRUE(entries->isVisible());
-    EXPECT_EQ(entries->toPlainText().toStdString().find("\"Stop\": [\n  {\n"), 0U);
-    EXPECT_TRUE(entries->isReadOnly());
+    ASSERT_TRUE(entries());
+    EXPECT_FALSE(entries()->isVisible());
+    const int height = window->height();
+    click("Entries to be added");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window->height() > height + entries()->height(); }));
+    EXPECT_EQ(entries()->toPlainText().toStdString().find("\"Stop\": [\n  {\n"), 0U);
+    EXPECT_TRUE(entries()->isReadOnly());
 
     ask(PendingAction::uninstall); // there are none
-    EXPECT_EQ(dialog->findChild<QPlainTextEdit*>()->toPlainText(),
-              QStringLiteral("The file holds these entries already."));
-    fakes.system.files.contents["/home/me/.claude/settings.json"] = "{";
+    EXPECT_EQ(entries()->toPlainText(), QStringLiteral("The file holds these entries already."));
+    system.files.contents["/home/me/.claude/settings.json"] = "{";
     ask(PendingAction::install);
-    EXPECT_FALSE(fold());
+    EXPECT_FALSE(entries());
 }
 
 }

@@ -13,40 +13,37 @@
 namespace chimewell::test {
 namespace {
 
-class TranslationTest : public ::testing::Test {
-protected:
-    ~TranslationTest() override { qDeleteAll(qApp->findChildren<QTranslator*>()); }
-
-    static std::string said(const Phrase& phrase, Wording wording = Wording::linuxDesktop)
-    {
-        return QtTranslator(wording, "").translate(phrase);
-    }
-};
-
-TEST_F(TranslationTest, SpeaksGermanToGermans)
+TEST(Translation, IsInTheFirstLanguageThatThereIs)
 {
-    EXPECT_EQ(installTranslation(*qApp,
-                                 {QStringLiteral("is-IS"), QStringLiteral("de-AT"), QStringLiteral("en-US")}),
-              "de-AT");
-    EXPECT_EQ(said(texts::general), "Allgemein");
-    EXPECT_EQ(said(texts::reveal), "In Dateiverwaltung anzeigen");
-    EXPECT_EQ(said(texts::reveal, Wording::macOS), "Im Finder zeigen");
-    EXPECT_EQ(said({texts::everyMinutes, 1}), "Abstand: 1 Minute");
-    EXPECT_EQ(said({texts::everyMinutes, 7}), "Abstand: 7 Minuten");
-    EXPECT_EQ(said({texts::moreInSettings, 3}), "3 weitere in Einstellungen ▸ Verlauf");
-    EXPECT_EQ(said({texts::installTitle, {std::string("%n Codex")}}), "Hooks für %n Codex installieren?");
-    EXPECT_EQ(said(SoundOption::all().front().displayName), "Kein Ton");
-}
-
-TEST_F(TranslationTest, SpeaksEnglishToThoseWhoPreferItOrKnowNoLanguageOfOurs)
-{
-    for (const QStringList& languages :
-         {QStringList{QStringLiteral("en-US"), QStringLiteral("de-DE")}, QStringList{QStringLiteral("is-IS")},
-          QStringList{QStringLiteral("C")}}) {
-        installTranslation(*qApp, languages);
-        EXPECT_EQ(said(texts::general), "General");
-        EXPECT_EQ(said({texts::everyMinutes, 1}), "Every 1 minute");
-        EXPECT_EQ(said({texts::moreInSettings, 3}), "3 more in Settings ▸ Recent");
+    struct Said {
+        Phrase phrase;
+        const char* german;
+        const char* english;
+        Wording wording = Wording::linuxDesktop;
+    };
+    const Said all[] = {
+        {texts::general, "Allgemein", "General"},
+        {texts::reveal, "In Dateiverwaltung anzeigen", "Show in File Manager"},
+        {texts::reveal, "Im Finder zeigen", "Reveal in Finder", Wording::macOS},
+        {{texts::everyMinutes, 1}, "Abstand: 1 Minute", "Every 1 minute"},
+        {{texts::everyMinutes, 7}, "Abstand: 7 Minuten", "Every 7 minutes"},
+        {{texts::moreInSettings, 3}, "3 weitere in Einstellungen ▸ Verlauf", "3 more in Settings ▸ Recent"},
+        {{texts::installTitle, {std::string("%n Codex")}},
+         "Hooks für %n Codex installieren?",
+         "Install %n Codex hooks?"},
+        {SoundOption::all().front().displayName, "Kein Ton", "Silent"},
+    };
+    const std::pair<QStringList, std::string> users[] = {
+        {{QStringLiteral("is-IS"), QStringLiteral("de-AT"), QStringLiteral("en-US")}, "de-AT"},
+        {{QStringLiteral("en-US"), QStringLiteral("de-DE")}, "en-US"},
+        {{QStringLiteral("is-IS")}, "en"},
+    };
+    for (const auto& [languages, expected] : users) {
+        EXPECT_EQ(installTranslation(*qApp, languages), expected);
+        for (const Said& said : all)
+            EXPECT_EQ(QtTranslator(said.wording, expected).translate(said.phrase),
+                      expected == "de-AT" ? said.german : said.english);
+        qDeleteAll(qApp->findChildren<QTranslator*>());
     }
 }
 
