@@ -33,15 +33,9 @@ bool isOnNetwork(int file)
 {
     struct statfs system = {};
     if (::fstatfs(file, &system) != 0) return true;
-    switch (static_cast<unsigned int>(system.f_type)) {
-    case NFS_SUPER_MAGIC:
-    case SMB_SUPER_MAGIC:
-    case CIFS_SUPER_MAGIC:
-    case SMB2_SUPER_MAGIC:
-        return true;
-    default:
-        return false;
-    }
+    const auto type = static_cast<unsigned int>(system.f_type);
+    return type == NFS_SUPER_MAGIC || type == SMB_SUPER_MAGIC || type == CIFS_SUPER_MAGIC ||
+           type == SMB2_SUPER_MAGIC;
 }
 
 bool isMissingSupport(int error)

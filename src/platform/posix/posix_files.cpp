@@ -21,6 +21,11 @@ namespace chimewell {
 
 namespace {
 
+namespace fs = std::filesystem;
+template<class T>
+using Result = std::expected<T, FileError>;
+using Exchange = std::expected<void, ExchangeError>;
+
 constexpr int maximumLinks = 40; // what Linux itself follows
 
 // How long we wait for a program that writes into a file without replacing it, and how often we look.
@@ -46,7 +51,7 @@ std::unexpected<FileError> failureAtPath(int error)
 }
 
 /// The system reads such a path only up to the NUL character.
-bool namesAnotherFile(const std::filesystem::path& path)
+bool namesAnotherFile(const fs::path& path)
 {
     return path.native().contains('\0');
 }
@@ -57,7 +62,7 @@ std::unexpected<FileError> notRegular(mode_t mode)
 }
 
 /// A regular file, open for reading. Never waits, not even for a pipe without a writer.
-std::expected<FileDescriptor, FileError> openRegular(int folder, const std::filesystem::path& path)
+Result<FileDescriptor> openRegular(int folder, const fs::path& path)
 {
     if (namesAnotherFile(path)) return failure(EINVAL);
     FileDescriptor file(::openat(folder, path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
@@ -68,7 +73,7 @@ std::expected<FileDescriptor, FileError> openRegular(int folder, const std::file
     return file;
 }
 
-std::expected<std::string, FileError> readAll(const FileDescriptor& file)
+Result<std::string> readAll(const FileDescriptor& file)
 {
     std::string content;
     std::size_t used = 0;
@@ -101,7 +106,7 @@ struct QuietRead {
 };
 
 /// Absent if a program is writing into the file: what was read may be half of one text and half of another.
-std::expected<std::optional<QuietRead>, FileError> readQuietly(const FileDescriptor& file)
+Result<std::optional<QuietRead>> readQuietly(const FileDescriptor& file)
 {
     const WriteBarrier barrier(file.get());
     if (barrier.writers() == Writers::some) return std::nullopt;
@@ -117,30 +122,30 @@ std::expected<std::optional<QuietRead>, FileError> readQuietly(const FileDescrip
 }
 
 /// The path that the last link leads to, whether it exists or not.
-std::expected<std::filesystem::path, FileError> followLinks(std::filesystem::path path)
+Result<fs::path> followLinks(fs::path path)
 {
     for (int links = 0; links < maximumLinks; ++links) {
         struct stat status = {};
         if (::lstat(path.c_str(), &status) != 0 && errno != ENOENT) return failure(errno);
         if (!S_ISLNK(status.st_mode)) return path;
         std::error_code error;
-        const std::filesystem::path target = std::filesystem::read_symlink(path, error);
+        const fs::path target = fs::read_symlink(path, error);
         if (error) return failure(error.value());
         path = path.parent_path() / target; // an absolute target replaces the whole
     }
     return failure(ELOOP);
 }
 
-std::unexpected<FileError> leadsNowhere(const std::filesystem::path& end)
+std::unexpected<FileError> leadsNowhere(const fs::path& end)
 {
     return refused({texts::linkLeadsNowhere, {end.string()}});
 }
 
 /// Where the first broken link on the way to `path` leads; absent if none is broken.
-std::optional<std::filesystem::path> deadEnd(const std::filesystem::path& path)
+std::optional<fs::path> deadEnd(const fs::path& path)
 {
-    std::filesystem::path way;
-    for (const std::filesystem::path& part : path) {
+    fs::path way;
+    for (const fs::path& part : path) {
         way /= part;
         struct stat status = {};
         if (::lstat(way.c_str(), &status) != 0) return std::nullopt;
@@ -167,7 +172,7 @@ bool copyFileAttributes(int from, int to)
 }
 
 /// Copies the attributes of the file that `to` will replace, if there is one.
-std::expected<void, FileError> adoptAttributes(int folder, const std::string& name, const TemporaryFile& to)
+Result<void> adoptAttributes(int folder, const std::string& name, const TemporaryFile& to)
 {
     struct stat status = {};
     if (::fstatat(folder, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) {
@@ -194,15 +199,14 @@ struct Replacement {
 };
 
 /// The attributes are those of `original`, or if that is empty, of the file that is replaced.
-std::expected<Replacement, FileError> prepare(const std::filesystem::path& file, std::string_view content,
-                                              const std::filesystem::path& original)
+Result<Replacement> prepare(const fs::path& file, std::string_view content, const fs::path& original)
 {
     if (namesAnotherFile(file)) return failure(EINVAL);
     const auto target = followLinks(file);
     if (!target) return std::unexpected(target.error());
     std::string name = target->filename();
     if (name.empty()) return failure(EISDIR);
-    const std::filesystem::path parent = target->has_parent_path() ? target->parent_path() : ".";
+    const fs::path parent = target->has_parent_path() ? target->parent_path() : ".";
     FileDescriptor folder(::open(parent.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!folder.isOpen()) {
         const int error = errno;
@@ -229,8 +233,7 @@ std::expected<Replacement, FileError> prepare(const std::filesystem::path& file,
 }
 
 /// Replaces the target, whatever it holds.
-std::expected<void, FileError> put(const std::filesystem::path& file, std::string_view content,
-                                   const std::filesystem::path& original)
+Result<void> put(const fs::path& file, std::string_view content, const fs::path& original)
 {
     auto replacement = prepare(file, content, original);
     if (!replacement) return std::unexpected(replacement.error());
@@ -244,11 +247,6 @@ std::unexpected<ExchangeError> failed(const FileError& error)
     return std::unexpected(ExchangeError{.changed = false, .description = error.description});
 }
 
-std::unexpected<ExchangeError> failed(int error)
-{
-    return failed(failure(error).error());
-}
-
 std::unexpected<ExchangeError> changed()
 {
     return std::unexpected(ExchangeError{.changed = true, .description = texts::changedByAnother});
@@ -257,8 +255,8 @@ std::unexpected<ExchangeError> changed()
 enum class Look { once, twiceIfUncertain };
 
 /// Whether `name` is a file of exactly that content, and no program is writing into it.
-std::expected<bool, FileError> holds(const FileDescriptor& folder, const std::string& name,
-                                     std::string_view content, Look look = Look::once)
+Result<bool> holds(const FileDescriptor& folder, const std::string& name, std::string_view content,
+                   Look look = Look::once)
 {
     const auto opened = openRegular(folder.get(), name);
     if (!opened && opened.error().missing) return false;
@@ -272,16 +270,15 @@ std::expected<bool, FileError> holds(const FileDescriptor& folder, const std::st
     return holds(folder, name, content);
 }
 
-std::expected<void, ExchangeError> takeFreePlace(Replacement& with)
+Exchange takeFreePlace(Replacement& with)
 {
     if (with.temporary.renameToFree(with.name)) return {};
-    return errno == EEXIST ? changed() : failed(errno);
+    return errno == EEXIST ? changed() : failed(failure(errno).error());
 }
 
 /// Undoes a swap with a file that another program had changed. If that fails, the other file stays under the
 /// name of the temporary file, since it may be the only copy of what that program wrote.
-std::expected<void, ExchangeError> swapBack(Replacement& with, std::string_view content,
-                                            const std::expected<void, ExchangeError>& otherwise)
+Exchange swapBack(Replacement& with, std::string_view content, const Exchange& otherwise)
 {
     auto& [folder, name, temporary] = with;
     if (temporary.swap(name)) {
@@ -294,11 +291,10 @@ std::expected<void, ExchangeError> swapBack(Replacement& with, std::string_view 
     }
     const std::string kept = temporary.name();
     temporary.keep();
-    return std::unexpected(ExchangeError{.changed = false, .description = {texts::changedAndKept, {kept}}});
+    return failed({.description = {texts::changedAndKept, {kept}}});
 }
 
-std::expected<void, ExchangeError> exchangeKnown(Replacement& with, std::string_view expected,
-                                                 std::string_view content)
+Exchange exchangeKnown(Replacement& with, std::string_view expected, std::string_view content)
 {
     auto& [folder, name, temporary] = with;
     const auto isKnown = holds(folder, name, expected);
@@ -307,18 +303,18 @@ std::expected<void, ExchangeError> exchangeKnown(Replacement& with, std::string_
     if (temporary.swap(name)) {
         const auto wasKnown = holds(folder, temporary.name(), expected, Look::twiceIfUncertain);
         if (!wasKnown) return swapBack(with, content, failed(wasKnown.error()));
-        return *wasKnown ? std::expected<void, ExchangeError>() : swapBack(with, content, changed());
+        return *wasKnown ? Exchange() : swapBack(with, content, changed());
     }
     if (errno == ENOENT) return changed();
-    if (errno != ENOTSUP) return failed(errno);
+    if (errno != ENOTSUP) return failed(failure(errno).error());
     // The file system does not support swapping: a change made since the check above is lost.
-    if (!temporary.rename(name)) return failed(errno);
+    if (!temporary.rename(name)) return failed(failure(errno).error());
     return {};
 }
 
 }
 
-std::expected<std::string, FileError> PosixFiles::read(const std::filesystem::path& file)
+Result<std::string> PosixFiles::read(const fs::path& file)
 {
     const auto limit = std::chrono::steady_clock::now() + maxWait;
     while (true) {
@@ -332,22 +328,18 @@ std::expected<std::string, FileError> PosixFiles::read(const std::filesystem::pa
     }
 }
 
-std::expected<void, FileError> PosixFiles::replace(const std::filesystem::path& file,
-                                                   std::string_view content)
+Result<void> PosixFiles::replace(const fs::path& file, std::string_view content)
 {
     return put(file, content, {});
 }
 
-std::expected<void, FileError> PosixFiles::writeCopy(const std::filesystem::path& copy,
-                                                     std::string_view content,
-                                                     const std::filesystem::path& original)
+Result<void> PosixFiles::writeCopy(const fs::path& copy, std::string_view content, const fs::path& original)
 {
     return put(copy, content, original);
 }
 
-std::expected<void, ExchangeError> PosixFiles::exchange(const std::filesystem::path& file,
-                                                        const std::optional<std::string>& expected,
-                                                        std::string_view content)
+Exchange PosixFiles::exchange(const fs::path& file, const std::optional<std::string>& expected,
+                              std::string_view content)
 {
     auto replacement = prepare(file, content, {});
     if (!replacement) return failed(replacement.error());
@@ -359,20 +351,20 @@ std::expected<void, ExchangeError> PosixFiles::exchange(const std::filesystem::p
     return {};
 }
 
-std::expected<std::vector<std::string>, FileError> PosixFiles::list(const std::filesystem::path& folder)
+Result<std::vector<std::string>> PosixFiles::list(const fs::path& folder)
 {
     if (namesAnotherFile(folder)) return failure(EINVAL);
     std::error_code error;
-    std::filesystem::directory_iterator entry(folder, error);
+    fs::directory_iterator entry(folder, error);
     if (error) return failureAtPath(error.value());
     std::vector<std::string> names;
-    for (const std::filesystem::directory_iterator end; !error && entry != end; entry.increment(error))
+    for (const fs::directory_iterator end; !error && entry != end; entry.increment(error))
         names.push_back(entry->path().filename());
     if (error) return failure(error.value());
     return names;
 }
 
-std::expected<void, FileError> PosixFiles::createFolders(const std::filesystem::path& folder)
+Result<void> PosixFiles::createFolders(const fs::path& folder)
 {
     if (namesAnotherFile(folder)) return failure(EINVAL);
     if (kind(folder) == FileKind::folder) return {};
@@ -388,14 +380,14 @@ std::expected<void, FileError> PosixFiles::createFolders(const std::filesystem::
     return failure(error);
 }
 
-std::expected<void, FileError> PosixFiles::remove(const std::filesystem::path& file)
+Result<void> PosixFiles::remove(const fs::path& file)
 {
     if (namesAnotherFile(file)) return failure(EINVAL);
     if (::unlink(file.c_str()) != 0) return failureAtPath(errno);
     return {};
 }
 
-std::optional<FileKind> PosixFiles::kind(const std::filesystem::path& path)
+std::optional<FileKind> PosixFiles::kind(const fs::path& path)
 {
     struct stat status = {};
     if (namesAnotherFile(path) || ::stat(path.c_str(), &status) != 0) return std::nullopt;

@@ -9,12 +9,12 @@
 
 namespace chimewell {
 
-/// Shows other programs of the user that the application runs: it holds a lock on the file "running" in its
-/// folder for as long as this object lives, and the system lets go of it however the application ends. The
-/// helper asks for the lock without taking it, and so is never in the way of an application that starts.
+/// Tells the user's other programs that the application is running: holds a lock on the file "running" in its
+/// folder while this object exists. The system releases it however the application ends. The helper only asks
+/// whether the lock is held, so it never keeps an application from starting.
 class RunningLock {
 public:
-    /// The folder has to be there. Nothing when another process holds the lock, or the file cannot be made.
+    /// The folder has to exist. Absent when another process holds the lock, or the file cannot be made.
     static std::optional<RunningLock> take(const std::filesystem::path& folder);
 
 private:

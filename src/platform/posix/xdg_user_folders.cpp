@@ -4,9 +4,8 @@
 #include <pwd.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cstdlib>
-#include <string>
+#include <ranges>
 #include <string_view>
 
 namespace chimewell {
@@ -21,15 +20,13 @@ std::string_view variable(const char* name)
     return value ? value : "";
 }
 
-/// The absolute ones of the paths in `list`, which colons separate.
+/// The absolute paths in `list`, which is separated by colons.
 Paths absolutePaths(std::string_view list)
 {
     Paths paths;
-    while (!list.empty()) {
-        const std::size_t end = std::min(list.find(':'), list.size());
-        if (list.starts_with('/')) paths.emplace_back(list.substr(0, end));
-        list.remove_prefix(std::min(end + 1, list.size()));
-    }
+    for (const auto part : std::views::split(list, ':'))
+        if (const std::string_view path(part.begin(), part.end()); path.starts_with('/'))
+            paths.emplace_back(path);
     return paths;
 }
 

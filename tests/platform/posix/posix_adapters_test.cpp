@@ -82,30 +82,26 @@ TEST(RunningLock, IsHeldByOneProcessUntilThatEndsHoweverItDoes)
 
 TEST(XdgUserFolders, FollowTheEnvironmentAsFarAsItIsAbsolute)
 {
-    struct Case {
-        std::optional<std::string> dataHome, dataDirs, configHome, configDirs;
-        Paths data, config;
+    using Value = std::optional<std::string>;
+    const auto expect = [](const Value& dataHome, const Value& dataDirs, const Value& configHome,
+                           const Value& configDirs, const Paths& data, const Paths& config) {
+        const EnvironmentVariable variables[] = {{"HOME", "/h"},
+                                                 {"XDG_DATA_HOME", dataHome},
+                                                 {"XDG_DATA_DIRS", dataDirs},
+                                                 {"XDG_CONFIG_HOME", configHome},
+                                                 {"XDG_CONFIG_DIRS", configDirs}};
+        const XdgUserFolders folders;
+        EXPECT_EQ(folders.dataFolders(), data);
+        EXPECT_EQ(folders.configFolders(), config);
+        EXPECT_EQ(folders.applicationSupport(), data.front());
     };
     const Paths plainData = {"/h/.local/share", "/usr/local/share", "/usr/share"};
     const Paths plainConfig = {"/h/.config", "/etc/xdg"};
-    const EnvironmentVariable home("HOME", "/h");
-    for (const Case& each : {
-             Case{{}, {}, {}, {}, plainData, plainConfig},
-             Case{"", "", "", "", plainData, plainConfig},
-             Case{"data", "a:b", "./c", ":", plainData, plainConfig},
-             Case{"/d", "/a:b::/c:", "/k", "/x:../y", {"/d", "/a", "/c"}, {"/k", "/x"}},
-         }) {
-        const EnvironmentVariable variables[] = {{"XDG_DATA_HOME", each.dataHome},
-                                                 {"XDG_DATA_DIRS", each.dataDirs},
-                                                 {"XDG_CONFIG_HOME", each.configHome},
-                                                 {"XDG_CONFIG_DIRS", each.configDirs}};
-        const XdgUserFolders folders;
-        EXPECT_EQ(folders.dataFolders(), each.data);
-        EXPECT_EQ(folders.configFolders(), each.config);
-        EXPECT_EQ(folders.applicationSupport(), each.data.front());
-    }
-    for (const std::optional<std::string>& value : {std::optional<std::string>(), {""}, {"relative"}}) {
-        const EnvironmentVariable none("HOME", value);
+    expect({}, {}, {}, {}, plainData, plainConfig);
+    expect("data", "a:b", "", ":", plainData, plainConfig);
+    expect("/d", "/a:b::/c:", "/k", "/x:../y", {"/d", "/a", "/c"}, {"/k", "/x"});
+    for (const Value& home : {Value(), Value("relative")}) {
+        const EnvironmentVariable none("HOME", home);
         const std::filesystem::path found = XdgUserFolders().home(); // by the user database
         EXPECT_TRUE(found.is_absolute() && found != "/") << found;
     }
