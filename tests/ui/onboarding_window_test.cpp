@@ -140,6 +140,9 @@ TEST_F(OnboardingWindowTest, SoundsAndLaunchAtLoginReachTheStore)
     system.loginItem.refuses = true;
     click("Start Chimewell when I log in");
     EXPECT_TRUE(shows("Operation not permitted"));
+    system.loginItem.refuses = false;
+    click("Start Chimewell when I log in");
+    EXPECT_FALSE(shows("Operation not permitted"));
 }
 
 }
