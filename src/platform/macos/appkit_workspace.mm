@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/macos/appkit_workspace.h"
 
-#include "platform/macos/main_queue.h"
-#include "platform/macos/text.h"
+#include "platform/macos/foundation.h"
 #include "platform/posix/posix_files.h"
 
 #include <chrono>
@@ -15,7 +14,7 @@ namespace chimewell {
 namespace {
 
 constexpr std::string_view finder = "com.apple.finder";
-constexpr std::chrono::seconds patience{1};
+constexpr std::chrono::seconds timeout{1};
 
 NSURL* installed(std::string_view bundleIdentifier)
 {
@@ -35,7 +34,7 @@ NSURL* fileUrl(const std::filesystem::path& path, BOOL isFolder)
     return [NSURL fileURLWithPath:foundationText(path.native()) isDirectory:isFolder];
 }
 
-/// May take as long as the disk, or the network, likes.
+/// Blocks for as long as the disk or the network takes.
 std::optional<FileKind> kindOf(const std::filesystem::path& path)
 {
     const auto kind = PosixFiles().kind(path);
@@ -71,9 +70,9 @@ bool AppKitWorkspace::activateRunning(const TerminalApplication& application)
 void AppKitWorkspace::findKind(const std::filesystem::path& path, std::function<void(FileKind)> done)
 {
     const std::filesystem::path asked = path; // a block would keep the reference
-    const auto deadline = std::chrono::steady_clock::now() + patience;
+    const auto deadline = std::chrono::steady_clock::now() + timeout;
     NSOperationQueue* const queue =
-        [[NSOperationQueue alloc] init]; // its own: another path may hang for ever
+        [[NSOperationQueue alloc] init]; // its own, as the question about another path may never end
     [queue addOperationWithBlock:^{
         const auto kind = kindOf(asked);
         if (kind && std::chrono::steady_clock::now() < deadline) postToMain([done, kind] { done(*kind); });

@@ -10,9 +10,9 @@ namespace chimewell {
 
 class NotificationObserver;
 
-/// What the system asks of the application by Apple events. The toolkit registers handlers of its own while
-/// the application launches; ours take their place as soon as it has, which is before the event that
-/// started us arrives. Made after the toolkit's application object; one at a time, on the main thread.
+/// What the system asks of the application by Apple events. The toolkit registers its own handlers while the
+/// application launches. Ours replace them right afterwards, before the event that started us arrives. Create
+/// it after the toolkit's application object; one at a time, on the main thread.
 class AppleEvents {
 public:
     struct Handlers {
@@ -26,12 +26,12 @@ public:
     AppleEvents& operator=(const AppleEvents&) = delete;
     ~AppleEvents();
 
-    /// True while the request is handled by which the system ends us at log-out, restart or shut-down. Can
-    /// only be asked then: later it looks as if nobody had asked us to quit.
+    /// True while the system's request to quit for a log-out, restart or shut-down is handled. Call it only
+    /// then: later there is no request to look at.
     static bool isSessionEnding();
 
 private:
-    void takeOver();
+    void registerHandlers();
 
     struct Registration;
     std::unique_ptr<Registration> registration_;

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/macos/apple_events.h"
 
-#include "platform/macos/notification_observer.h"
-#include "platform/macos/text.h"
+#include "platform/macos/foundation.h"
 
 #import <AppKit/AppKit.h>
 
@@ -51,7 +50,7 @@ AppleEvents::AppleEvents(Handlers handlers) : registration_(std::make_unique<Reg
     // object.
     launch_ = std::make_unique<NotificationObserver>(NSNotificationCenter.defaultCenter,
                                                      NSApplicationWillFinishLaunchingNotification,
-                                                     [this] { takeOver(); });
+                                                     [this] { registerHandlers(); });
 }
 
 AppleEvents::~AppleEvents()
@@ -62,7 +61,7 @@ AppleEvents::~AppleEvents()
     [manager removeEventHandlerForEventClass:kCoreEventClass andEventID:kAEReopenApplication];
 }
 
-void AppleEvents::takeOver()
+void AppleEvents::registerHandlers()
 {
     NSAppleEventManager* const manager = [NSAppleEventManager sharedAppleEventManager];
     [manager setEventHandler:registration_->handler

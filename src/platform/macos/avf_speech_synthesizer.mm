@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/macos/avf_speech_synthesizer.h"
 
-#include "platform/macos/text.h"
+#include "platform/macos/foundation.h"
 
 #import <AVFAudio/AVFAudio.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/macos/foundation_user_locale.h"
 
-#include "platform/macos/text.h"
+#include "platform/macos/foundation.h"
 
 namespace chimewell {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/macos/run_loop_timers.h"
 
-#include "platform/macos/notification_observer.h"
+#include "platform/macos/foundation.h"
 
 #import <AppKit/AppKit.h>
 

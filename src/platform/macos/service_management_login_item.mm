@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/macos/service_management_login_item.h"
 
-#include "platform/macos/text.h"
+#include "platform/macos/foundation.h"
 
 #import <ServiceManagement/ServiceManagement.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/macos/status_item.h"
 
-#include "platform/macos/text.h"
+#include "platform/macos/foundation.h"
 
 #import <AppKit/AppKit.h>
 

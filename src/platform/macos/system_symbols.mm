@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/macos/system_symbols.h"
 
-#include "platform/macos/text.h"
+#include "platform/macos/foundation.h"
 
 #import <AppKit/AppKit.h>
 

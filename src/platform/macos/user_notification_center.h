@@ -7,8 +7,8 @@
 
 namespace chimewell {
 
-/// Banners by UNUserNotificationCenter, which there is only for a program within an application bundle.
-/// Answers that come on other threads are brought to the main thread, and dropped once this object is gone.
+/// Banners by UNUserNotificationCenter, which exists only for a program in an application bundle. Callbacks
+/// run on the main thread; those that are still due when this object is destroyed are dropped.
 class UserNotificationCenter final : public NotificationCenter {
 public:
     UserNotificationCenter();

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/macos/user_notification_center.h"
 
-#include "platform/macos/main_queue.h"
-#include "platform/macos/notification_observer.h"
-#include "platform/macos/text.h"
+#include "platform/macos/foundation.h"
 
 #import <AppKit/AppKit.h>
 #import <UserNotifications/UserNotifications.h>

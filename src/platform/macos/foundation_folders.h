@@ -2,8 +2,17 @@
 #pragma once
 
 #include "ports/resources.h"
+#include "ports/user_folders.h"
 
 namespace chimewell {
+
+/// The user's folders as Foundation names them.
+class FoundationUserFolders final : public UserFolders {
+public:
+    std::filesystem::path home() const override;
+    /// Creates the folder if it does not exist.
+    std::optional<std::filesystem::path> applicationSupport() const override;
+};
 
 /// The files in the application bundle's Resources folder, our other programs among them.
 class BundleResources final : public Resources {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "platform/macos/foundation_user_folders.h"
+#include "platform/macos/foundation_folders.h"
 
-#include "platform/macos/text.h"
+#include "platform/macos/foundation.h"
 
 namespace chimewell {
 
@@ -18,6 +18,13 @@ std::optional<std::filesystem::path> FoundationUserFolders::applicationSupport()
                                                                   create:YES
                                                                    error:nil]
                                .path;
+    if (!path) return std::nullopt;
+    return utf8(path);
+}
+
+std::optional<std::filesystem::path> BundleResources::named(std::string_view name) const
+{
+    NSString* const path = [NSBundle.mainBundle pathForResource:foundationText(name) ofType:nil];
     if (!path) return std::nullopt;
     return utf8(path);
 }

@@ -1,13 +1,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// For Objective-C++ only.
+// What several adapters need of Foundation. For Objective-C++ only.
 
 #import <Foundation/Foundation.h>
 
 #include <functional>
+#include <string>
+#include <string_view>
 
 namespace chimewell {
+
+/// UTF-8 as NSString; empty for bytes that are not UTF-8, for which Foundation returns nil.
+NSString* foundationText(std::string_view text);
+/// Empty for nil.
+std::string utf8(NSString* text);
+
+/// Runs `task` on the main thread, always later than this call. Can be called on any thread.
+void postToMain(std::function<void()> task);
 
 /// Calls `posted` each time the notification is posted, on the thread that posts it, for as long as this
 /// object lives.
