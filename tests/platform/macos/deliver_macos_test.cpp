@@ -18,8 +18,7 @@
 #include <utility>
 #include <vector>
 
-// Stands for CoreFoundation, Launch Services and the dynamic linker. What is not released, the sanitizer
-// finds.
+// Replaces CoreFoundation, Launch Services and the dynamic linker. The sanitizer finds what is not released.
 
 namespace {
 
@@ -32,10 +31,6 @@ struct Launch {
 std::vector<Launch> launches;
 std::string executable; ///< Where the helper is; unknown when empty.
 
-struct Object {
-    virtual ~Object() = default;
-};
-
 std::string text(const UInt8* bytes, CFIndex length)
 {
     return {reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(length)};
@@ -43,14 +38,13 @@ std::string text(const UInt8* bytes, CFIndex length)
 
 }
 
-struct __CFURL : Object {
+struct __CFURL {
     explicit __CFURL(std::string url) : text(std::move(url)) {}
+    virtual ~__CFURL() = default;
     std::string text;
 };
-
-struct __CFArray : Object {
-    explicit __CFArray(const void* only) : item(static_cast<CFURLRef>(only)) {}
-    CFURLRef item;
+struct __CFArray : __CFURL { ///< Of one URL.
+    using __CFURL::__CFURL;
 };
 
 struct CFArrayCallBacks {};
@@ -58,7 +52,7 @@ const CFArrayCallBacks kCFTypeArrayCallBacks = {};
 
 void CFRelease(CFTypeRef object)
 {
-    delete static_cast<const Object*>(object);
+    delete static_cast<const __CFURL*>(object);
 }
 
 CFURLRef CFURLCreateWithBytes(CFAllocatorRef, const UInt8* bytes, CFIndex length, CFStringEncoding encoding,
@@ -77,13 +71,14 @@ CFURLRef CFURLCreateFromFileSystemRepresentation(CFAllocatorRef, const UInt8* pa
 CFArrayRef CFArrayCreate(CFAllocatorRef, const void** values, CFIndex count,
                          const CFArrayCallBacks* callBacks)
 {
-    // Without these it would not hold its items.
-    return count == 1 && callBacks == &kCFTypeArrayCallBacks ? new __CFArray(values[0]) : nullptr;
+    // Without these callbacks it would not hold its items.
+    if (count != 1 || callBacks != &kCFTypeArrayCallBacks) return nullptr;
+    return new __CFArray(static_cast<CFURLRef>(values[0])->text);
 }
 
 OSStatus LSOpenFromURLSpec(const LSLaunchURLSpec* launch, CFURLRef*)
 {
-    launches.push_back({.item = launch->itemURLs->item->text,
+    launches.push_back({.item = launch->itemURLs->text,
                         .application = launch->appURL ? std::optional(launch->appURL->text) : std::nullopt,
                         .flags = launch->launchFlags});
     return -10810; // an error of no meaning to the helper

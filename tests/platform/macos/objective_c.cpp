@@ -70,7 +70,7 @@ namespace {
 
 struct FrameworkObject : Object {
     std::map<std::string, Value> properties = {};
-    std::vector<std::pair<Value, Value>> entries = {}; ///< Of a dictionary. Those of an array have no values.
+    std::vector<std::pair<Value, Value>> entries = {}; ///< Of a dictionary.
 };
 
 struct Observer {
@@ -113,9 +113,9 @@ Id allocateInstance(const Class* type)
 
 Id makeArray(const Class* type, const char* /*selector*/, const Id* items, std::size_t count)
 {
-    FrameworkObject* const array = newObject(type);
-    for (const Id item : std::vector(items, items + count))
-        array->entries.emplace_back(item, nullptr);
+    const Id array = newObject(type);
+    for (std::size_t i = 0; i < count; ++i)
+        Value(array).set(std::to_string(i), items[i]);
     return array;
 }
 
@@ -145,8 +145,8 @@ std::size_t enumerate(Id collection, const char* /*selector*/, EnumerationState*
     return given;
 }
 
-/// Leaves each argument in the property that its part of the selector names.
-void storeArguments(Id receiver, const char* selector, Word first, Word second, Word third, Word fourth)
+/// Leaves each argument in the property that its part of the selector names, and returns nil.
+Id storeArguments(Id receiver, const char* selector, Word first, Word second, Word third, Word fourth)
 {
     std::string_view parts = selector;
     for (const std::string_view verb : {"set", "With"})
@@ -159,6 +159,7 @@ void storeArguments(Id receiver, const char* selector, Word first, Word second, 
         if (std::islower(name[1]) != 0) name[0] = static_cast<char>(std::tolower(name[0]));
         Value(receiver).set(name, argument);
     }
+    return nullptr;
 }
 
 Id makeObject(const Class* type, const char* selector, Word first, Word second, Word third, Word fourth)
@@ -226,6 +227,7 @@ void* _objc_empty_cache = nullptr;
 
 Value NSApplicationDidBecomeActiveNotification = "NSApplicationDidBecomeActiveNotification";
 Value NSApplicationWillFinishLaunchingNotification = "NSApplicationWillFinishLaunchingNotification";
+Value NSDeviceRGBColorSpace = "NSDeviceRGBColorSpace";
 Value NSRunLoopCommonModes = "NSRunLoopCommonModes";
 Value NSWorkspaceDidWakeNotification = "NSWorkspaceDidWakeNotification";
 Value UNNotificationDefaultActionIdentifier = "UNNotificationDefaultActionIdentifier";
@@ -344,10 +346,12 @@ objc_release:
     retq
 
 .data
-CLASSES NSAppleEventManager, NSArray, NSBundle, NSImage, NSMutableDictionary, NSNotificationCenter
-CLASSES NSOperationQueue, NSRunLoop, NSScreen, NSSet, NSStatusBar, NSTimer, NSURL, NSWorkspace
-CLASSES UNMutableNotificationContent, UNNotificationAction, UNNotificationCategory, UNNotificationRequest
-CLASSES UNUserNotificationCenter
+CLASSES AVSpeechSynthesisVoice, AVSpeechSynthesizer, AVSpeechUtterance, NSAppleEventManager, NSApplication, NSArray
+CLASSES NSBitmapImageRep, NSBundle, NSDate, NSDateFormatter, NSFileManager, NSGraphicsContext, NSImage
+CLASSES NSMutableDictionary, NSNotificationCenter, NSOperationQueue, NSRelativeDateTimeFormatter, NSRunLoop
+CLASSES NSRunningApplication, NSScreen, NSSet, NSSound, NSStatusBar, NSTimeZone, NSTimer, NSURL, NSWorkspace
+CLASSES NSWorkspaceOpenConfiguration, SMAppService, UNMutableNotificationContent, UNNotificationAction
+CLASSES UNNotificationCategory, UNNotificationRequest, UNUserNotificationCenter
 
 .globl __CFConstantStringClassReference
 .set __CFConstantStringClassReference, "OBJC_CLASS_$_NSString"
@@ -382,14 +386,6 @@ std::string Value::text() const
     if (word_ == 0) return {};
     const auto* const string = as<const String*>();
     return {string->characters, string->length};
-}
-
-std::vector<Value> Value::arrayItems() const
-{
-    std::vector<Value> result;
-    for (const auto& [item, nothing] : known(*this).entries)
-        result.push_back(item);
-    return result;
 }
 
 std::map<std::string, std::string> Value::dictionaryTexts() const

@@ -56,7 +56,6 @@ public:
     void set(const std::string& property, Value value) const;
     /// Of a string; empty for nil.
     std::string text() const;
-    std::vector<Value> arrayItems() const;
     std::map<std::string, std::string> dictionaryTexts() const;
 
 private:

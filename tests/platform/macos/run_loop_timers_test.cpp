@@ -2,10 +2,10 @@
 #include "platform/macos/run_loop_timers.h"
 
 #include "objective_c.h"
+#include "support/fake_time.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <memory>
 #include <vector>
 
@@ -16,106 +16,81 @@ namespace {
 using namespace objc;
 using namespace std::chrono_literals;
 
-struct ScheduledTimer {
-    Id timer;
-    double due; ///< In seconds that the Mac is awake.
-    void (^block)(Id);
-};
-
-double awake;
-std::vector<ScheduledTimer> scheduled;
-
-/// Goes on while the Mac sleeps.
-class MacClock : public Clock {
-public:
-    Date now() const override { return {}; }
-    Instant instant() const override
-    {
-        return Instant(
-            std::chrono::round<std::chrono::nanoseconds>(std::chrono::duration<double>(awake + asleep)));
-    }
-
-    double asleep = 0;
-};
+std::vector<Value> made; ///< Every timer of the run loop.
 
 class RunLoopTimersTest : public ::testing::Test {
 protected:
     RunLoopTimersTest()
     {
         reset();
-        awake = 0;
-        scheduled.clear();
+        made.clear();
         implement(
             "timerWithTimeInterval:repeats:block:",
             +[](Id, const char*, double interval, bool, void (^block)(Id)) -> Id {
-                scheduled.push_back({object(), awake + interval, keep(block)});
-                return scheduled.back().timer;
+                made.push_back(
+                    object({{"seconds", static_cast<long>(interval)}, {"block", Word(keep(block))}}));
+                return made.back();
             });
-        implement(
-            "addTimer:forMode:", +[](Id, const char*, Id, Id mode) {
-                EXPECT_EQ(Value(mode).text(), "NSRunLoopCommonModes"); // also while a menu is open
-            });
-        implement(
-            "invalidate", +[](Id timer, const char*) {
-                std::erase_if(scheduled, [&](const ScheduledTimer& each) { return each.timer == timer; });
-            });
+        implement("invalidate", +[](Id timer, const char*) { Value(timer).set("isInvalid", true); });
         shared("sharedWorkspace").set("notificationCenter", object());
-        timers = std::make_unique<RunLoopTimers>(clock);
+        timers = std::make_unique<RunLoopTimers>(time);
     }
 
-    static void advance(double seconds)
+    static void wake()
     {
-        const double end = awake + seconds;
-        while (!scheduled.empty()) {
-            const auto next = std::ranges::min_element(scheduled, {}, &ScheduledTimer::due);
-            if (next->due > end) break;
-            awake = std::max(awake, next->due);
-            const ScheduledTimer rings = *next;
-            scheduled.erase(next);
-            rings.block(rings.timer);
-        }
-        awake = end;
+        notify(shared("sharedWorkspace")["notificationCenter"], "NSWorkspaceDidWakeNotification");
     }
+    static void ring() { made.back()["block"].as<void (^)(Id)>()(made.back()); }
 
-    MacClock clock;
+    FakeTime time;
     std::unique_ptr<RunLoopTimers> timers;
-    std::vector<double> fired; ///< The times.
-    const std::function<void()> fire = [this] { fired.push_back(awake + clock.asleep); };
+    int fired = 0;
+    const std::function<void()> fire = [this] { ++fired; };
 };
 
 }
 
-TEST_F(RunLoopTimersTest, FireOnceAfterTheirDelayUnlessDestroyed)
+TEST_F(RunLoopTimersTest, FireOnceFromTheRunLoop)
 {
-    const auto second = timers->once(1500ms, fire);
+    const auto timer = timers->once(15s, fire);
+    EXPECT_EQ(made.back()["seconds"], Value(15L));
+    EXPECT_EQ(shared("mainRunLoop")["addTimer"], made.back());
+    EXPECT_EQ(shared("mainRunLoop")["forMode"].text(), "NSRunLoopCommonModes"); // also while a menu is open
+    ring();
+    EXPECT_EQ(fired, 1);
+    wake();
+    EXPECT_EQ(made.size(), 1U);
     const auto past = timers->once(-5s, fire);
+    EXPECT_EQ(made.back()["seconds"], Value(0L));
+}
+
+TEST_F(RunLoopTimersTest, StopWhenTheyAreDestroyed)
+{
     timers->once(1s, fire).reset();
-    EXPECT_TRUE(fired.empty()); // never within the call
-    advance(10);
-    EXPECT_EQ(fired, (std::vector{0., 1.5}));
+    EXPECT_EQ(made.back()["isInvalid"], Value(true));
+    wake();
+    EXPECT_EQ(made.size(), 1U);
 }
 
 TEST_F(RunLoopTimersTest, ACallbackMayReplaceItsOwnTimer)
 {
     std::unique_ptr<Timer> timer;
-    timer = timers->once(1s, [&, held = std::vector(1000, 0.5)] {
+    timer = timers->once(1s, [&, held = std::vector(1000, 1)] {
         timer = timers->once(3s, fire);
-        fired.push_back(held.back()); // the sanitizer sees it read after its end
+        fired += held.back(); // the sanitizer sees it read after its end
     });
-    advance(10);
-    EXPECT_EQ(fired, (std::vector{0.5, 4.}));
+    ring();
+    ring();
+    EXPECT_EQ(fired, 2);
 }
 
 TEST_F(RunLoopTimersTest, DelaysGoOnWhileTheMacSleeps)
 {
-    const auto missed = timers->once(60s, fire);
-    const auto later = timers->once(90s, fire);
-    timers->once(70s, fire).reset();
-    advance(30);
-    clock.asleep += 45;
-    notify(shared("sharedWorkspace")["notificationCenter"], "NSWorkspaceDidWakeNotification");
-    advance(40);
-    EXPECT_EQ(fired, (std::vector{75., 90.}));
+    const auto timer = timers->once(60s, fire);
+    time.sleep(45s);
+    wake();
+    EXPECT_EQ(made.front()["isInvalid"], Value(true));
+    EXPECT_EQ(made.back()["seconds"], Value(15L));
 }
 
 }

@@ -1,0 +1,220 @@
+// SPDX-License-Identifier: MIT
+#include "app/macos/application.h"
+
+#include "objective_c.h"
+#include "support/temporary_folder.h"
+#include "ui/look/words.h"
+#include "ui/panel/panel_window.h"
+
+#include <QApplication>
+#include <QFileOpenEvent>
+#include <QTimer>
+#include <QUrl>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+
+using namespace chimewell::test::objc;
+
+namespace {
+
+std::string home;
+
+}
+
+extern "C" {
+
+float AVSpeechUtteranceDefaultSpeechRate = 0.5F;
+
+Id NSHomeDirectory()
+{
+    return Value(home.c_str());
+}
+}
+
+namespace chimewell::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using Event = std::pair<Word, Word>; ///< Its class and its identifier.
+const Event openUrl{'GURL', 'GURL'};
+const Event reopen{'aevt', 'rapp'};
+
+std::map<Event, std::pair<Id, const char*>> handlers; ///< Of Apple events: objects and selectors.
+
+/// Where an Apple event keeps what it is about.
+std::string place(const char* message, Word keyword)
+{
+    return message + std::to_string(keyword);
+}
+
+constexpr char parameter[] = "paramDescriptorForKeyword:";
+constexpr char attribute[] = "attributeDescriptorForKeyword:";
+
+/// The whole application on the adapters of macOS, authorized to show banners.
+class ApplicationTest : public ::testing::Test {
+protected:
+    ApplicationTest()
+    {
+        reset();
+        home = folder.path();
+        handlers = {{openUrl, {object(), "ignore"}}}; // the toolkit's
+        implement(
+            "URLForDirectory:inDomain:appropriateForURL:create:error:", +[](Id, const char*) -> Id {
+                return object({{"path", std::string_view(home + "/Support")}});
+            });
+        implement(
+            "getNotificationSettingsWithCompletionHandler:",
+            +[](Id, const char*, void (^done)(Id)) { done(object({{"authorizationStatus", 2}})); });
+        implement(
+            "setEventHandler:andSelector:forEventClass:andEventID:",
+            +[](Id, const char*, Id handler, const char* selector, std::uint32_t type, std::uint32_t id) {
+                handlers[{type, id}] = {handler, selector};
+            });
+        implement(
+            "removeEventHandlerForEventClass:andEventID:",
+            +[](Id, const char*, std::uint32_t type, std::uint32_t id) { handlers.erase({type, id}); });
+        for (const char* message : {parameter, attribute})
+            implement(
+                message, +[](Id event, const char* selector, std::uint32_t keyword) -> Id {
+                    return Value(event)[place(selector, keyword)];
+                });
+        // AppKit measures upwards from the bottom left corner of the primary screen.
+        implement(
+            "statusItemWithLength:", +[](Id bar, const char*, double) -> Id { return Value(bar)["item"]; });
+        implement("bounds", +[](Id, const char*) { return ScreenArea{0, 0, 26, 20}; });
+        implement(
+            "convertRect:toView:", +[](Id, const char*, ScreenArea area, Id) {
+                return ScreenArea{area.x + 2, area.y + 2, area.width, area.height};
+            });
+        implement(
+            "convertRectToScreen:", +[](Id, const char*, ScreenArea area) {
+                return ScreenArea{area.x + 1000, area.y + 970, area.width, area.height};
+            });
+        implement("frame", +[](Id, const char*) { return ScreenArea{0, 0, 1920, 1000}; });
+        shared("screens").set("firstObject", object());
+        shared("systemStatusBar").set("item", object({{"button", button}}));
+        application = std::make_unique<Application>(translator);
+        EXPECT_EQ(handlers.size(), 1U); // before the toolkit has registered
+        launch();
+        runMainQueue();
+    }
+
+    static void launch() { notify(shared("defaultCenter"), "NSApplicationWillFinishLaunchingNotification"); }
+
+    static void deliver(const Event& name, Value content)
+    {
+        const auto [handler, selector] = handlers.at(name);
+        send(handler, selector, Id(content), Id(object()));
+    }
+    static void open(Value url)
+    {
+        deliver(openUrl, object({{place(parameter, '----'), object({{"stringValue", url}})}}));
+    }
+    /// The folder that the last banner leads to.
+    static std::string folderOfBanner()
+    {
+        const Value request = shared("currentNotificationCenter")["addNotificationRequest"];
+        return request["content"]["userInfo"].dictionaryTexts()["cwd"];
+    }
+    bool isDormantAfterQuit() const
+    {
+        QTimer::singleShot(0, qApp, [] {
+            QEvent quit(QEvent::Quit);
+            QApplication::sendEvent(qApp, &quit);
+        });
+        QApplication::exec();
+        return fs::exists(folder.path() / "Support/Chimewell/dormant");
+    }
+
+    const TemporaryFolder folder;
+    const QtTranslator translator{Wording::macOS, {}};
+    const Value button = object({{"window", object()}});
+    std::unique_ptr<Application> application;
+};
+
+}
+
+TEST_F(ApplicationTest, TakesUrlsFromAppleEventsAndTheToolkit)
+{
+    open("chimewell://event?type=finished&provider=claude&cwd=/one");
+    EXPECT_EQ(folderOfBanner(), "/one");
+    open(nullptr);
+    QFileOpenEvent event(
+        QUrl(QStringLiteral("chimewell://event?type=waiting_input&provider=codex&cwd=/an%20other")));
+    QApplication::sendEvent(qApp, &event);
+    EXPECT_EQ(folderOfBanner(), "/an other");
+}
+
+TEST_F(ApplicationTest, OpensItsPanelUnderItsIcon)
+{
+    EXPECT_EQ(button["image"]["systemSymbolName"].text(), "bell");
+    EXPECT_TRUE(button["image"]["template"].as<bool>()); // in the menu bar's own colour
+    EXPECT_EQ(button["accessibilityLabel"].text(), button["toolTip"].text());
+    EXPECT_EQ(button["sendActionOn"].as<int>(), 4 | 16); // either button, when released
+    send(button["target"], button["action"].as<const char*>(), Id(button));
+    const auto windows = QApplication::topLevelWidgets();
+    const auto panel =
+        std::ranges::find_if(windows, [](auto* each) { return qobject_cast<PanelWindow*>(each); });
+    ASSERT_NE(panel, windows.end());
+    const QRect area = (*panel)->geometry();
+    EXPECT_TRUE(area.top() >= 28 && area.top() < 60) << area.top(); // under the menu bar
+    EXPECT_TRUE(area.left() <= 1002 && area.right() >= 1028) << area.left();
+}
+
+TEST_F(ApplicationTest, ComesForwardWhenTheUserStartsItAgain)
+{
+    const auto showsWindow = [] {
+        return std::ranges::any_of(QApplication::topLevelWidgets(), &QWidget::isVisible);
+    };
+    QApplication::closeAllWindows();
+    EXPECT_FALSE(showsWindow());
+    deliver(reopen, object());
+    EXPECT_TRUE(showsWindow());
+}
+
+TEST_F(ApplicationTest, TakesAwayWhatItRegistered)
+{
+    EXPECT_TRUE(fs::exists(folder.path() / "Support/Chimewell/running"));
+    EXPECT_EQ(handlers.size(), 2U);
+    application.reset();
+    EXPECT_TRUE(handlers.empty());
+    EXPECT_EQ(shared("systemStatusBar")["removeStatusItem"], shared("systemStatusBar")["item"]);
+    launch();
+    EXPECT_TRUE(handlers.empty());
+    handlers = {{openUrl, {object(), "ignore"}}};
+    AppleEvents({}); // has registered nothing yet
+    EXPECT_EQ(handlers.size(), 1U);
+}
+
+TEST_F(ApplicationTest, IsDormantAfterTheUsersQuit)
+{
+    EXPECT_TRUE(isDormantAfterQuit());
+}
+
+TEST_F(ApplicationTest, IsNotDormantAfterTheSessionsEnd)
+{
+    const std::pair<int, bool> reasons[] = {{'quia', false}, {'norm', false}, {'logo', true},
+                                            {'rlgo', true},  {'rest', true},  {'shut', true}};
+    for (const char* message : {parameter, attribute})
+        for (const char* type : {"enumCodeValue", "typeCodeValue"})
+            for (const auto& [reason, ends] : reasons) {
+                const Value event =
+                    object({{"eventID", 'rapp'}, {place(message, 'why?'), object({{type, reason}})}});
+                shared("sharedAppleEventManager").set("currentAppleEvent", event);
+                EXPECT_FALSE(AppleEvents::isSessionEnding()) << message << type << reason;
+                event.set("eventID", 'quit');
+                EXPECT_EQ(AppleEvents::isSessionEnding(), ends) << message << type << reason;
+            }
+    EXPECT_FALSE(isDormantAfterQuit());
+}
+
+}
