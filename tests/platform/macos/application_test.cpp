@@ -149,9 +149,9 @@ TEST_F(ApplicationTest, TakesUrlsFromAppleEventsAndTheToolkit)
     EXPECT_EQ(folderOfBanner(), "/one");
     open(nullptr);
     QFileOpenEvent event(
-        QUrl(QStringLiteral("chimewell://event?type=waiting_input&provider=codex&cwd=/an%20other")));
+        QUrl(QStringLiteral("chimewell://event?type=waiting_input&provider=codex&cwd=/an%26other")));
     QApplication::sendEvent(qApp, &event);
-    EXPECT_EQ(folderOfBanner(), "/an other");
+    EXPECT_EQ(folderOfBanner(), "/an&other");
 }
 
 TEST_F(ApplicationTest, OpensItsPanelUnderItsIcon)
@@ -175,15 +175,17 @@ TEST_F(ApplicationTest, ComesForwardWhenTheUserStartsItAgain)
     const auto showsWindow = [] {
         return std::ranges::any_of(QApplication::topLevelWidgets(), &QWidget::isVisible);
     };
+    EXPECT_TRUE(showsWindow()); // for a new user
     QApplication::closeAllWindows();
     EXPECT_FALSE(showsWindow());
     deliver(reopen, object());
     EXPECT_TRUE(showsWindow());
 }
 
-TEST_F(ApplicationTest, TakesAwayWhatItRegistered)
+TEST_F(ApplicationTest, RegistersAndTakesAway)
 {
     EXPECT_TRUE(fs::exists(folder.path() / "Support/Chimewell/running"));
+    EXPECT_NE(shared("currentNotificationCenter")["delegate"], Value(nullptr));
     EXPECT_EQ(handlers.size(), 2U);
     application.reset();
     EXPECT_TRUE(handlers.empty());

@@ -391,6 +391,7 @@ std::string Value::text() const
 std::map<std::string, std::string> Value::dictionaryTexts() const
 {
     std::map<std::string, std::string> result;
+    if (word_ == 0) return result;
     for (const auto& [key, value] : known(*this).entries)
         result.emplace(key.text(), value.text());
     return result;
