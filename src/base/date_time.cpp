@@ -73,7 +73,7 @@ std::optional<Date> parseIso8601(std::string_view text)
     if (rest.starts_with('.')) {
         rest.remove_prefix(1);
         const std::string_view digits =
-            rest.substr(0, std::ranges::find_if_not(rest, isDigit) - rest.begin());
+            rest.substr(0, static_cast<std::size_t>(std::ranges::find_if_not(rest, isDigit) - rest.begin()));
         if (digits.empty()) return std::nullopt;
         std::chrono::microseconds unit = 100ms;
         for (const char digit : digits) {
