@@ -2,14 +2,13 @@
 #pragma once
 
 #include "core/services.h"
-#include "platform/linux/freedesktop/activation_tokens.h"
+#include "platform/linux/freedesktop/activation.h"
 #include "platform/linux/notifications/dbus_notification_center.h"
 #include "platform/linux/session/autostart_login_item.h"
 #include "platform/linux/session/boot_timers.h"
 #include "platform/linux/session/desktop_appearance.h"
 #include "platform/linux/session/freedesktop_application.h"
 #include "platform/linux/session/icu_user_locale.h"
-#include "platform/linux/session/no_activation.h"
 #include "platform/linux/session/termination_signals.h"
 #include "platform/linux/session/tray_host.h"
 #include "platform/linux/sound/pulse_system_sounds.h"

@@ -2,7 +2,6 @@
 #include "app/linux/application.h"
 #include "platform/linux/session/display_check.h"
 #include "platform/linux/session/freedesktop_application.h"
-#include "platform/linux/session/running_instance.h"
 #include "ui/look/symbol.h"
 #include "ui/look/words.h"
 #include "values/shared_names.h"
@@ -30,7 +29,7 @@ int fail(const char* reason)
 /// Hands the URLs to the running instance. Returns the exit status of this process.
 int handOverAndExit(const QDBusConnection& bus, const QStringList& urls)
 {
-    return handOver(bus, urls) ? 0 : fail("no session bus, or nobody answers on it");
+    return requestOpen(bus, urls) ? 0 : fail("no session bus, or nobody answers on it");
 }
 
 /// Launchers without D-Bus activation run the program with the URL as an argument, and some wait until it
@@ -67,7 +66,7 @@ int run(int& argc, char** argv)
 
     const QDBusConnection bus = QDBusConnection::sessionBus();
     FreedesktopApplication host(bus);
-    if (!host.claim()) return handOverAndExit(bus, {});
+    if (!host.acquireName()) return handOverAndExit(bus, {});
     const std::filesystem::path here = QCoreApplication::applicationDirPath().toStdString();
     const Application application(bus, host, translator,
                                   {.program = QCoreApplication::applicationFilePath().toStdString(),

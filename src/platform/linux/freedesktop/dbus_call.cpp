@@ -3,22 +3,21 @@
 
 #include <QDBusError>
 #include <QDBusPendingCallWatcher>
+#include <QString>
 #include <QTimer>
 
 #include <utility>
 
 namespace chimewell {
-namespace {
 
-constexpr int timeoutMilliseconds = 20000;
-
-}
+using namespace Qt::StringLiterals;
 
 void callAsync(const QDBusConnection& bus, const QDBusMessage& call, QObject* context,
                std::function<void(const QDBusMessage&)> done)
 {
+    constexpr int timeoutMilliseconds = 20000;
     if (!bus.isConnected()) { // such a call would never be answered
-        const auto error = QDBusMessage::createError(QDBusError::Disconnected, QStringLiteral("No bus"));
+        const auto error = QDBusMessage::createError(QDBusError::Disconnected, u"No bus"_s);
         QTimer::singleShot(0, context, [done = std::move(done), error] { done(error); });
         return;
     }
@@ -32,9 +31,21 @@ void callAsync(const QDBusConnection& bus, const QDBusMessage& call, QObject* co
 
 QDBusMessage busDaemonCall(const char* method)
 {
-    return QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QString::fromLatin1(method));
+    const QString name = u"org.freedesktop.DBus"_s;
+    return QDBusMessage::createMethodCall(name, u"/org/freedesktop/DBus"_s, name,
+                                          QString::fromLatin1(method));
+}
+
+QVariant firstArgument(const QDBusMessage& reply)
+{
+    return reply.type() == QDBusMessage::ReplyMessage ? reply.arguments().value(0) : QVariant();
+}
+
+bool isRefusal(const QDBusMessage& reply)
+{
+    if (reply.type() != QDBusMessage::ErrorMessage) return false;
+    const QDBusError::ErrorType error = QDBusError(reply).type();
+    return error != QDBusError::NoReply && error != QDBusError::Timeout && error != QDBusError::TimedOut;
 }
 
 }

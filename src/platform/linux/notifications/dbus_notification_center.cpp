@@ -2,8 +2,6 @@
 #include "platform/linux/notifications/dbus_notification_center.h"
 
 #include "platform/linux/freedesktop/dbus_call.h"
-#include "platform/linux/notifications/desktop_notification_settings.h"
-#include "platform/linux/notifications/escaped_markup.h"
 #include "values/shared_names.h"
 
 #include <QStringList>
@@ -12,8 +10,12 @@
 
 #include <algorithm>
 #include <chrono>
+#include <string_view>
 
 namespace chimewell {
+
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr std::chrono::seconds longestWaitForCapabilities{1};
@@ -22,19 +24,12 @@ constexpr std::size_t maxClickable = 1000;
 
 QString serverName()
 {
-    return QStringLiteral("org.freedesktop.Notifications");
+    return u"org.freedesktop.Notifications"_s;
 }
 
 QString serverPath()
 {
-    return QStringLiteral("/org/freedesktop/Notifications");
-}
-
-/// Xfce's server never tells of a click beside the buttons. It draws the default action as one more button,
-/// and since version 0.9 also when it has no label.
-QString drawsDefaultActionAsButton()
-{
-    return QStringLiteral("Xfce Notify Daemon");
+    return u"/org/freedesktop/Notifications"_s;
 }
 
 QDBusMessage serverCall(const char* method)
@@ -43,14 +38,22 @@ QDBusMessage serverCall(const char* method)
                                           QString::fromLatin1(method));
 }
 
-bool isReply(const QDBusMessage& message)
+/// For servers that understand markup.
+std::string escapedMarkup(std::string_view text)
 {
-    return message.type() == QDBusMessage::ReplyMessage && !message.arguments().isEmpty();
-}
-
-QString fromUtf8(const std::string& text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    std::string result;
+    result.reserve(text.size());
+    for (const char c : text) {
+        if (c == '&')
+            result += "&amp;";
+        else if (c == '<')
+            result += "&lt;";
+        else if (c == '>')
+            result += "&gt;";
+        else
+            result += c;
+    }
+    return result;
 }
 
 }
@@ -60,17 +63,18 @@ DbusNotificationCenter::DbusNotificationCenter(QDBusConnection bus, Timers& time
       timers_(timers),
       tokens_(tokens),
       ownerWatcher_(serverName(), bus_, QDBusServiceWatcher::WatchForOwnerChange),
-      switch_(bus_)
+      settings_(bus_)
 {
     connect(&ownerWatcher_, &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString&, const QString&, const QString& owner) { setOwner(owner); });
-    connect(&switch_, &DesktopBannerSwitch::changed, this, &DbusNotificationCenter::announceChange);
-    findOwner();
+    connect(&settings_, &DesktopNotificationSettings::changed, this, &DbusNotificationCenter::announceChange);
+    callAsync(bus_, busDaemonCall("GetNameOwner") << serverName(), this,
+              [this](const QDBusMessage& reply) { setOwner(firstArgument(reply).toString()); });
 }
 
 bool DbusNotificationCenter::isAvailable() const
 {
-    return !owner_ || !owner_->isEmpty() || activatable_.value_or(true);
+    return hasServer() || !owner_ || activatable_.value_or(true);
 }
 
 void DbusNotificationCenter::setResponseHandler(std::function<void(const NotificationResponse&)> response)
@@ -102,7 +106,7 @@ void DbusNotificationCenter::requestPermission(std::function<void()> done)
 
 void DbusNotificationCenter::openSystemSettings()
 {
-    openDesktopNotificationSettings();
+    DesktopNotificationSettings::open();
 }
 
 void DbusNotificationCenter::post(const NotificationRequest& request)
@@ -110,32 +114,23 @@ void DbusNotificationCenter::post(const NotificationRequest& request)
     if (!isAvailable() || waiting_.size() + unanswered_ >= maxUnanswered) return;
     if (capabilities_ || waitedLongEnough_) {
         send(request);
-        if (!capabilities_ && owner_ && !owner_->isEmpty()) askServer();
+        if (!capabilities_ && hasServer()) askServer();
         return;
     }
     waiting_.push_back(request);
-    if (!patience_)
-        patience_ = timers_.once(longestWaitForCapabilities, [this] {
+    if (!timeout_)
+        timeout_ = timers_.once(longestWaitForCapabilities, [this] {
             waitedLongEnough_ = true;
             sendWaiting();
         });
     proceed();
 }
 
-void DbusNotificationCenter::findOwner()
-{
-    QDBusMessage call = busDaemonCall("GetNameOwner");
-    call << serverName();
-    callAsync(bus_, call, this, [this](const QDBusMessage& reply) {
-        setOwner(isReply(reply) ? reply.arguments().constFirst().toString() : QString());
-    });
-}
-
 void DbusNotificationCenter::findActivatable()
 {
     callAsync(bus_, busDaemonCall("ListActivatableNames"), this, [this](const QDBusMessage& reply) {
         const bool before = isAvailable();
-        activatable_ = isReply(reply) && reply.arguments().constFirst().toStringList().contains(serverName());
+        activatable_ = firstArgument(reply).toStringList().contains(serverName());
         proceed();
         if (isAvailable() != before) announceChange();
     });
@@ -149,34 +144,33 @@ void DbusNotificationCenter::setOwner(const QString& owner)
     capabilitiesAsked_ = false;
     capabilities_.reset();
     waitedLongEnough_ = false;
-    banners_.clear(); // a new server counts its banners anew
+    banners_.clear(); // a new server numbers its banners from 1 again
     lastToken_ = {};
     earlySignals_.clear();
     listenWhileNeeded();
-    if (owner.isEmpty()) findActivatable(); // anew each time: servers are installed and removed
+    if (owner.isEmpty()) findActivatable(); // each time: servers are installed and removed
     proceed();
     announceChange();
 }
 
 void DbusNotificationCenter::proceed()
 {
-    const bool serverThere = owner_ && !owner_->isEmpty();
-    if (!serverThere && !(owner_ && activatable_)) return; // the answers are on their way
+    if (!hasServer() && !(owner_ && activatable_)) return; // the bus has not answered yet
     if (!readers_.empty()) answerReaders();
     if (waiting_.empty()) return;
-    if (serverThere) {
+    if (hasServer()) {
         askServer();
     } else if (*activatable_) {
         startServer();
     } else {
-        patience_.reset();
+        timeout_.reset();
         waiting_.clear();
     }
 }
 
 void DbusNotificationCenter::answerReaders()
 {
-    switch_.read([this, readers = std::exchange(readers_, {})](bool off) {
+    settings_.readOff([this, readers = std::exchange(readers_, {})](bool off) {
         const auto permission = !isAvailable() ? NotificationPermission::unknown
                                 : off          ? NotificationPermission::denied
                                                : NotificationPermission::authorized;
@@ -188,15 +182,14 @@ void DbusNotificationCenter::answerReaders()
 void DbusNotificationCenter::startServer()
 {
     if (std::exchange(starting_, true)) return;
-    QDBusMessage call = busDaemonCall("StartServiceByName");
-    call << serverName() << 0U;
-    callAsync(bus_, call, this, [this](const QDBusMessage& reply) {
-        // A server that came up has announced itself as the new owner before this reply.
-        if (isReply(reply) || !std::exchange(starting_, false)) return;
-        patience_.reset();
-        waiting_.clear();
-        findActivatable();
-    });
+    callAsync(bus_, busDaemonCall("StartServiceByName") << serverName() << 0U, this,
+              [this](const QDBusMessage& reply) {
+                  // The bus announces a started server as the new owner before it sends this reply.
+                  if (firstArgument(reply).isValid() || !std::exchange(starting_, false)) return;
+                  timeout_.reset();
+                  waiting_.clear();
+                  findActivatable();
+              });
 }
 
 void DbusNotificationCenter::askServer()
@@ -204,8 +197,7 @@ void DbusNotificationCenter::askServer()
     if (std::exchange(capabilitiesAsked_, true)) return;
     callAsync(bus_, serverCall("GetServerInformation"), this,
               [this, asked = owner_](const QDBusMessage& reply) {
-                  if (asked != owner_) return;
-                  askCapabilities(isReply(reply) ? reply.arguments().constFirst().toString() : QString());
+                  if (asked == owner_) askCapabilities(firstArgument(reply).toString());
               });
 }
 
@@ -214,11 +206,14 @@ void DbusNotificationCenter::askCapabilities(const QString& serverSoftware)
     callAsync(bus_, serverCall("GetCapabilities"), this,
               [this, asked = owner_, serverSoftware](const QDBusMessage& reply) {
                   if (asked != owner_) return;
-                  if (isReply(reply)) {
-                      const QStringList names = reply.arguments().constFirst().toStringList();
-                      capabilities_ = {.actions = names.contains(QStringLiteral("actions")),
-                                       .bodyMarkup = names.contains(QStringLiteral("body-markup")),
-                                       .bannerClicks = serverSoftware != drawsDefaultActionAsButton()};
+                  const QVariant answer = firstArgument(reply);
+                  if (answer.isValid()) {
+                      const QStringList names = answer.toStringList();
+                      // Xfce's server reports only clicks on buttons. It draws the default action as one
+                      // more button, and since version 0.9 also when the action has no label.
+                      capabilities_ = {.actions = names.contains(u"actions"),
+                                       .bodyMarkup = names.contains(u"body-markup"),
+                                       .bannerClicks = serverSoftware != u"Xfce Notify Daemon"};
                   } else { // goes on without, and asks again with the next banner
                       capabilitiesAsked_ = false;
                       waitedLongEnough_ = true;
@@ -229,7 +224,7 @@ void DbusNotificationCenter::askCapabilities(const QString& serverSoftware)
 
 void DbusNotificationCenter::sendWaiting()
 {
-    patience_.reset();
+    timeout_.reset();
     for (const NotificationRequest& request : std::exchange(waiting_, {}))
         send(request);
 }
@@ -242,11 +237,12 @@ void DbusNotificationCenter::send(const NotificationRequest& request)
         bus_, notifyCall(request), this,
         [this, userInfo = request.userInfo, asked = owner_.value_or(QString())](const QDBusMessage& reply) {
             --unanswered_;
-            // An answer of a server that was replaced meanwhile names a banner that is gone. A reply does
-            // not tell its sender in every version of Qt.
-            if (isReply(reply) && (asked.isEmpty() || asked == owner_))
-                remember(reply.arguments().constFirst().toUInt(), userInfo);
-            replayEarlySignals();
+            // An answer of a server that was replaced in the meantime names a banner that no longer exists.
+            // A reply does not name its sender in every version of Qt.
+            const QVariant id = firstArgument(reply);
+            if (id.isValid() && (asked.isEmpty() || asked == owner_)) remember(id.toUInt(), userInfo);
+            for (const QDBusMessage& signal : std::exchange(earlySignals_, {}))
+                onSignal(signal);
             listenWhileNeeded();
         });
 }
@@ -260,23 +256,24 @@ QDBusMessage DbusNotificationCenter::notifyCall(const NotificationRequest& reque
         // twice.
         if (server.bannerClicks) actions << QString::fromLatin1(defaultNotificationAction) << QString();
         if (request.categoryIdentifier == category_.identifier && !category_.actionIdentifier.empty())
-            actions << fromUtf8(category_.actionIdentifier) << fromUtf8(category_.actionTitle);
+            actions << QString::fromStdString(category_.actionIdentifier)
+                    << QString::fromStdString(category_.actionTitle);
     }
     constexpr uchar normalUrgency = 1;
     const QVariantMap hints{
-        {QStringLiteral("desktop-entry"), QString::fromLatin1(applicationId)},
+        {u"desktop-entry"_s, QString::fromLatin1(applicationId)},
         // None of the registered categories is about programs that run for the user.
-        {QStringLiteral("category"), QStringLiteral("x-chimewell.agent")},
-        {QStringLiteral("urgency"), QVariant::fromValue(normalUrgency)},
-        {QStringLiteral("suppress-sound"), true},
+        {u"category"_s, u"x-chimewell.agent"_s},
+        {u"urgency"_s, QVariant::fromValue(normalUrgency)},
+        {u"suppress-sound"_s, true},
     };
     constexpr uint replacesNone = 0;
     constexpr int serversOwnExpiry = -1;
     QDBusMessage call = serverCall("Notify");
-    call << QStringLiteral("Chimewell") << replacesNone << QString::fromLatin1(applicationId)
-         << fromUtf8(request.title)
-         << fromUtf8(server.bodyMarkup ? escapedMarkup(request.body) : request.body) << actions << hints
-         << serversOwnExpiry;
+    call << u"Chimewell"_s << replacesNone << QString::fromLatin1(applicationId)
+         << QString::fromStdString(request.title)
+         << QString::fromStdString(server.bodyMarkup ? escapedMarkup(request.body) : request.body) << actions
+         << hints << serversOwnExpiry;
     return call;
 }
 
@@ -292,13 +289,13 @@ auto DbusNotificationCenter::find(uint id) -> std::deque<Banner>::iterator
     return std::ranges::find(banners_, id, &Banner::id);
 }
 
-// Every server tells all programs about all banners. Whoever shows none at the moment need not be woken.
+// Servers send every signal to every program. While we show no banner, none need wake us.
 void DbusNotificationCenter::listenWhileNeeded()
 {
     const bool needed = unanswered_ > 0 || !banners_.empty();
     if (std::exchange(listening_, needed) == needed) return;
     for (const char* name : {"ActivationToken", "ActionInvoked", "NotificationClosed"}) {
-        // With a sender QtDBus would ask the bus for its owner, and wait; the slot compares it instead.
+        // With a sender QtDBus would block to ask the bus for its owner. The slot compares it instead.
         const QString anySender;
         const QString signal = QString::fromLatin1(name);
         const char* const slot = SLOT(onSignal(QDBusMessage));
@@ -316,7 +313,7 @@ void DbusNotificationCenter::onSignal(const QDBusMessage& signal)
     const uint id = arguments[0].toUInt();
     const auto banner = find(id);
     if (banner == banners_.end()) {
-        // Of another program; or a click can overtake the answer that tells our banner's id.
+        // It belongs to another program, or it arrived before the answer with our banner's id.
         if (unanswered_ > 0) earlySignals_.push_back(signal);
         if (earlySignals_.size() > maxUnanswered) earlySignals_.pop_front();
     } else if (signal.member() == u"ActivationToken") {
@@ -327,12 +324,6 @@ void DbusNotificationCenter::onSignal(const QDBusMessage& signal)
         banners_.erase(banner);
         listenWhileNeeded();
     }
-}
-
-void DbusNotificationCenter::replayEarlySignals()
-{
-    for (const QDBusMessage& signal : std::exchange(earlySignals_, {}))
-        onSignal(signal);
 }
 
 void DbusNotificationCenter::click(const Banner& banner, const QString& action)

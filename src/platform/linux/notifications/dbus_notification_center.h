@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/linux/freedesktop/activation_tokens.h"
-#include "platform/linux/notifications/desktop_banner_switch.h"
+#include "platform/linux/freedesktop/activation.h"
+#include "platform/linux/notifications/desktop_notification_settings.h"
 #include "ports/notification_center.h"
 #include "ports/timers.h"
 
@@ -24,9 +24,9 @@
 
 namespace chimewell {
 
-/// Banners by the desktop's notification server (freedesktop.org, Desktop Notifications 1.2). The server may
-/// be missing, hang, die and be replaced at any time: nothing here waits for it. Until the bus has told
-/// whether there is a server, banners count as available.
+/// Shows banners through the desktop's notification server (freedesktop.org, Desktop Notifications 1.2). The
+/// server may be missing, hang, die and be replaced at any time: no call here blocks on it. Until the bus has
+/// answered whether there is a server, banners count as available.
 class DbusNotificationCenter final : public QObject, public NotificationCenter {
     Q_OBJECT
 public:
@@ -48,22 +48,22 @@ private Q_SLOTS:
     void onSignal(const QDBusMessage& signal);
 
 private:
-    /// What is assumed of a server that does not answer: escaped text reads right in most of those that show
-    /// no markup, while unescaped text is an injection, or an empty banner, in those that do.
+    /// The defaults are assumed of a server that does not answer. Most servers without markup still show
+    /// escaped text correctly; servers with markup would take unescaped text for markup, or show nothing.
     struct Capabilities {
         bool actions = true;
         bool bodyMarkup = true;
-        bool bannerClicks = true; ///< A click on the banner beside its buttons can be told to us.
+        bool bannerClicks = true; ///< It reports clicks on the banner itself, not only on its buttons.
     };
     struct Banner {
         uint id;
         std::map<std::string, std::string> userInfo;
     };
 
-    void findOwner();
+    bool hasServer() const { return owner_ && !owner_->isEmpty(); }
     void findActivatable();
     void setOwner(const QString& owner);
-    /// Does what was put off until the bus told about the server.
+    /// Continues what waits for the bus to tell who the server is.
     void proceed();
     void answerReaders();
     void startServer();
@@ -74,7 +74,6 @@ private:
     QDBusMessage notifyCall(const NotificationRequest& request) const;
     void remember(uint id, const std::map<std::string, std::string>& userInfo);
     std::deque<Banner>::iterator find(uint id);
-    void replayEarlySignals();
     void click(const Banner& banner, const QString& action);
     void listenWhileNeeded();
     void announceChange() const;
@@ -83,7 +82,7 @@ private:
     Timers& timers_;
     ActivationTokens& tokens_;
     QDBusServiceWatcher ownerWatcher_;
-    DesktopBannerSwitch switch_;
+    DesktopNotificationSettings settings_;
     std::function<void(const NotificationResponse&)> response_;
     std::function<void()> changed_;
     NotificationCategory category_;
@@ -92,18 +91,17 @@ private:
     std::optional<bool> activatable_;
     bool starting_ = false;
 
-    // All of the present owner.
+    // About the current owner.
     bool capabilitiesAsked_ = false;
     std::optional<Capabilities> capabilities_;
     bool waitedLongEnough_ = false;
     std::deque<Banner> banners_;             ///< Those that may still be clicked, oldest first.
     std::pair<uint, std::string> lastToken_; ///< Of the banner with that id.
-    std::deque<QDBusMessage> earlySignals_;  ///< They may be about banners whose ids are still to come.
-    QString listeningTo_;                    ///< The owner whose signals we get, empty for none.
+    std::deque<QDBusMessage> earlySignals_;  ///< May be about banners whose ids are not known yet.
 
     std::vector<std::function<void(NotificationPermission)>> readers_;
-    std::vector<NotificationRequest> waiting_; ///< For the capabilities.
-    std::unique_ptr<Timer> patience_;
+    std::vector<NotificationRequest> waiting_; ///< Until the capabilities are known.
+    std::unique_ptr<Timer> timeout_;           ///< Runs while banners wait for the capabilities.
     bool listening_ = false;
     std::size_t unanswered_ = 0; ///< Banners sent and not yet acknowledged.
 };

@@ -2,7 +2,6 @@
 #include "platform/linux/session/autostart_login_item.h"
 
 #include "platform/linux/freedesktop/desktop_entry.h"
-#include "platform/linux/freedesktop/desktop_exec.h"
 #include "platform/posix/xdg_user_folders.h"
 #include "ports/files.h"
 #include "values/shared_names.h"
@@ -15,7 +14,6 @@
 #include <utility>
 
 namespace chimewell {
-
 namespace {
 
 std::filesystem::path entryFile(const std::filesystem::path& configFolder)
@@ -37,7 +35,7 @@ bool isForThisDesktop(const DesktopEntry& entry)
 
 bool startsSomething(const DesktopEntry& entry, const std::filesystem::path& file)
 {
-    const auto command = commandLine(entry, file);
+    const auto command = entry.commandLine(file);
     return command && !QStandardPaths::findExecutable(QString::fromLocal8Bit(command->front())).isEmpty();
 }
 
@@ -58,7 +56,7 @@ bool AutostartLoginItem::isEnabled() const
         const auto content = files_.read(file);
         if (!content && content.error().missing) continue;
         const auto entry = content ? DesktopEntry::parse(*content) : std::nullopt;
-        // The first one counts, whatever it says.
+        // Only the first file counts, whatever is in it.
         return entry && !entry->flag("Hidden") && entry->flag("X-GNOME-Autostart-enabled", true) &&
                isForThisDesktop(*entry) && entry->canBeTried() && startsSomething(*entry, file);
     }
@@ -79,13 +77,13 @@ std::expected<void, Phrase> AutostartLoginItem::registerItem()
 
 std::expected<void, Phrase> AutostartLoginItem::unregisterItem()
 {
-    if (systemHasOne()) return write("Hidden=true\n");
+    if (hasSystemEntry()) return write("Hidden=true\n");
     const auto removed = files_.remove(entryFile(folders_.configFolders().front()));
     if (!removed && !removed.error().missing) return std::unexpected(removed.error().description);
     return {};
 }
 
-bool AutostartLoginItem::systemHasOne() const
+bool AutostartLoginItem::hasSystemEntry() const
 {
     const auto& folders = folders_.configFolders();
     return std::any_of(folders.begin() + 1, folders.end(),

@@ -4,31 +4,29 @@
 #include "ports/login_item.h"
 
 #include <filesystem>
-#include <optional>
 #include <string>
 #include <vector>
 
 namespace chimewell {
 
-class DesktopEntry;
 class Files;
 class XdgUserFolders;
 
-/// Start at log-in by a file in the user's autostart folder (freedesktop.org, Desktop Application
-/// Autostart 0.5).
+/// Starts the application at log-in by a file in the user's autostart folder (freedesktop.org, Desktop
+/// Application Autostart 0.5).
 class AutostartLoginItem final : public LoginItem {
 public:
     /// `command` is the program, with its full path, and its arguments. The references outlive the item.
     AutostartLoginItem(const XdgUserFolders& folders, Files& files, std::vector<std::string> command);
 
-    /// Looks at the files each time: the user and the desktop's own settings change them too.
+    /// Reads the files each time, because the user and the desktop's own settings change them too.
     bool isEnabled() const override;
     std::expected<void, Phrase> registerItem() override;
-    /// Removes the file, or where the system would then start its own entry, says in it not to.
+    /// Removes the file. When the system has an entry of its own, writes a file that hides it instead.
     std::expected<void, Phrase> unregisterItem() override;
 
 private:
-    bool systemHasOne() const;
+    bool hasSystemEntry() const;
     std::expected<void, Phrase> write(const std::string& lines);
 
     const XdgUserFolders& folders_;

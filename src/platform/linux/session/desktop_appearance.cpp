@@ -10,65 +10,45 @@
 
 namespace chimewell {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-QString service()
-{
-    return QStringLiteral("org.freedesktop.portal.Desktop");
-}
-QString path()
-{
-    return QStringLiteral("/org/freedesktop/portal/desktop");
-}
-QString interface()
-{
-    return QStringLiteral("org.freedesktop.portal.Settings");
-}
-QString appearance()
-{
-    return QStringLiteral("org.freedesktop.appearance");
-}
-QString colourScheme()
-{
-    return QStringLiteral("color-scheme");
-}
-
-constexpr unsigned int prefersDark = 1;
-constexpr unsigned int prefersLight = 2;
+const QString service = u"org.freedesktop.portal.Desktop"_s;
+const QString path = u"/org/freedesktop/portal/desktop"_s;
+const QString interface = u"org.freedesktop.portal.Settings"_s;
+const QString appearance = u"org.freedesktop.appearance"_s;
+const QString colourScheme = u"color-scheme"_s;
 
 }
 
-DesktopAppearance::DesktopAppearance(const QDBusConnection& bus,
-                                     std::function<void(std::optional<bool>)> changed)
+DesktopAppearance::DesktopAppearance(QDBusConnection bus, std::function<void(std::optional<bool>)> changed)
     : changed_(std::move(changed))
 {
-    QDBusConnection connection(bus);
-    connection.connect(service(), path(), interface(), QStringLiteral("SettingChanged"), this,
-                       SLOT(settingChanged(QDBusMessage)));
-    QDBusMessage question =
-        QDBusMessage::createMethodCall(service(), path(), interface(), QStringLiteral("Read"));
-    question << appearance() << colourScheme();
+    bus.connect(service, path, interface, u"SettingChanged"_s, this, SLOT(settingChanged(QDBusMessage)));
+    auto question = QDBusMessage::createMethodCall(service, path, interface, u"Read"_s);
+    question << appearance << colourScheme;
     callAsync(bus, question, this, [this](const QDBusMessage& reply) {
-        if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty()) return;
-        // Read wraps its answer once more than it says.
-        tell(reply.arguments().constFirst().value<QDBusVariant>().variant().value<QDBusVariant>().variant());
+        const QVariant answer = firstArgument(reply);
+        // Read wraps its answer in one variant more than it declares.
+        if (answer.isValid()) report(answer.value<QDBusVariant>().variant().value<QDBusVariant>().variant());
     });
 }
 
 void DesktopAppearance::settingChanged(const QDBusMessage& change)
 {
     const QVariantList arguments = change.arguments();
-    if (arguments.size() == 3 && arguments[0] == appearance() && arguments[1] == colourScheme())
-        tell(arguments[2].value<QDBusVariant>().variant());
+    if (arguments.size() == 3 && arguments[0] == appearance && arguments[1] == colourScheme)
+        report(arguments[2].value<QDBusVariant>().variant());
 }
 
-void DesktopAppearance::tell(const QVariant& value) const
+void DesktopAppearance::report(const QVariant& value) const
 {
+    constexpr unsigned int prefersDark = 1;
+    constexpr unsigned int prefersLight = 2;
     const unsigned int scheme = value.toUInt();
-    if (scheme == prefersDark)
-        changed_(true);
-    else if (scheme == prefersLight)
-        changed_(false);
+    if (scheme == prefersDark || scheme == prefersLight)
+        changed_(scheme == prefersDark);
     else
         changed_(std::nullopt);
 }

@@ -11,19 +11,19 @@
 
 namespace chimewell {
 
-/// Whether the desktop wants applications dark, as its portal says (org.freedesktop.portal.Settings,
-/// namespace org.freedesktop.appearance, key color-scheme: 1 dark, 2 light, 0 no preference).
+/// Follows whether the desktop prefers dark applications, which its portal tells
+/// (org.freedesktop.portal.Settings, namespace org.freedesktop.appearance, key color-scheme).
 class DesktopAppearance final : public QObject {
     Q_OBJECT
 public:
-    /// `changed` runs, always later, with the first answer and with each change.
-    DesktopAppearance(const QDBusConnection& bus, std::function<void(std::optional<bool> isDark)> changed);
+    /// `changed` runs from the event loop with the first answer and with each change. Absent: no preference.
+    DesktopAppearance(QDBusConnection bus, std::function<void(std::optional<bool> isDark)> changed);
 
 private Q_SLOTS:
     void settingChanged(const QDBusMessage& change);
 
 private:
-    void tell(const QVariant& value) const;
+    void report(const QVariant& value) const;
 
     std::function<void(std::optional<bool>)> changed_;
 };

@@ -8,7 +8,6 @@
 #include <QtGlobal>
 
 #include <algorithm>
-#include <cstring>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -18,7 +17,6 @@
 #include <xcb/xcb.h>
 
 namespace chimewell {
-
 namespace {
 
 bool canOpenX11()

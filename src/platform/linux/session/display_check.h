@@ -3,8 +3,8 @@
 
 namespace chimewell {
 
-/// Whether one of the displays that Qt would show windows on can be opened: those that QT_QPA_PLATFORM names,
-/// or the session's own. Qt itself aborts the process where none can.
+/// Whether Qt can open one of the displays it would use: those that QT_QPA_PLATFORM names, or the session's
+/// own. Without one, QApplication aborts the process.
 bool canOpenDisplay();
 
 }

@@ -13,7 +13,6 @@
 #include <utility>
 
 namespace chimewell {
-
 namespace {
 
 std::string category(const char* name)
@@ -23,7 +22,7 @@ std::string category(const char* name)
     return {};
 }
 
-/// `neutral` for the locale without a language.
+/// The ICU locale of that name, or `neutral` when the name has no language.
 icu::Locale locale(const std::string& name, const icu::Locale& neutral)
 {
     const std::string_view language = std::string_view(name).substr(0, name.find_first_of(".@"));
@@ -43,7 +42,7 @@ struct Amount {
     URelativeDateTimeUnit unit;
 };
 
-/// In the largest unit that fits at least once, whole ones only.
+/// Rounded towards zero in the largest unit that fits at least once.
 Amount largestUnit(std::chrono::seconds difference)
 {
     // Months and years are those of the Gregorian calendar on average.
@@ -100,8 +99,8 @@ IcuUserLocale::~IcuUserLocale() = default;
 std::string IcuUserLocale::shortTime(Date date) const
 {
     if (!formatters().time) return {};
-    // The C library follows a user who travels; ICU keeps the zone it saw first. So the formatter works
-    // in GMT and gets the date moved by the zone's offset.
+    // The C library notices when the time zone changes; ICU keeps the zone that it read first. So the
+    // formatter works in GMT and the date is moved by the zone's offset.
     const auto seconds = std::chrono::floor<std::chrono::seconds>(date.time_since_epoch());
     const time_t moment = seconds.count();
     tm local = {};

@@ -8,7 +8,7 @@
 
 namespace chimewell {
 
-/// Times in the language of the interface and by the habits of the POSIX locale, in the words of ICU.
+/// Formats times with ICU, in the language of the interface and the conventions of the POSIX locale.
 class IcuUserLocale final : public UserLocale {
 public:
     /// Each a BCP 47 tag or a POSIX name, for example "de-AT" or "de_DE.UTF-8". "C", "POSIX" and no name mean
@@ -17,7 +17,7 @@ public:
         std::string words;
         std::string time;
     };
-    /// The name for times in the environment: LC_ALL, else LC_TIME, else LANG.
+    /// The locale for times that the environment names: LC_ALL, else LC_TIME, else LANG.
     static std::string timeOfEnvironment();
 
     explicit IcuUserLocale(Names names);

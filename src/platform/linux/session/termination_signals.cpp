@@ -11,12 +11,11 @@
 #include <unistd.h>
 
 namespace chimewell {
-
 namespace {
 
 constexpr std::array terminationSignals = {SIGTERM, SIGHUP, SIGINT};
 
-// A signal handler reaches nothing but globals.
+// An eventfd. Global, because a signal handler has no other way to reach it.
 int signalled = -1;
 
 void onSignal(int)

@@ -8,7 +8,7 @@
 namespace chimewell {
 
 /// Turns SIGTERM, SIGHUP and SIGINT into a call on the event loop. At most one object at a time; its
-/// destruction gives the signals back to the system.
+/// destruction restores the default handlers.
 class TerminationSignals {
 public:
     explicit TerminationSignals(std::function<void()> terminate);

@@ -3,7 +3,6 @@
 
 #include "values/shared_names.h"
 
-#include <pulse/error.h>
 #include <pulse/proplist.h>
 
 #include <algorithm>
@@ -15,23 +14,19 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto answerLimit = 5s;
-constexpr auto idleLimit = 30s;
-/// More streams are not asked for before the server answered: what is queued for a server that hangs stays
-/// small however many sounds are started and stopped meanwhile.
+constexpr auto answerTimeout = 5s;
+constexpr auto idleTimeout = 30s;
+/// No more streams than these are requested before the server answers. So little is queued for a server that
+/// hangs, however many sounds are started and stopped in the meantime.
 constexpr int maxUnanswered = 8;
-
-struct ProplistDeleter {
-    void operator()(pa_proplist* list) const { pa_proplist_free(list); }
-};
 
 }
 
 PulseConnection::PulseConnection()
 {
-    patience_.setSingleShot(true);
+    timeout_.setSingleShot(true);
     idle_.setSingleShot(true);
-    QObject::connect(&patience_, &QTimer::timeout, &patience_, [this] { giveUp(); });
+    QObject::connect(&timeout_, &QTimer::timeout, &timeout_, [this] { giveUp(); });
     QObject::connect(&idle_, &QTimer::timeout, &idle_, [this] { giveUp(); });
 }
 
@@ -50,23 +45,23 @@ void PulseConnection::enqueue(Player& player)
         startWaiting();
 }
 
-void PulseConnection::leave(Player& player)
+void PulseConnection::remove(Player& player)
 {
     if (const auto found = std::ranges::find(waiting_, &player); found != waiting_.end())
         waiting_.erase(found);
     else
         --playing_;
-    if (context_ && waiting_.empty() && playing_ == 0) idle_.start(idleLimit);
+    if (context_ && waiting_.empty() && playing_ == 0) idle_.start(idleTimeout);
 }
 
 void PulseConnection::answered()
 {
-    if (!context_) return; // it was the end of the connection that answered
+    if (!context_) return; // the connection was closed, which also ends streams
     --unanswered_;
     if (unanswered_ == 0)
-        patience_.stop();
+        timeout_.stop();
     else
-        patience_.start(answerLimit);
+        timeout_.start(answerTimeout);
     startWaiting();
 }
 
@@ -90,13 +85,13 @@ void PulseConnection::giveUp()
 {
     close();
     while (!waiting_.empty())
-        waiting_.front()->failed(); // which leaves
+        waiting_.front()->failed(); // which removes it
 }
 
 bool PulseConnection::open()
 {
     if (!mainloop_) mainloop_.reset(pa_glib_mainloop_new(nullptr));
-    const std::unique_ptr<pa_proplist, ProplistDeleter> properties(pa_proplist_new());
+    const ProplistPointer properties(pa_proplist_new());
     pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_NAME, "Chimewell");
     pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_ID, applicationId);
     pa_proplist_sets(properties.get(), PA_PROP_APPLICATION_ICON_NAME, applicationId);
@@ -107,18 +102,18 @@ bool PulseConnection::open()
         static_cast<PulseConnection*>(self)->contextChanged();
     };
     pa_context_set_state_callback(context_, changed, this);
-    patience_.start(answerLimit);
-    // Starting a server would block until it runs; desktops start theirs with the session.
+    timeout_.start(answerTimeout);
+    // Starting a server would block until it runs. Desktops start theirs with the session.
     return pa_context_connect(context_, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) >= 0;
 }
 
 void PulseConnection::close()
 {
-    patience_.stop();
+    timeout_.stop();
     idle_.stop();
     if (pa_context* context = std::exchange(context_, nullptr)) {
         pa_context_set_state_callback(context, nullptr, nullptr);
-        pa_context_disconnect(context); // every stream's state callback hears of it
+        pa_context_disconnect(context); // calls the state callback of every stream
         pa_context_unref(context);
     }
     unanswered_ = 0;
@@ -128,7 +123,7 @@ void PulseConnection::contextChanged()
 {
     const pa_context_state_t state = pa_context_get_state(context_);
     if (state == PA_CONTEXT_READY) {
-        patience_.stop();
+        timeout_.stop();
         startWaiting();
     } else if (!PA_CONTEXT_IS_GOOD(state)) {
         giveUp();
@@ -144,7 +139,7 @@ void PulseConnection::startWaiting()
         ++playing_;
         if (player->start(*context_)) {
             ++unanswered_;
-            if (!patience_.isActive()) patience_.start(answerLimit);
+            if (!timeout_.isActive()) timeout_.start(answerTimeout);
         } else {
             player->failed();
         }

@@ -5,6 +5,7 @@
 
 #include <pulse/context.h>
 #include <pulse/glib-mainloop.h>
+#include <pulse/proplist.h>
 #include <pulse/stream.h>
 
 #include <deque>
@@ -12,19 +13,24 @@
 
 namespace chimewell {
 
-/// The application's connection to the sound server: made when a sound wants it, closed some time after the
-/// last one, so that an idle application holds no buffers and keeps no server awake. A server that leaves a
-/// request unanswered for five seconds counts as gone.
+struct ProplistDeleter {
+    void operator()(pa_proplist* list) const { pa_proplist_free(list); }
+};
+using ProplistPointer = std::unique_ptr<pa_proplist, ProplistDeleter>;
+
+/// The application's connection to the sound server. It is opened for the first sound and closed half a
+/// minute after the last one, so that an idle application holds no buffers and keeps no server awake. It is
+/// also closed when the server leaves a request unanswered for five seconds.
 class PulseConnection {
 public:
-    /// Something that plays through the connection.
+    /// Plays a sound through the connection.
     class Player {
     public:
         virtual ~Player() = default;
-        /// The server is ready. A stream that is created now is reported to `answered` once the server took
-        /// or refused it. False when none could be created.
+        /// The server is ready: creates a stream, and calls `answered` once the server accepted or refused
+        /// it. False when none could be created.
         virtual bool start(pa_context& context) = 0;
-        /// The server was not reached, went away before `start`, or `start` failed. The player leaves.
+        /// The server was not reached, went away before `start`, or `start` failed. Calls `remove`.
         virtual void failed() = 0;
     };
 
@@ -35,13 +41,13 @@ public:
 
     /// Starts `player` once, now or when the server is ready, in the order of the calls.
     void enqueue(Player& player);
-    /// `player` no longer waits, or no longer plays.
-    void leave(Player& player);
-    /// A stream of a player is no longer being created.
+    /// `player` no longer waits or plays.
+    void remove(Player& player);
+    /// The server accepted or refused a stream of a player.
     void answered();
-    /// Ends a stream in whatever state it is and releases it.
+    /// Ends a stream in any state and releases it.
     void discard(pa_stream* stream);
-    /// Closes the connection; all that plays or waits has failed. The next player connects anew.
+    /// Closes the connection: everything that plays or waits has failed. The next player connects again.
     void giveUp();
 
 private:
@@ -55,11 +61,11 @@ private:
     void startWaiting();
 
     std::unique_ptr<pa_glib_mainloop, MainloopDeleter> mainloop_;
-    pa_context* context_ = nullptr; // owned; none while not connected or connecting
+    pa_context* context_ = nullptr; // owned; null while not connected or connecting
     std::deque<Player*> waiting_;   // for `start`, oldest first
-    int playing_ = 0;               // started and not left
+    int playing_ = 0;               // started and not removed
     int unanswered_ = 0;            // streams being created
-    QTimer patience_;               // runs while the server owes an answer
+    QTimer timeout_;                // runs while the server has not answered
     QTimer idle_;                   // runs while nothing plays or waits
 };
 

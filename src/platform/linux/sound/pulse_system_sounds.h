@@ -15,9 +15,9 @@ class PulseConnection;
 struct WavFile;
 
 /// Plays the WAV files of a folder through the desktop's sound server (PulseAudio, or PipeWire in its place).
-/// A file is read once, when it is first asked for. Without a server, or with one that does not answer,
-/// sounds end unheard within a few seconds; the next one tries again. Needs Qt's event loop on GLib, which is
-/// where the sound library's events come from; without it there is no sound.
+/// A file is read once, when it is first asked for. Without a server that answers, a sound ends unheard
+/// within a few seconds, and the next one tries again. Qt's event loop must run on GLib, because the sound
+/// library's events come from there; otherwise there is no sound.
 class PulseSystemSounds : public SystemSounds {
 public:
     /// The sound NAME is `folder`/NAME.wav.

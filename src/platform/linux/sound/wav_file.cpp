@@ -7,7 +7,7 @@
 namespace chimewell {
 namespace {
 
-/// Takes bytes off the front. Once there were not enough, there are none and it has failed.
+/// Takes bytes from the front. It fails when fewer are left than asked for, and then has none.
 class Reader {
 public:
     explicit Reader(std::string_view bytes) : bytes_(bytes) {}
@@ -79,13 +79,12 @@ std::optional<WavFile> parseWavFile(std::string_view bytes)
         if (id == "fmt " && file.channels == 0) {
             if (!readFormat(chunk, file)) return std::nullopt;
         } else if (id == "data") {
-            // Without a format before it, the data cannot be understood.
             if (file.channels == 0 || chunk.empty() || chunk.size() % frameBytes(file) != 0)
                 return std::nullopt;
             file.samples = chunk;
             return file;
         }
-        if (chunk.size() % 2 == 1) reader.take(1); // chunks start at even places
+        if (chunk.size() % 2 == 1) reader.take(1); // chunks start at even offsets
     }
 }
 

@@ -19,7 +19,7 @@ struct WavFile {
     std::chrono::milliseconds duration() const;
 };
 
-/// The largest file that is read: a server keeps a whole sound of this size without dropping any of it.
+/// Larger files are not read. A server buffers a whole sound of this size without dropping any of it.
 inline constexpr std::size_t maxWavFileBytes = std::size_t{4} << 20;
 
 /// Absent when `bytes` is not a complete file of the kind above. Chunks other than the first `fmt ` and

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/linux/speech/line_socket.h"
 #include "platform/linux/speech/ssip_protocol.h"
+#include "platform/posix/file_descriptor.h"
 
+#include <QSocketNotifier>
 #include <QTimer>
 
 #include <deque>
@@ -14,30 +15,33 @@
 
 namespace chimewell {
 
-/// The conversation with a speech service: one command at a time, each answered by one reply, with events
-/// between them. A service that says nothing for ten seconds while a command is unanswered counts as gone.
+/// A connection to a speech service through a local socket. It sends one command at a time; the service
+/// answers each with one reply and reports events between the replies. Nothing blocks. The connection fails
+/// when the service is silent for ten seconds while a command is unanswered, or sends anything else than the
+/// protocol's lines.
 class SsipConnection {
 public:
     /// Called from the event loop only. They may close the connection and open it again, not destroy it.
     struct Handlers {
-        /// Something happened to a message of ours; `message` is its number at the service.
+        /// Something happened to a message of ours. `message` is the service's number for it.
         std::function<void(int code, const std::string& message)> onEvent;
-        /// The service is gone. The connection is closed; commands without a reply get none any more.
-        std::function<void()> onClosed;
+        /// The connection failed and is closed. Commands without a reply get none any more.
+        std::function<void()> onFailed;
     };
-    /// Gets every line of a reply. It may close the connection at the last one.
+    /// Gets every line of a reply. It may close the connection at the last line.
     using Reply = std::function<void(const SsipLine&)>;
 
     explicit SsipConnection(Handlers handlers);
 
-    /// False when no service listens at `path` now.
-    bool open(const std::filesystem::path& path) { return socket_.connect(path); }
+    /// Opens the closed connection to the socket at `path`. False when no service accepts connections there.
+    bool open(const std::filesystem::path& path);
+    /// Drops what was not yet sent or read.
     void close();
     bool isOpen() const { return socket_.isOpen(); }
 
-    /// Sends `command`, after those sent before were answered.
+    /// Sends `command` once the commands before it were answered.
     void send(std::string_view command, Reply onReply);
-    /// Sends `text` as the message that the service awaits after SPEAK. For the reply to SPEAK only.
+    /// Sends `text` as the message that the service expects after SPEAK. Called in the reply to SPEAK only.
     void sendText(std::string_view text, Reply onReply);
 
 private:
@@ -47,16 +51,23 @@ private:
     };
 
     void sendNext();
+    void readBytes();
+    void writeBytes();
     void handleLine(std::string_view text);
     void handleEvent(const SsipLine& line);
     void fail();
 
     Handlers handlers_;
-    LineSocket socket_;
-    std::deque<Command> commands_; // oldest first, the one that awaits its reply included
+    FileDescriptor socket_;
+    QSocketNotifier readable_{QSocketNotifier::Read};
+    QSocketNotifier writable_{QSocketNotifier::Write};
+    unsigned connections_ = 0; // opened so far
+    std::string incoming_;     // the beginning of a line
+    std::string outgoing_;
+    std::deque<Command> commands_; // oldest first, including the one that is being answered
     bool isAwaitingReply_ = false;
     std::string eventMessage_; // of the event whose lines are arriving
-    QTimer replyLimit_;
+    QTimer replyTimeout_;
 };
 
 }

@@ -11,7 +11,8 @@ bool isDigit(char c)
     return c >= '0' && c <= '9';
 }
 
-/// The part before the first `separator`, which leaves `text` with it; all of it when there is none.
+/// Removes from `text` the part before the first `separator`, and the separator. All of it when there is
+/// none.
 std::string_view takeUntil(std::string_view& text, char separator)
 {
     const std::size_t end = std::min(text.find(separator), text.size());

@@ -9,7 +9,7 @@
 
 namespace chimewell {
 
-/// One line of what a speech service says, in the Speech Synthesis Interface Protocol: three digits, then `-`
+/// A line that a speech service sends in the Speech Synthesis Interface Protocol: three digits, then `-`
 /// when more lines of the same reply follow or a space on the last one, then text.
 struct SsipLine {
     int code = 0; ///< 100 to 999
@@ -17,7 +17,7 @@ struct SsipLine {
     std::string_view text; ///< Into the parsed line.
 
     bool isSuccess() const { return code >= 200 && code < 300; }
-    /// Events come between the replies, on their own account.
+    /// Events come between the replies and belong to none.
     bool isEvent() const { return code >= 700 && code < 800; }
 };
 
@@ -28,12 +28,12 @@ inline constexpr int ssipCancelEvent = 703;
 /// `line` has no line break. Absent when it is not a line of the protocol.
 std::optional<SsipLine> parseSsipLine(std::string_view line);
 
-/// The voice that a row of LIST SYNTHESIS_VOICES names: its name, language and variant, with tabs between
-/// them. Absent for the variants of a voice that some engines list beside it by the hundred
-/// ("German+Andrea"), and for a row of another form.
+/// The voice in a row of LIST SYNTHESIS_VOICES, which is name, language and variant, separated by tabs.
+/// Absent for the variants of a voice, of which some engines list hundreds ("German+Andrea"), and for a row
+/// of another form.
 std::optional<Voice> parseVoiceRow(std::string_view row);
 
-/// What follows the command SPEAK: `text` line by line, and the line that ends it.
+/// What is sent after the command SPEAK: `text` line by line, and the line that ends it.
 std::string ssipTextBlock(std::string_view text);
 
 }

@@ -18,13 +18,13 @@ using namespace std::chrono_literals;
 
 constexpr std::size_t maxWaiting = 20;
 constexpr std::size_t maxVoices = 4096;
-constexpr auto launchLimit = 10s;
-/// An installation without a working service is not started for every alert.
+constexpr auto launchTimeout = 10s;
+/// A service that does not work is not started for every alert.
 constexpr auto launchPause = 10s;
 /// An unused connection would keep a service that was started for us alive.
-constexpr auto idleLimit = 60s;
+constexpr auto idleTimeout = 60s;
 
-/// No voice takes longer to say a text of that many bytes, and other programs may have their turn before.
+/// No voice takes longer for a text of that many bytes, including the time while other programs speak first.
 std::chrono::milliseconds longestUtterance(std::size_t bytes)
 {
     return 30s + bytes * 200ms;
@@ -55,13 +55,13 @@ SsipSpeechSynthesizer::SsipSpeechSynthesizer(Service service, std::string langua
                        [this](int code, const std::string& message) {
                            if (code == ssipEndEvent || code == ssipCancelEvent) messageEnded(message);
                        },
-                   .onClosed = [this] { giveUp(); }})
+                   .onFailed = [this] { giveUp(); }})
 {
-    patience_.setSingleShot(true);
-    QObject::connect(&patience_, &QTimer::timeout, &later_, [this] { overdue(); });
+    timeout_.setSingleShot(true);
+    QObject::connect(&timeout_, &QTimer::timeout, &later_, [this] { handleTimeout(); });
     launcher_.setProgram(service_.program);
     launcher_.setArguments({QStringLiteral("--spawn")});
-    // The service goes on without us, so it must not hold our pipes.
+    // The service may outlive us, so it must not hold our pipes.
     launcher_.setStandardInputFile(QProcess::nullDevice());
     launcher_.setStandardOutputFile(QProcess::nullDevice());
     launcher_.setStandardErrorFile(QProcess::nullDevice());
@@ -74,7 +74,7 @@ SsipSpeechSynthesizer::SsipSpeechSynthesizer(Service service, std::string langua
 SsipSpeechSynthesizer::~SsipSpeechSynthesizer()
 {
     if (launcher_.state() == QProcess::NotRunning) return;
-    launcher_.disconnect(); // nobody wants to know any more
+    launcher_.disconnect(); // its handlers use this object
     launcher_.kill();
     launcher_.waitForFinished(-1); // a killed process ends at once
 }
@@ -96,14 +96,14 @@ void SsipSpeechSynthesizer::proceed()
 {
     if (!connection_.isOpen() && (!queue_.empty() || !awaitingVoices_.empty())) connectOrLaunch();
     if (connection_.isOpen()) {
-        // They take a while to list: early enough for an utterance that waits for its turn.
+        // Listing takes a while, so it begins before the utterance's turn comes.
         const bool hasVoiceToCheck = !voices_ && std::ranges::any_of(queue_, [](const Utterance& each) {
             return each.voice.has_value();
         });
         if (!awaitingVoices_.empty() || hasVoiceToCheck) requestVoices();
         speakNext();
     }
-    rest();
+    startIdleTimeout();
 }
 
 void SsipSpeechSynthesizer::connectOrLaunch()
@@ -111,7 +111,7 @@ void SsipSpeechSynthesizer::connectOrLaunch()
     if (launcher_.state() != QProcess::NotRunning || connect()) return;
     if (!nextLaunch_.hasExpired()) return giveUp();
     nextLaunch_.setRemainingTime(launchPause);
-    patience_.start(launchLimit);
+    timeout_.start(launchTimeout);
     launcher_.start();
 }
 
@@ -161,14 +161,15 @@ void SsipSpeechSynthesizer::deliver(const std::vector<Voice>& voices)
 void SsipSpeechSynthesizer::speakNext()
 {
     if (isSpeaking_ || queue_.empty()) return;
-    const std::optional<std::string>& wanted = queue_.front().voice;
-    if (wanted && !voices_) return; // they are being listed
+    const std::optional<std::string>& requested = queue_.front().voice;
+    if (requested && !voices_) return; // they are being listed
 
-    // The service takes any name and then speaks with whatever voice it likes.
+    // The service accepts any name, and speaks with a voice of its own choice if it does not know it.
     std::string voice;
-    if (wanted && std::ranges::find(*voices_, *wanted, &Voice::identifier) != voices_->end()) voice = *wanted;
+    if (requested && std::ranges::find(*voices_, *requested, &Voice::identifier) != voices_->end())
+        voice = *requested;
     if (voice.empty() && !voice_.empty()) {
-        // No command goes back to the service's own choice; only a new connection has it.
+        // No command returns to the service's default voice. Only a new connection does.
         if (isListing_) return;
         connection_.close();
         if (!connect()) return giveUp();
@@ -178,7 +179,7 @@ void SsipSpeechSynthesizer::speakNext()
     }
 
     isSpeaking_ = true;
-    patience_.start(longestUtterance(queue_.front().text.size()));
+    timeout_.start(longestUtterance(queue_.front().text.size()));
     connection_.send("SPEAK", [this, text = std::move(queue_.front().text)](const SsipLine& line) {
         if (!line.isLast) return;
         if (line.code == ssipAwaitingText)
@@ -195,7 +196,7 @@ void SsipSpeechSynthesizer::textTaken(const SsipLine& line)
         message_ = line.text;
         return;
     }
-    // The end may be told before the number of what ended.
+    // The event for the end may arrive before the number of the message.
     if (!line.isSuccess() || (!message_.empty() && message_ == lastEnded_)) finishUtterance();
 }
 
@@ -223,24 +224,24 @@ void SsipSpeechSynthesizer::giveUp()
     isSpeaking_ = false;
     message_.clear();
     deliver({});
-    rest();
+    startIdleTimeout();
 }
 
-void SsipSpeechSynthesizer::rest()
+void SsipSpeechSynthesizer::startIdleTimeout()
 {
     if (launcher_.state() != QProcess::NotRunning || isSpeaking_) return;
     if (connection_.isOpen())
-        patience_.start(idleLimit);
+        timeout_.start(idleTimeout);
     else
-        patience_.stop();
+        timeout_.stop();
 }
 
-void SsipSpeechSynthesizer::overdue()
+void SsipSpeechSynthesizer::handleTimeout()
 {
     if (launcher_.state() != QProcess::NotRunning)
-        launcher_.kill(); // which ends it
+        launcher_.kill(); // which calls launched()
     else if (isSpeaking_)
-        finishUtterance(); // its end was never told; the service has a queue of its own
+        finishUtterance(); // the service did not report its end; it queues what it still has to say
     else
         connection_.close();
 }

@@ -23,15 +23,15 @@ namespace chimewell {
 /// default engine; a voice's identifier is its name.
 ///
 /// The service is given one utterance at a time. Up to twenty wait here; beyond that the oldest is dropped,
-/// since the newest alert matters most. When the service cannot be reached, dies or hangs, what waits is
-/// dropped too; the next utterance tries again.
+/// because the newest alert matters most. They are also dropped when the service cannot be reached, dies or
+/// hangs; the next utterance tries again.
 class SsipSpeechSynthesizer : public SpeechSynthesizer {
 public:
     struct Service {
         std::filesystem::path socket;
         QString program; ///< Starts the service when called with `--spawn`.
 
-        /// The one of this session: SPEECHD_ADDRESS when that names a local socket, else the usual place.
+        /// The service of this session: SPEECHD_ADDRESS when that names a local socket, else the default.
         static Service ofSession();
     };
 
@@ -41,7 +41,7 @@ public:
     ~SsipSpeechSynthesizer() override;
 
     void speak(const std::string& text, const std::optional<std::string>& voiceIdentifier) override;
-    /// Always hands the voices over later.
+    /// `done` always runs later, from the event loop.
     void listVoices(std::function<void(std::vector<Voice>)> done) override;
 
 private:
@@ -53,7 +53,7 @@ private:
     void proceed();
     void connectOrLaunch();
     bool connect();
-    /// The launcher ended, well or not.
+    /// The launcher exited, or could not be started.
     void launched();
     void requestVoices();
     void deliver(const std::vector<Voice>& voices);
@@ -62,14 +62,14 @@ private:
     void messageEnded(const std::string& message);
     void finishUtterance();
     void giveUp();
-    void rest();
-    void overdue();
+    void startIdleTimeout();
+    void handleTimeout();
 
     Service service_;
     std::string language_;
     SsipConnection connection_;
-    std::string voice_;                        // of this connection; empty: the service's own choice
-    std::optional<std::vector<Voice>> voices_; // of the service, since it was last reached anew
+    std::string voice_;                        // of this connection; empty: the service's default
+    std::optional<std::vector<Voice>> voices_; // of the service; absent until it was asked
     bool isListing_ = false;
     std::vector<std::function<void(std::vector<Voice>)>> awaitingVoices_;
     std::deque<Utterance> queue_;
@@ -78,8 +78,8 @@ private:
     std::string lastEnded_; // the service's number of the last one that ended before its number was known
     QProcess launcher_;
     QDeadlineTimer nextLaunch_;
-    QTimer patience_; // with the launcher, with an utterance, or with disuse
-    QObject later_;   // what is handed over later dies with it
+    QTimer timeout_; // for the launcher, for an utterance, or for an unused connection
+    QObject later_;  // context of the callbacks that run later
 };
 
 }

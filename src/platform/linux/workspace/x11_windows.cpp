@@ -12,7 +12,6 @@
 #include <vector>
 
 namespace chimewell {
-
 namespace {
 
 struct Free {
@@ -92,8 +91,8 @@ public:
             asked.push_back({ask(window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING),
                              ask(window, atoms_.windowDesktop, XCB_ATOM_CARDINAL)});
         std::optional<Window> found;
-        for (std::size_t i = 0; i < windows.size();
-             ++i) { // all replies are taken, the last match is the topmost
+        // Every reply is read, and the last match is the topmost.
+        for (std::size_t i = 0; i < windows.size(); ++i) {
             const std::string windowClass = text(asked[i].windowClass);
             const std::uint32_t desktop = firstNumber(asked[i].desktop).value_or(everyDesktop);
             if (hasClass(windowClass, classes)) found = Window{windows[i], desktop};
@@ -107,7 +106,7 @@ public:
         if (currentDesktop_ && window.desktop != everyDesktop && window.desktop != *currentDesktop_)
             tellManager(root_, atoms_.currentDesktop, {window.desktop, time});
         tellManager(window.id, atoms_.activeWindow, {sourcePager, time});
-        // A reply proves that the server has taken the messages before we hang up.
+        // A reply proves that the server received the messages before we disconnect.
         const Owned<xcb_get_input_focus_reply_t> reply(
             xcb_get_input_focus_reply(connection_.get(), xcb_get_input_focus(connection_.get()), nullptr));
     }
@@ -151,8 +150,8 @@ private:
         while (!windowClass.empty()) {
             const std::size_t end = std::min(windowClass.find('\0'), windowClass.size());
             const std::string_view half = windowClass.substr(0, end);
-            for (const std::string_view wanted : classes)
-                if (!wanted.empty() && std::ranges::equal(half, wanted, {}, lower, lower)) return true;
+            for (const std::string_view name : classes)
+                if (!name.empty() && std::ranges::equal(half, name, {}, lower, lower)) return true;
             windowClass.remove_prefix(std::min(end + 1, windowClass.size()));
         }
         return false;

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/freedesktop/desktop_entries.h"
-#include "platform/linux/freedesktop/desktop_exec.h"
-#include "platform/linux/workspace/file_uri.h"
+#include "platform/linux/freedesktop/desktop_entry.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/xdg_user_folders.h"
 #include "support/environment_variable.h"
@@ -71,7 +69,7 @@ TEST(DesktopExec, SplitsAndExpandsAsTheStandardSays)
              Case{"%f", {}},
          }) {
         const DesktopEntry entry = parsed(entryText("Icon=icon\nExec=" + each.exec + "\n"));
-        EXPECT_EQ(commandLine(entry, file), each.words) << each.exec;
+        EXPECT_EQ(entry.commandLine(file), each.words) << each.exec;
     }
 }
 
@@ -83,16 +81,8 @@ TEST(DesktopExec, WritesWhatItReads)
              Words{" leading", "tab\tnew\nline\rend "},
          }) {
         const DesktopEntry entry = parsed(entryText("Exec=" + execValue(command) + "\n"));
-        EXPECT_EQ(commandLine(entry, "/x"), command) << execValue(command);
+        EXPECT_EQ(entry.commandLine("/x"), command) << execValue(command);
     }
-}
-
-TEST(FileUri, EncodesAnyBytes)
-{
-    EXPECT_EQ(fileUri("/home/a-b_c.d~e/F9"), "file:///home/a-b_c.d~e/F9");
-    EXPECT_EQ(fileUri("/a b/ü/%41/?#&;='\"+:@!"),
-              "file:///a%20b/%C3%BC/%2541/%3F%23%26%3B%3D%27%22%2B%3A%40%21");
-    EXPECT_EQ(fileUri("/\xFF\x01\n\\"), "file:///%FF%01%0A%5C");
 }
 
 class DesktopEntriesTest : public ::testing::Test {

@@ -3,7 +3,7 @@
 
 #include "harness/private_bus.h"
 #include "harness/wait_until.h"
-#include "platform/linux/freedesktop/activation_tokens.h"
+#include "platform/linux/freedesktop/activation.h"
 #include "support/fake_time.h"
 #include "support/recording_notification_server.h"
 

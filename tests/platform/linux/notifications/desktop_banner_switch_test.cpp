@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/notifications/desktop_banner_switch.h"
+#include "platform/linux/notifications/desktop_notification_settings.h"
 
 #include "harness/child_process.h"
 #include "harness/private_bus.h"
@@ -45,21 +45,22 @@ protected:
     void startOn(const char* desktop)
     {
         desktop_ = std::make_unique<EnvironmentVariable>("XDG_CURRENT_DESKTOP", desktop);
-        banners = std::make_unique<DesktopBannerSwitch>(bus.connection(u"switch"_s));
-        QObject::connect(banners.get(), &DesktopBannerSwitch::changed, banners.get(), [this] { ++changes; });
+        banners = std::make_unique<DesktopNotificationSettings>(bus.connection(u"switch"_s));
+        QObject::connect(banners.get(), &DesktopNotificationSettings::changed, banners.get(),
+                         [this] { ++changes; });
     }
 
     bool isOff()
     {
         std::optional<bool> answer;
-        banners->read([&](bool off) { answer = off; });
+        banners->readOff([&](bool off) { answer = off; });
         EXPECT_FALSE(answer.has_value()) << "answers come from the event loop";
         EXPECT_TRUE(waitUntil([&] { return answer.has_value(); }));
         return answer.value_or(false);
     }
 
     PrivateBus bus;
-    std::unique_ptr<DesktopBannerSwitch> banners;
+    std::unique_ptr<DesktopNotificationSettings> banners;
     int changes = 0;
 
 private:

@@ -40,7 +40,7 @@ TEST(DesktopNotificationSettings, OpensThePageOfTheRunningDesktop)
         program.close();
         const EnvironmentVariable search("PATH", folder.path().toStdString() + ":" + path);
         const EnvironmentVariable desktop("XDG_CURRENT_DESKTOP", c.desktop);
-        openDesktopNotificationSettings();
+        DesktopNotificationSettings::open();
         EXPECT_TRUE(waitUntil([&] { return QFile::exists(log); })) << c.desktop;
         QFile written(log);
         EXPECT_TRUE(written.open(QIODevice::ReadOnly));
@@ -53,7 +53,7 @@ TEST(DesktopNotificationSettings, OpensNothingWhereThereIsNothing)
     const EnvironmentVariable search("PATH", "/nonexistent");
     for (const char* name : {"GNOME", "sway"}) {
         const EnvironmentVariable desktop("XDG_CURRENT_DESKTOP", name);
-        openDesktopNotificationSettings();
+        DesktopNotificationSettings::open();
     }
 }
 

@@ -3,7 +3,7 @@
 #include "harness/child_process.h"
 #include "harness/private_bus.h"
 #include "harness/wait_until.h"
-#include "platform/linux/freedesktop/activation_tokens.h"
+#include "platform/linux/freedesktop/activation.h"
 #include "platform/linux/notifications/dbus_notification_center.h"
 #include "support/environment_variable.h"
 #include "support/fake_time.h"

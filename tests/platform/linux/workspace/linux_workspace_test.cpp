@@ -4,7 +4,7 @@
 #include "harness/private_bus.h"
 #include "harness/private_session.h"
 #include "harness/wait_until.h"
-#include "platform/linux/freedesktop/activation_tokens.h"
+#include "platform/linux/freedesktop/activation.h"
 #include "platform/linux/workspace/linux_workspace.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/xdg_user_folders.h"
