@@ -103,6 +103,7 @@ DUNST = """[global]
     mouse_right_click = close_current
     notification_limit = 20
     idle_threshold = 0
+    markup = full
 [urgency_low]
     timeout = 60
 [urgency_normal]

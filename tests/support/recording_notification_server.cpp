@@ -68,19 +68,14 @@ bool RecordingNotificationServer::handleMessage(const QDBusMessage& message, con
         ++capabilityQuestions;
         reply = message.createReply(capabilities_);
     } else if (message.member() == QStringLiteral("Notify")) {
-        const QVariantList arguments = message.arguments();
-        const auto id = static_cast<uint>(banners.size() + 1);
-        banners.push_back({.id = id,
-                           .signature = message.signature(),
-                           .applicationName = arguments.value(0).toString(),
-                           .replacesId = arguments.value(1).toUInt(),
-                           .icon = arguments.value(2).toString(),
+        QVariantList arguments = message.arguments();
+        arguments[6] = qdbus_cast<QVariantMap>(arguments.value(6)); // the hints
+        banners.push_back({.signature = message.signature(),
+                           .arguments = arguments,
                            .title = arguments.value(3).toString(),
                            .body = arguments.value(4).toString(),
-                           .actions = arguments.value(5).toStringList(),
-                           .hints = qdbus_cast<QVariantMap>(arguments.value(6)),
-                           .expiry = arguments.value(7).toInt()});
-        reply = message.createReply(id);
+                           .actions = arguments.value(5).toStringList()});
+        reply = message.createReply(static_cast<uint>(banners.size()));
     } else {
         return false;
     }

@@ -6,7 +6,7 @@
 #include <QDBusVirtualObject>
 #include <QString>
 #include <QStringList>
-#include <QVariantMap>
+#include <QVariantList>
 
 #include <vector>
 
@@ -16,16 +16,11 @@ namespace chimewell::test {
 class RecordingNotificationServer : public QDBusVirtualObject {
 public:
     struct Banner {
-        uint id;
         QString signature; ///< Of the whole call.
-        QString applicationName;
-        uint replacesId;
-        QString icon;
+        QVariantList arguments;
         QString title;
         QString body;
         QStringList actions;
-        QVariantMap hints;
-        int expiry;
     };
 
     /// Takes the servers' name on `bus`, also from another server that allows it.

@@ -1,59 +1,155 @@
 // SPDX-License-Identifier: MIT
+// The settings of real desktops, written by their own tools where they are installed.
 #include "platform/linux/notifications/desktop_notification_settings.h"
 
+#include "harness/child_process.h"
+#include "harness/private_bus.h"
 #include "harness/wait_until.h"
 #include "support/environment_variable.h"
+#include "support/temporary_folder.h"
 
-#include <QByteArray>
-#include <QFile>
-#include <QTemporaryDir>
-
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
+
+#include <sys/stat.h>
 
 namespace chimewell::test {
 namespace {
 
-TEST(DesktopNotificationSettings, OpensThePageOfTheRunningDesktop)
+using namespace Qt::StringLiterals;
+
+class DesktopNotificationSettingsTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (!bus.unavailable().empty()) GTEST_SKIP() << bus.unavailable();
+    }
+
+    void startOn(const char* desktop)
+    {
+        desktop_.emplace("XDG_CURRENT_DESKTOP", desktop);
+        settings = std::make_unique<DesktopNotificationSettings>(bus.connection(u"settings"_s));
+        QObject::connect(settings.get(), &DesktopNotificationSettings::changed, settings.get(),
+                         [this] { ++changes; });
+    }
+
+    bool isOff()
+    {
+        std::optional<bool> answer;
+        settings->readOff([&](bool off) { answer = off; });
+        EXPECT_FALSE(answer.has_value()) << "answers come from the event loop";
+        EXPECT_TRUE(waitUntil([&] { return answer.has_value(); }));
+        return answer.value_or(false);
+    }
+
+    TemporaryFolder folder;
+    const EnvironmentVariable configuration{"XDG_CONFIG_HOME", folder.path()};
+    PrivateBus bus;
+    std::unique_ptr<DesktopNotificationSettings> settings;
+    int changes = 0;
+
+private:
+    std::optional<EnvironmentVariable> desktop_;
+};
+
+TEST_F(DesktopNotificationSettingsTest, ReadsGnomes)
 {
-    struct Case {
-        const char* desktop;
-        const char* program;
-        const char* arguments;
+    if (!bus.offerInstalled("ca.desrt.dconf")) GTEST_SKIP() << "dconf-service is not installed";
+    startOn("ubuntu:GNOME");
+    EXPECT_FALSE(isOff()) << "before the first banner GNOME knows nothing of us";
+
+    const std::string schema = "org.gnome.desktop.notifications.application:"
+                               "/org/gnome/desktop/notifications/application/app-chimewell-chimewell/";
+    for (const char* const key : {"enable", "show-banners"})
+        for (const bool off : {true, false}) {
+            SCOPED_TRACE(key);
+            changes = 0;
+            if (run({"gsettings", "set", schema, key, off ? "false" : "true"}).status != 0)
+                GTEST_SKIP() << "GNOME's settings schemas are not installed";
+            EXPECT_TRUE(waitUntil([&] { return changes == 1; }));
+            EXPECT_EQ(isOff(), off);
+        }
+}
+
+TEST_F(DesktopNotificationSettingsTest, ReadsXfces)
+{
+    startOn("XFCE");
+    EXPECT_FALSE(isOff()) << "no settings service at all";
+    if (!bus.offerInstalled("org.xfce.Xfconf")) GTEST_SKIP() << "xfconfd is not installed";
+    EXPECT_FALSE(isOff()) << "nobody was ever muted";
+    const std::string us = "app.chimewell.Chimewell";
+    const struct {
+        std::vector<std::string> value;
+        bool off;
+    } cases[] = {
+        {{"-a", "-t", "string", "-s", "Other", "-t", "string", "-s", us}, true},
+        {{"-a", "-t", "string", "-s", "Other", "-t", "int", "-s", "1"}, false},
+        {{"-t", "string", "-s", us}, false}, // not a list
     };
-    const Case cases[] = {
-        {"GNOME", "gnome-control-center", "notifications"},
-        {"pop:GNOME", "gnome-control-center", "notifications"},
-        {"KDE", "systemsettings", "kcm_notifications"},
-        {"XFCE", "xfce4-notifyd-config", ""},
-    };
-    const std::string path = qgetenv("PATH").toStdString();
-    for (const Case& c : cases) {
-        const QTemporaryDir folder;
-        const QString log = folder.filePath(QStringLiteral("log"));
-        QFile program(folder.filePath(QString::fromLatin1(c.program)));
-        ASSERT_TRUE(program.open(QIODevice::WriteOnly));
-        program.write("#!/bin/sh\necho \"$*\" > " + log.toLocal8Bit() + ".new\nmv " + log.toLocal8Bit() +
-                      ".new " + log.toLocal8Bit() + '\n');
-        program.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
-        program.close();
-        const EnvironmentVariable search("PATH", folder.path().toStdString() + ":" + path);
-        const EnvironmentVariable desktop("XDG_CURRENT_DESKTOP", c.desktop);
-        DesktopNotificationSettings::open();
-        EXPECT_TRUE(waitUntil([&] { return QFile::exists(log); })) << c.desktop;
-        QFile written(log);
-        EXPECT_TRUE(written.open(QIODevice::ReadOnly));
-        EXPECT_EQ(written.readAll(), QByteArray(c.arguments) + '\n');
+    for (const auto& each : cases) {
+        changes = 0;
+        std::vector<std::string> command{
+            "xfconf-query", "-c", "xfce4-notifyd", "-p", "/applications/muted_applications", "-n"};
+        command.insert(command.end(), each.value.begin(), each.value.end());
+        if (run(command).status != 0) GTEST_SKIP() << "xfconf-query is not installed";
+        EXPECT_TRUE(waitUntil([&] { return changes > 0; }));
+        EXPECT_EQ(isOff(), each.off) << each.value.back();
     }
 }
 
-TEST(DesktopNotificationSettings, OpensNothingWhereThereIsNothing)
+TEST_F(DesktopNotificationSettingsTest, ReadsPlasmas)
 {
-    const EnvironmentVariable search("PATH", "/nonexistent");
-    for (const char* name : {"GNOME", "sway"}) {
-        const EnvironmentVariable desktop("XDG_CURRENT_DESKTOP", name);
+    startOn("KDE");
+    EXPECT_FALSE(isOff()) << "no file";
+    const struct {
+        const char* file;
+        bool off;
+    } cases[] = {
+        {"[Applications][app.chimewell.Chimewell]\nSeen=true\nShowPopups=false\n", true},
+        {"[Applications][app.chimewell.Chimewell]\nShowPopups=true\n", false},
+        {"[Applications][org.kde.other]\nShowPopups=false\n[Applications][app.chimewell.Chimewell]\n", false},
+        {"[Applications][app.chimewell.Chimewell]\nSeen=true\n[DoNotDisturb]\nShowPopups=false\n", false},
+    };
+    for (const auto& each : cases) {
+        folder.write("plasmanotifyrc", each.file);
+        EXPECT_EQ(isOff(), each.off) << each.file;
+    }
+    startOn("sway");
+    folder.write("plasmanotifyrc", cases[0].file);
+    EXPECT_FALSE(isOff()) << "another desktop";
+}
+
+TEST_F(DesktopNotificationSettingsTest, OpensThePageOfTheRunningDesktop)
+{
+    const std::string path = std::getenv("PATH");
+    const struct {
+        const char* desktop;
+        const char* program;
+        const char* arguments;
+    } cases[] = {
+        {"GNOME", "gnome-control-center", "notifications\n"},
+        {"pop:GNOME", "gnome-control-center", "notifications\n"},
+        {"KDE", "systemsettings", "kcm_notifications\n"},
+        {"XFCE", "xfce4-notifyd-config", "\n"},
+        {"sway", "none", nullptr},
+    };
+    for (const auto& each : cases) {
+        const TemporaryFolder programs;
+        const auto program =
+            programs.write(each.program, "#!/bin/sh\necho \"$*\" > \"$0.part\"\nmv \"$0.part\" \"$0.log\"\n");
+        ::chmod(program.c_str(), 0755);
+        const EnvironmentVariable search("PATH", programs.path().string() + ":" + path);
+        const EnvironmentVariable desktop("XDG_CURRENT_DESKTOP", each.desktop);
         DesktopNotificationSettings::open();
+        if (!each.arguments) continue;
+        EXPECT_TRUE(waitUntil([&] { return std::filesystem::exists(program.string() + ".log"); }));
+        EXPECT_EQ(programs.read(std::string(each.program) + ".log"), each.arguments) << each.desktop;
     }
 }
 

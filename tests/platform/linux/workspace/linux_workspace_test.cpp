@@ -1,60 +1,53 @@
 // SPDX-License-Identifier: MIT
+#include "platform/linux/workspace/linux_workspace.h"
+
 #include "events/session_focus.h"
 #include "harness/child_process.h"
 #include "harness/private_bus.h"
-#include "harness/private_session.h"
 #include "harness/wait_until.h"
 #include "platform/linux/freedesktop/activation.h"
-#include "platform/linux/workspace/linux_workspace.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/xdg_user_folders.h"
 #include "support/environment_variable.h"
 #include "support/temporary_folder.h"
 
 #include <QObject>
-#include <QStandardPaths>
 #include <QStringList>
 #include <QVariantMap>
 
-#include <gtest/gtest.h>
-
 #include <csignal>
 #include <cstdlib>
+#include <deque>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+
 #include <sys/stat.h>
 
 namespace chimewell::test {
 namespace {
 
-/// A file manager that opens nothing.
-class RecordingFileManager : public QObject {
+using namespace Qt::StringLiterals;
+
+/// A file manager and a terminal on the bus, which open nothing.
+class RecordingPrograms : public QObject {
     Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
 public:
     QStringList calls;
 public Q_SLOTS:
     // NOLINTBEGIN(readability-identifier-naming): names on the bus
-    void ShowFolders(const QStringList& uris, const QString& startup)
-    {
-        calls.append(QStringLiteral("folders ") + uris.join(u' ') + u' ' + startup);
-    }
-    void ShowItems(const QStringList& uris, const QString& startup)
-    {
-        calls.append(QStringLiteral("items ") + uris.join(u' ') + u' ' + startup);
-    }
+    void ShowFolders(const QStringList& uris, const QString& token) { add(u"folders"_s, uris, token); }
+    void ShowItems(const QStringList& uris, const QString& token) { add(u"items"_s, uris, token); }
+    void Activate(const QVariantMap& data) { calls += data.value(u"activation-token"_s).toString(); }
     // NOLINTEND(readability-identifier-naming)
-};
-
-/// A terminal that is started over the bus.
-class RecordingApplication : public QObject {
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
-public:
-    QStringList tokens;
-public Q_SLOTS:
-    // NOLINTNEXTLINE(readability-identifier-naming): name on the bus
-    void Activate(const QVariantMap& platformData)
+private:
+    void add(const QString& call, const QStringList& uris, const QString& token)
     {
-        tokens.append(platformData.value(QStringLiteral("activation-token")).toString());
+        calls += (QStringList(call) + uris + QStringList(token)).join(u' ');
     }
 };
 
@@ -65,6 +58,7 @@ const TerminalApplication& terminal(std::string_view term)
 
 class LinuxWorkspaceTest : public ::testing::Test {
 protected:
+    explicit LinuxWorkspaceTest(std::vector<std::string> services = {}) : bus(std::move(services)) {}
     void SetUp() override
     {
         if (!bus.unavailable().empty()) GTEST_SKIP() << bus.unavailable();
@@ -73,30 +67,47 @@ protected:
     /// A program that writes its token, folder and arguments into `program`.log.
     std::string reporting(const std::string& program)
     {
-        const auto file = folder.write(
-            "bin/" + program,
-            "#!/bin/sh\nexec > \"$0.part\"\necho \"token=$XDG_ACTIVATION_TOKEN"
-            " startup=$DESKTOP_STARTUP_ID\"\npwd\nprintf '%s\\n' \"$@\"\nmv \"$0.part\" \"$0.log\"\n");
+        return script(program, "exec > \"$0.part\"\necho \"token=$XDG_ACTIVATION_TOKEN"
+                               " startup=$DESKTOP_STARTUP_ID\"\npwd\nprintf '%s\\n' \"$@\"\n"
+                               "mv \"$0.part\" \"$0.log\"\n");
+    }
+    std::string script(const std::string& program, const std::string& commands)
+    {
+        const auto file = folder.write("bin/" + program, "#!/bin/sh\n" + commands);
         ::chmod(file.c_str(), 0755);
         return file;
     }
+    bool hasRun(const std::string& program)
+    {
+        return std::filesystem::exists(folder.path() / "bin" / (program + ".log"));
+    }
+    /// What the program wrote; it may run again.
     std::string report(const std::string& program)
     {
-        const std::string log = "bin/" + program + ".log";
-        EXPECT_TRUE(waitUntil([&] { return std::filesystem::exists(folder.path() / log); })) << program;
-        return folder.read(log);
+        EXPECT_TRUE(waitUntil([&] { return hasRun(program); })) << program;
+        std::string log = folder.read("bin/" + program + ".log");
+        std::filesystem::remove(folder.path() / "bin" / (program + ".log"));
+        return log;
     }
     void install(const std::string& id, const std::string& lines)
     {
         folder.write("data/applications/" + id + ".desktop",
                      "[Desktop Entry]\nType=Application\nName=Terminal\n" + lines);
     }
+    /// Offers `programs` on the bus.
+    QDBusConnection offer(const QString& service, const QString& object, const QString& interface)
+    {
+        QDBusConnection connection = bus.connection(service);
+        connection.registerObject(object, interface, &programs, QDBusConnection::ExportAllSlots);
+        connection.registerService(service);
+        return connection;
+    }
     LinuxWorkspace workspace(const std::optional<std::string>& display = std::nullopt)
     {
         return LinuxWorkspace({.folders = folders,
                                .files = files,
                                .tokens = tokens,
-                               .bus = bus.connection(QStringLiteral("workspace")),
+                               .bus = bus.connection(u"workspace"_s),
                                .xDisplay = display});
     }
 
@@ -106,9 +117,11 @@ protected:
     const EnvironmentVariable path{"PATH", (folder.path() / "bin").string() + ":/usr/bin:/bin"};
     const EnvironmentVariable oldToken{"XDG_ACTIVATION_TOKEN", "ours"};
     const std::string homeLine = std::filesystem::canonical(folder.path()).string() + "\n";
+    const std::string uri = "file://" + folder.path().string();
+    RecordingPrograms programs;
     PrivateBus bus;
     const XdgUserFolders folders = [] {
-        const EnvironmentVariable shared("XDG_DATA_DIRS", "/none"); // of what the machine has, nothing
+        const EnvironmentVariable shared("XDG_DATA_DIRS", "/none"); // nothing that the machine has
         return XdgUserFolders();
     }();
     PosixFiles files;
@@ -126,34 +139,29 @@ TEST_F(LinuxWorkspaceTest, LaunchesByCommandLineInTheHomeFolderWithTheToken)
     tokens.put("permission");
     desktop.openActivating(terminal("kitty"));
     EXPECT_EQ(report("kitty"), "token=permission startup=permission\n" + homeLine + "--title\na b\n");
-}
 
-TEST_F(LinuxWorkspaceTest, WithoutATokenALaunchedProgramDoesNotInheritOurs)
-{
+    // Without a token the program does not inherit ours. Its own folder comes before the home folder.
     std::filesystem::create_directory(folder.path() / "elsewhere");
-    install("code",
-            "Exec=" + reporting("code") + " x\nPath=" + (folder.path() / "elsewhere").string() + "\n");
-    workspace().openActivating(terminal("vscode"));
-    EXPECT_EQ(report("code"), "token= startup=\n" +
-                                  std::filesystem::canonical(folder.path() / "elsewhere").string() + "\nx\n");
+    install("kitty", "Exec=" + reporting("kitty") + " x\nPath=" + folder.path().string() + "/elsewhere\n");
+    desktop.openActivating(terminal("kitty"));
+    EXPECT_EQ(report("kitty"), "token= startup=\n" +
+                                   std::filesystem::canonical(folder.path() / "elsewhere").string() +
+                                   "\nx\n");
 }
 
 TEST_F(LinuxWorkspaceTest, ActivatesOverTheBusWhereTheApplicationAsksForIt)
 {
     install("com.mitchellh.ghostty", "DBusActivatable=true\nExec=" + reporting("ghostty") + " x\n");
     LinuxWorkspace desktop = workspace();
-    RecordingApplication application;
-    QDBusConnection service = bus.connection(QStringLiteral("ghostty"));
-    service.registerObject(QStringLiteral("/com/mitchellh/ghostty"), &application,
-                           QDBusConnection::ExportAllSlots);
-    service.registerService(QStringLiteral("com.mitchellh.ghostty"));
+    QDBusConnection service =
+        offer(u"com.mitchellh.ghostty"_s, u"/com/mitchellh/ghostty"_s, u"org.freedesktop.Application"_s);
     tokens.put("permission");
     desktop.openActivating(terminal("ghostty"));
-    ASSERT_TRUE(waitUntil([&] { return !application.tokens.isEmpty(); }));
-    EXPECT_EQ(application.tokens, QStringList{QStringLiteral("permission")});
+    ASSERT_TRUE(waitUntil([&] { return !programs.calls.isEmpty(); }));
+    EXPECT_EQ(programs.calls, QStringList(u"permission"_s));
 
-    // Nobody answers any more: the command line serves. A second token proves that this is its launch.
-    service.unregisterService(QStringLiteral("com.mitchellh.ghostty"));
+    // Nobody answers any more, so the command line is used. A second token proves that this is its launch.
+    service.unregisterService(u"com.mitchellh.ghostty"_s);
     tokens.put("second");
     desktop.openActivating(terminal("ghostty"));
     EXPECT_EQ(report("ghostty"), "token=second startup=second\n" + homeLine + "x\n");
@@ -161,119 +169,165 @@ TEST_F(LinuxWorkspaceTest, ActivatesOverTheBusWhereTheApplicationAsksForIt)
 
 TEST_F(LinuxWorkspaceTest, AsksTheFileManagerForFoldersOnly)
 {
-    RecordingFileManager manager;
-    QDBusConnection service = bus.connection(QStringLiteral("files"));
-    service.registerObject(QStringLiteral("/org/freedesktop/FileManager1"), &manager,
-                           QDBusConnection::ExportAllSlots);
-    service.registerService(QStringLiteral("org.freedesktop.FileManager1"));
+    const QString manager = u"org.freedesktop.FileManager1"_s;
+    offer(manager, u"/org/freedesktop/FileManager1"_s, manager);
     reporting("gio");
-
-    const std::filesystem::path odd = folder.path() / "50% \xFFü #?";
-    std::filesystem::create_directory(odd);
+    const std::filesystem::path odd = folder.path() / "50% a-b_c.d~e/\xFF\x01\n\\ü #?&;='\"+:@!";
+    std::filesystem::create_directories(odd);
     const auto file = folder.write("file.desktop", "[Desktop Entry]\nType=Application\nExec=false\n");
     LinuxWorkspace desktop = workspace();
     SessionFocus focus(desktop);
-    const auto stat = folder.write(
-        "bin/stat", "#!/bin/sh\ncase $5 in */hanging) echo $$ >\"$0.id\"; exec sleep 600;; esac\n"
-                    "exec /usr/bin/stat \"$@\"\n");
-    ::chmod(stat.c_str(), 0755);
-    focus.focusSession(std::nullopt, folder.path() / "hanging"); // its server is gone
+    script("stat",
+           "case $5 in */hanging) echo $$ >\"$0.id\"; exec sleep 600;; esac\nexec /usr/bin/stat \"$@\"\n");
+    focus.focusSession(std::nullopt, folder.path() / "hanging"); // like on a server that does not answer
     focus.focusSession(std::nullopt, folder.path() / "none");
     tokens.put("permission");
     focus.focusSession(std::nullopt, odd);
-    ASSERT_TRUE(waitUntil([&] { return manager.calls.size() == 1; }));
+    ASSERT_TRUE(waitUntil([&] { return programs.calls.size() == 1; }));
     focus.focusSession(std::nullopt, file);
-    ASSERT_TRUE(waitUntil([&] { return manager.calls.size() == 2; }));
-    const QString base = QStringLiteral("file://") + QString::fromStdString(folder.path());
-    EXPECT_EQ(manager.calls,
-              (QStringList{QStringLiteral("folders ") + base +
-                               QStringLiteral("/50%25%20%FF%C3%BC%20%23%3F permission"),
-                           QStringLiteral("items ") + base + QStringLiteral("/file.desktop ")}));
-    EXPECT_FALSE(std::filesystem::exists(folder.path() / "bin/gio.log"));
+    ASSERT_TRUE(waitUntil([&] { return programs.calls.size() == 2; }));
+    const QString base = QString::fromStdString(uri);
+    EXPECT_EQ(programs.calls,
+              (QStringList{u"folders "_s + base +
+                               u"/50%25%20a-b_c.d~e/%FF%01%0A%5C%C3%BC%20%23%3F%26%3B%3D%27%22%2B%3A%40%21"
+                               " permission"_s,
+                           u"items "_s + base + u"/file.desktop "_s}));
+    EXPECT_FALSE(hasRun("gio"));
     const int asking = std::stoi(folder.read("bin/stat.id"));
-    EXPECT_TRUE(waitUntil([&] { return ::kill(asking, 0) != 0; })) << "the one who asks is not given up";
+    EXPECT_TRUE(waitUntil([&] { return ::kill(asking, 0) != 0; })) << "the hanging process is not ended";
 }
 
 TEST_F(LinuxWorkspaceTest, WithoutAFileManagerTheUsersChoiceOpensTheFolder)
 {
-    const std::string opener = reporting("gio");
-    const std::string uri = "file://" + folder.path().string();
+    reporting("gio");
     std::filesystem::create_directory(folder.path() / "a b");
     LinuxWorkspace desktop = workspace();
     tokens.put("permission");
     EXPECT_TRUE(desktop.openFolder(folder.path() / "a b"));
     EXPECT_EQ(report("gio"),
               "token=permission startup=permission\n" + homeLine + "open\n" + uri + "/a%20b\n");
-    std::filesystem::remove(opener + ".log");
     desktop.reveal(folder.write("a b/file", ""));
     EXPECT_EQ(report("gio"), "token= startup=\n" + homeLine + "open\n" + uri + "/a%20b\n");
 }
 
-TEST_F(LinuxWorkspaceTest, WithNeitherBusNorOpenerNoFileManagerIsKnown)
-{
-    const EnvironmentVariable empty("PATH", folder.path() / "none");
-    LinuxWorkspace desktop({.folders = folders,
-                            .files = files,
-                            .tokens = tokens,
-                            .bus = QDBusConnection(QStringLiteral("never connected")),
-                            .xDisplay = std::nullopt});
-    EXPECT_FALSE(desktop.openFolder(folder.path()));
-    desktop.reveal(folder.path());
-}
-
+/// With a real window manager and real windows.
 class LinuxWorkspaceOnScreenTest : public LinuxWorkspaceTest {
 protected:
-    void SetUp() override
+    LinuxWorkspaceOnScreenTest() : LinuxWorkspaceTest({"Xvfb", "openbox"}) {}
+    ~LinuxWorkspaceOnScreenTest() override
     {
-        if (!display.unavailable().empty()) GTEST_SKIP() << display.unavailable();
-        for (const char* tool : {"xterm", "xdotool"})
-            if (QStandardPaths::findExecutable(QString::fromLatin1(tool)).isEmpty())
-                GTEST_SKIP() << tool << " is not installed";
-        LinuxWorkspaceTest::SetUp();
-    }
-    bool comesForward(const std::string& title)
-    {
-        return waitUntil(
-            [&] { return run({"xdotool", "getactivewindow", "getwindowname"}).output.contains(title); });
+        for (const ChildProcess& window : windows)
+            window.raise(SIGKILL); // asked to end, a terminal takes seconds
     }
 
-    PrivateSession display{{"Xvfb", "openbox"}};
+    /// Opens a window, which the window manager puts in front, and returns its number.
+    std::string open(const char* windowClass, const char* title)
+    {
+        windows.emplace_back(
+            std::vector<std::string>{"xterm", "-class", windowClass, "-T", title, "-e", "sleep", "600"});
+        EXPECT_TRUE(comesForward(title)) << title;
+        return xdotool({"getactivewindow"});
+    }
+    /// What it prints, without the line's end.
+    static std::string xdotool(std::vector<std::string> arguments)
+    {
+        arguments.insert(arguments.begin(), "xdotool");
+        const std::string output = run(std::move(arguments)).output;
+        return output.substr(0, output.find('\n'));
+    }
+    static bool comesForward(const std::string& title)
+    {
+        return waitUntil([&] { return xdotool({"getactivewindow", "getwindowname"}).contains(title); });
+    }
+    bool activate(std::string_view first, std::string_view second = {})
+    {
+        TerminalApplication application = terminal("kitty");
+        application.windowClasses = {first, second};
+        return workspace(std::getenv("DISPLAY")).activateRunning(application);
+    }
+
+    std::deque<ChildProcess> windows;
 };
+
+TEST_F(LinuxWorkspaceOnScreenTest, TheMostRecentlyUsedWindowOfAClassComesForward)
+{
+    EXPECT_FALSE(activate("kitty")) << "no window";
+    const std::string first = open("kitty", "first");
+    const std::string second = open("Kitty", "second");
+    open("Other", "other");
+    for (const char* none : {"kitt", "kitty2", ""})
+        EXPECT_FALSE(activate(none)) << none;
+    EXPECT_TRUE(activate("KITTY"));
+    EXPECT_TRUE(comesForward("second"));
+
+    xdotool({"windowactivate", first});
+    ASSERT_TRUE(comesForward("first"));
+    EXPECT_TRUE(activate("none", "other"));
+    EXPECT_TRUE(comesForward("other"));
+    EXPECT_TRUE(activate("kitty"));
+    EXPECT_TRUE(comesForward("first"));
+
+    xdotool({"windowminimize", "--sync", first});
+    windows[1].raise(SIGKILL);
+    ASSERT_TRUE(waitUntil([&] { return xdotool({"getwindowname", second}) != "second"; }));
+    EXPECT_TRUE(activate("kitty"));
+    EXPECT_TRUE(comesForward("first")) << "minimised";
+
+    xdotool({"set_desktop_for_window", first, "2"});
+    ASSERT_TRUE(waitUntil([&] { return xdotool({"get_desktop_for_window", first}) == "2"; }));
+    EXPECT_TRUE(activate("kitty"));
+    EXPECT_TRUE(comesForward("first"));
+    EXPECT_EQ(xdotool({"get_desktop"}), "2") << "on another desktop";
+}
 
 TEST_F(LinuxWorkspaceOnScreenTest, BringsARunningTerminalForwardInsteadOfStartingAnother)
 {
     install("kitty", "Exec=" + reporting("kitty") + "\n");
-    const auto window = [&](const char* windowClass, const char* title) {
-        return std::make_unique<ChildProcess>(
-            std::vector<std::string>{"xterm", "-class", windowClass, "-T", title, "-e", "sleep", "600"});
-    };
     LinuxWorkspace desktop = workspace(std::getenv("DISPLAY"));
-    auto running = window("kitty", "terminal");
-    ASSERT_TRUE(comesForward("terminal"));
-    const auto other = window("Other", "other");
-    ASSERT_TRUE(comesForward("other"));
+    open("kitty", "terminal");
+    open("Other", "other");
     tokens.put("first");
     desktop.openActivating(terminal("kitty"));
     EXPECT_TRUE(comesForward("terminal"));
 
-    // Only this second call, with the window gone, starts the program; the first one's token is spent.
-    running.reset();
+    // Only the second call, without the window, starts the program. The first one's token is spent.
+    windows.front().raise(SIGKILL);
     ASSERT_TRUE(comesForward("other"));
-    ASSERT_FALSE(std::filesystem::exists(folder.path() / "bin/kitty.log"));
+    ASSERT_FALSE(hasRun("kitty"));
     desktop.openActivating(terminal("kitty"));
     EXPECT_TRUE(report("kitty").starts_with("token= "));
 }
 
 TEST_F(LinuxWorkspaceOnScreenTest, ARealFileManagerIsStartedAndShowsTheFolder)
 {
-    const QString thunar = QStandardPaths::findExecutable(QStringLiteral("thunar"));
-    if (thunar.isEmpty()) GTEST_SKIP() << "thunar is not installed";
+    if (run({"thunar", "--version"}).status != 0) GTEST_SKIP() << "thunar is not installed";
     bus.offer("org.freedesktop.FileManager1",
               std::string("/usr/bin/env GTK_USE_PORTAL=0 GDK_BACKEND=x11 NO_AT_BRIDGE=1 DISPLAY=") +
-                  std::getenv("DISPLAY") + " " + thunar.toStdString() + " --daemon");
+                  std::getenv("DISPLAY") + " thunar --daemon");
     std::filesystem::create_directory(folder.path() / "project ü");
-    EXPECT_TRUE(workspace(std::getenv("DISPLAY")).openFolder(folder.path() / "project ü"));
+    EXPECT_TRUE(workspace().openFolder(folder.path() / "project ü"));
     EXPECT_TRUE(comesForward("project ü"));
+}
+
+TEST(LinuxWorkspace, WithoutADesktopNothingIsFound)
+{
+    const PrivateBus session({"Xvfb"});
+    if (!session.unavailable().empty()) GTEST_SKIP() << session.unavailable();
+    const EnvironmentVariable empty("PATH", "/none");
+    const XdgUserFolders folders;
+    PosixFiles files;
+    ActivationTokens tokens;
+    // A display without a window manager, and none.
+    for (const std::string& display : std::vector<std::string>{std::getenv("DISPLAY"), ":none"}) {
+        LinuxWorkspace desktop({.folders = folders,
+                                .files = files,
+                                .tokens = tokens,
+                                .bus = QDBusConnection(u"never connected"_s),
+                                .xDisplay = display});
+        EXPECT_FALSE(desktop.activateRunning(terminal("kitty"))) << display;
+        EXPECT_FALSE(desktop.openFolder("/"));
+        desktop.reveal("/");
+    }
 }
 
 }

@@ -1,0 +1,285 @@
+// SPDX-License-Identifier: MIT
+// What every NotificationCenter does: the fake of the other tests, and the real one with a scripted
+// notification server and with servers that people use.
+#include "harness/child_process.h"
+#include "harness/private_bus.h"
+#include "harness/wait_until.h"
+#include "platform/linux/freedesktop/activation.h"
+#include "platform/linux/notifications/dbus_notification_center.h"
+#include "support/environment_variable.h"
+#include "support/fake_time.h"
+#include "support/recording_notification_center.h"
+#include "support/recording_notification_server.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QString>
+#include <QStringList>
+
+#include <csignal>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace chimewell::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// A notification center and the system that shows its banners: here the fake.
+class Desktop {
+public:
+    virtual ~Desktop() = default;
+    /// What is missing; empty when the desktop can be used.
+    virtual std::string unavailable() { return {}; }
+    virtual NotificationCenter& center() { return fake_; }
+    /// False when it is not installed.
+    virtual bool startServer()
+    {
+        set(true, NotificationPermission::authorized);
+        return true;
+    }
+    virtual void killServer() { set(false, NotificationPermission::unknown); }
+    virtual void suspendServer(bool) {}
+    /// How many banners are on the screen.
+    virtual int shown() { return static_cast<int>(fake_.posted.size()); }
+    /// Clicks the only banner and returns the action that the click stands for.
+    virtual std::string click()
+    {
+        fake_.respond({.actionIdentifier = "default", .userInfo = fake_.posted.front().userInfo});
+        return "default";
+    }
+    /// The title and the body as the user reads them; absent where that cannot be found out.
+    virtual std::optional<std::string> read()
+    {
+        return fake_.posted.front().title + "\n" + fake_.posted.front().body;
+    }
+
+private:
+    void set(bool available, NotificationPermission permission)
+    {
+        fake_.available = available;
+        fake_.permission = permission;
+        fake_.posted.clear();
+        if (fake_.changed) fake_.changed();
+    }
+
+    RecordingNotificationCenter fake_;
+};
+
+/// What a server shows that takes `text` as markup.
+std::string shownMarkup(QString text)
+{
+    text.remove(u"<b>"_s).remove(u"</b>"_s);
+    text.replace(u"&lt;"_s, u"<"_s).replace(u"&gt;"_s, u">"_s).replace(u"&amp;"_s, u"&"_s);
+    return text.toStdString();
+}
+
+class ScriptedDesktop : public Desktop {
+public:
+    explicit ScriptedDesktop(std::vector<std::string> programs = {}) : bus(std::move(programs)) {}
+    std::string unavailable() override { return bus.unavailable(); }
+    NotificationCenter& center() override { return center_; }
+    bool startServer() override
+    {
+        server_ = std::make_unique<RecordingNotificationServer>(bus.connection(u"server"_s));
+        return true;
+    }
+    void killServer() override
+    {
+        server_.reset();
+        bus.disconnect(u"server"_s);
+    }
+    void suspendServer(bool suspended) override { suspended ? server_->hold() : server_->answerHeld(); }
+    int shown() override { return static_cast<int>(server_->banners.size()); }
+    std::string click() override
+    {
+        server_->click(1);
+        return "default";
+    }
+    std::optional<std::string> read() override
+    {
+        const auto& banner = server_->banners.front();
+        return banner.title.toStdString() + "\n" + shownMarkup(banner.body);
+    }
+
+protected:
+    PrivateBus bus;
+
+private:
+    std::unique_ptr<RecordingNotificationServer> server_;
+    FakeTime time_;
+    ActivationTokens tokens_;
+    DbusNotificationCenter center_{bus.connection(u"center"_s), time_, tokens_};
+};
+
+/// A server that people use, started by the harness.
+class RealDesktop : public ScriptedDesktop {
+public:
+    explicit RealDesktop(std::string program) : ScriptedDesktop({"Xvfb"}), program_(std::move(program)) {}
+    bool startServer() override { return bus.start(program_); }
+    void killServer() override { bus.kill(program_); }
+    void suspendServer(bool suspended) override { bus.raise(program_, suspended ? SIGSTOP : SIGCONT); }
+
+protected:
+    static QStringList lines(const std::vector<std::string>& command)
+    {
+        return QString::fromStdString(run(command).output).split(u'\n', Qt::SkipEmptyParts);
+    }
+
+private:
+    const EnvironmentVariable noAccessibility_{"NO_AT_BRIDGE", "1"};
+    const std::string program_;
+};
+
+class DunstDesktop : public RealDesktop {
+public:
+    DunstDesktop() : RealDesktop("dunst") {}
+    int shown() override { return lines({"dunstctl", "count", "displayed"}).value(0).toInt(); }
+    std::string click() override
+    {
+        run({"dunstctl", "action", "0"});
+        return "default";
+    }
+    std::optional<std::string> read() override
+    {
+        run({"dunstctl", "close-all"});
+        const auto history = QJsonDocument::fromJson(lines({"dunstctl", "history"}).join(u'\n').toUtf8());
+        return shownMarkup(history[u"data"_s][0][0][u"message"_s][u"data"_s].toString());
+    }
+};
+
+class XfceDesktop : public RealDesktop {
+public:
+    XfceDesktop() : RealDesktop("xfce4-notifyd") {}
+    int shown() override { return static_cast<int>(windows().size()); }
+    /// Clicks the button, in the lower right corner: a click anywhere else only closes the banner.
+    std::string click() override
+    {
+        const auto geometry = lines({"xdotool", "getwindowgeometry", "--shell", windows()[0].toStdString()});
+        const auto number = [&](qsizetype line) { return geometry.value(line).section(u'=', 1).toInt(); };
+        run({"xdotool", "mousemove", std::to_string(number(1) + number(3) - 50),
+             std::to_string(number(2) + number(4) - 30), "click", "1"});
+        return "FOCUS_SESSION";
+    }
+    std::optional<std::string> read() override { return std::nullopt; }
+
+private:
+    static QStringList windows()
+    {
+        return lines({"xdotool", "search", "--onlyvisible", "--class", "notifyd"});
+    }
+};
+
+std::unique_ptr<Desktop> make(const std::string& kind)
+{
+    if (kind == "Scripted") return std::make_unique<ScriptedDesktop>();
+    if (kind == "Dunst") return std::make_unique<DunstDesktop>();
+    if (kind == "Xfce") return std::make_unique<XfceDesktop>();
+    return std::make_unique<Desktop>();
+}
+
+class NotificationCenterContract : public ::testing::TestWithParam<std::string> {
+protected:
+    void SetUp() override
+    {
+        if (const std::string missing = desktop->unavailable(); !missing.empty()) GTEST_SKIP() << missing;
+        if (!desktop->startServer()) GTEST_SKIP() << "the server is not installed";
+        bool answered = false;
+        center().requestPermission([&] { answered = true; });
+        EXPECT_TRUE(waitUntil([&] { return answered; }));
+        EXPECT_TRUE(permissionBecomes(NotificationPermission::authorized));
+        center().setCategory({.identifier = "AGENT_EVENT",
+                              .actionIdentifier = "FOCUS_SESSION",
+                              .actionTitle = "Open Session"});
+        center().setResponseHandler([this](const NotificationResponse& response) {
+            responses.push_back(response.actionIdentifier + " " + response.userInfo.at("term"));
+        });
+    }
+
+    NotificationCenter& center() { return desktop->center(); }
+    void post(const std::string& title, const std::string& body)
+    {
+        center().post({.identifier = title,
+                       .categoryIdentifier = "AGENT_EVENT",
+                       .title = title,
+                       .body = body,
+                       .userInfo = {{"term", "kitty"}}});
+    }
+    bool comesToShow(int count)
+    {
+        return waitUntil([&] { return desktop->shown() == count; });
+    }
+    bool permissionBecomes(NotificationPermission expected)
+    {
+        return waitUntil([&] {
+            std::optional<NotificationPermission> answer;
+            center().readPermission([&](NotificationPermission permission) { answer = permission; });
+            return waitUntil([&] { return answer.has_value(); }) && answer == expected;
+        });
+    }
+
+    const std::unique_ptr<Desktop> desktop = make(GetParam());
+    std::vector<std::string> responses;
+};
+
+TEST_P(NotificationCenterContract, ShowsABannerAsWrittenAndReportsItsClick)
+{
+    post("Agent <b>is</b> done", "a < b && <b>bold</b> &amp;");
+    ASSERT_TRUE(comesToShow(1));
+    const std::string action = desktop->click();
+    ASSERT_TRUE(waitUntil([&] { return !responses.empty(); }));
+    EXPECT_EQ(responses, std::vector{action + " kitty"});
+    const std::string text = "Agent <b>is</b> done\na < b && <b>bold</b> &amp;";
+    EXPECT_EQ(desktop->read().value_or(text), text);
+}
+
+TEST_P(NotificationCenterContract, ABannerNeverReplacesAnother)
+{
+    for (int i = 0; i < 3; ++i)
+        post("same", "text " + std::to_string(i)); // dunst itself joins those of the same text
+    EXPECT_TRUE(comesToShow(3));
+}
+
+TEST_P(NotificationCenterContract, ABannerIsNotLostWhileTheServerHangs)
+{
+    post("first", "");
+    ASSERT_TRUE(comesToShow(1));
+    desktop->suspendServer(true);
+    post("second", "");
+    post("third", "");
+    desktop->suspendServer(false);
+    EXPECT_TRUE(comesToShow(3));
+}
+
+TEST_P(NotificationCenterContract, FollowsAServerThatDiesAndComesBack)
+{
+    post("old", "");
+    ASSERT_TRUE(comesToShow(1));
+    int changes = 0;
+    center().setChangeHandler([&] { ++changes; });
+    desktop->suspendServer(true);
+    post("lost with it", "");
+    desktop->killServer();
+    EXPECT_TRUE(waitUntil([&] { return changes > 0 && !center().isAvailable(); }));
+    EXPECT_TRUE(permissionBecomes(NotificationPermission::unknown));
+
+    desktop->startServer();
+    EXPECT_TRUE(waitUntil([&] { return center().isAvailable(); }));
+    EXPECT_TRUE(permissionBecomes(NotificationPermission::authorized));
+    post("new", "");
+    ASSERT_TRUE(comesToShow(1));
+    desktop->click();
+    EXPECT_TRUE(waitUntil([&] { return responses.size() == 1; }));
+}
+
+INSTANTIATE_TEST_SUITE_P(Desktops, NotificationCenterContract,
+                         ::testing::Values("Fake", "Scripted", "Dunst", "Xfce"),
+                         [](const auto& kind) { return kind.param; });
+
+}
+}
