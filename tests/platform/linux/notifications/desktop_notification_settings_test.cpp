@@ -8,6 +8,10 @@
 #include "support/environment_variable.h"
 #include "support/temporary_folder.h"
 
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QDBusVirtualObject>
+
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
@@ -23,6 +27,17 @@ namespace chimewell::test {
 namespace {
 
 using namespace Qt::StringLiterals;
+
+/// A settings service that answers every question alike.
+class AnsweringObject : public QDBusVirtualObject {
+public:
+    QVariant answer;
+    QString introspect(const QString&) const override { return {}; }
+    bool handleMessage(const QDBusMessage& call, const QDBusConnection& connection) override
+    {
+        return connection.send(call.createReply(QVariant::fromValue(QDBusVariant(answer))));
+    }
+};
 
 class DesktopNotificationSettingsTest : public ::testing::Test {
 protected:
@@ -82,7 +97,7 @@ TEST_F(DesktopNotificationSettingsTest, ReadsXfces)
     startOn("XFCE");
     EXPECT_FALSE(isOff()) << "no settings service at all";
     if (!bus.offerInstalled("org.xfce.Xfconf")) GTEST_SKIP() << "xfconfd is not installed";
-    EXPECT_FALSE(isOff()) << "nobody was ever muted";
+    EXPECT_FALSE(isOff()) << "nothing was ever muted";
     const std::string us = "app.chimewell.Chimewell";
     const struct {
         std::vector<std::string> value;
@@ -90,7 +105,6 @@ TEST_F(DesktopNotificationSettingsTest, ReadsXfces)
     } cases[] = {
         {{"-a", "-t", "string", "-s", "Other", "-t", "string", "-s", us}, true},
         {{"-a", "-t", "string", "-s", "Other", "-t", "int", "-s", "1"}, false},
-        {{"-t", "string", "-s", us}, false}, // not a list
     };
     for (const auto& each : cases) {
         changes = 0;
@@ -100,6 +114,19 @@ TEST_F(DesktopNotificationSettingsTest, ReadsXfces)
         if (run(command).status != 0) GTEST_SKIP() << "xfconf-query is not installed";
         EXPECT_TRUE(waitUntil([&] { return changes > 0; }));
         EXPECT_EQ(isOff(), each.off) << each.value.back();
+    }
+}
+
+TEST_F(DesktopNotificationSettingsTest, SurvivesAnswersOfOtherTypes)
+{
+    AnsweringObject xfconf;
+    QDBusConnection service = bus.connection(u"xfconf"_s);
+    service.registerVirtualObject(u"/org/xfce/Xfconf"_s, &xfconf);
+    service.registerService(u"org.xfce.Xfconf"_s);
+    startOn("XFCE");
+    for (const QVariant& value : {QVariant::fromValue(QList<int>{1}), QVariant(QVariantMap{{u"a"_s, 1}})}) {
+        xfconf.answer = value;
+        EXPECT_FALSE(isOff()) << value.typeName();
     }
 }
 
