@@ -4,7 +4,9 @@
 // thousand of them a second by the clock that is handed in, so that what is remembered of sessions is always
 // full.
 
+#include "agent_inputs.h"
 #include "core/services.h"
+#include "support/fake_system.h"
 #include "values/event_payload.h"
 
 #include <benchmark/benchmark.h>
@@ -12,20 +14,17 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
-#include <expected>
-#include <filesystem>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include <malloc.h>
 
 namespace {
 
 using namespace chimewell;
+using benchmarks::eventUrl;
 using namespace std::chrono_literals;
 
 class SteppingClock final : public Clock {
@@ -38,62 +37,12 @@ private:
     Instant instant_{1h};
 };
 
-class NoFiles final : public AgentFiles {
-public:
-    std::expected<std::string, FileError> read(const std::filesystem::path&) override
-    {
-        return std::unexpected(FileError{.missing = true, .description = {}});
-    }
-    std::expected<void, FileError> replace(const std::filesystem::path&, std::string_view) override
-    {
-        return {};
-    }
-    std::expected<void, FileError> createFolders(const std::filesystem::path&) override { return {}; }
-    std::expected<void, FileError> remove(const std::filesystem::path&) override { return {}; }
-    std::optional<FileKind> kind(const std::filesystem::path&) override { return std::nullopt; }
-    std::expected<void, ExchangeError> exchange(const std::filesystem::path&,
-                                                const std::optional<std::string>&, std::string_view) override
-    {
-        return {};
-    }
-    std::expected<void, FileError> writeCopy(const std::filesystem::path&, std::string_view,
-                                             const std::filesystem::path&) override
-    {
-        return {};
-    }
-    std::expected<std::vector<std::string>, FileError> list(const std::filesystem::path&) override
-    {
-        return {};
-    }
-};
-
-class NoHome final : public UserFolders {
-public:
-    std::filesystem::path home() const override { return "/nowhere"; }
-    std::optional<std::filesystem::path> applicationSupport() const override { return std::nullopt; }
-};
-
-class NoResources final : public Resources {
-public:
-    std::optional<std::filesystem::path> named(std::string_view) const override { return std::nullopt; }
-};
-
 class NoTimers final : public Timers {
 public:
-    std::unique_ptr<Timer> repeat(std::chrono::milliseconds, std::function<void()>) override
+    std::unique_ptr<Timer> once(std::chrono::nanoseconds, std::function<void()>) override
     {
         return std::make_unique<Timer>();
     }
-    std::unique_ptr<Timer> once(std::chrono::milliseconds, std::function<void()>) override
-    {
-        return std::make_unique<Timer>();
-    }
-};
-
-class OneNumber final : public Random {
-public:
-    double unit() override { return 0.5; }
-    std::string uuid() override { return "00000000-0000-4000-8000-000000000000"; }
 };
 
 class MuteSounds final : public SystemSounds {
@@ -109,108 +58,34 @@ private:
     };
 };
 
-class MuteSpeech final : public SpeechSynthesizer {
+class NoBanners final : public test::RecordingNotificationCenter {
 public:
-    void speak(const std::string&, const std::optional<std::string>&) override {}
-    void listVoices(std::function<void(std::vector<Voice>)> done) override { done({}); }
-};
-
-class NoBanners final : public NotificationCenter {
-public:
-    bool isAvailable() const override { return true; }
-    void setResponseHandler(std::function<void(const NotificationResponse&)>) override {}
-    void setCategory(const NotificationCategory&) override {}
-    void readPermission(std::function<void(NotificationPermission)> done) override
-    {
-        done(NotificationPermission::authorized);
-    }
-    void requestPermission(std::function<void()> done) override { done(); }
     void post(const NotificationRequest& request) override { benchmark::DoNotOptimize(&request); }
-    void openSystemSettings() override {}
-    void setChangeHandler(std::function<void()>) override {}
 };
 
-class English final : public UserLocale {
-public:
-    std::string shortTime(Date) const override { return {}; }
-    std::string relativeTime(Date, Date) const override { return {}; }
-    std::string shortRelativeTime(Date, Date) const override { return {}; }
-};
-
-class EnglishWords final : public Translator {
-public:
-    std::string translate(const Phrase& phrase) const override { return english(phrase); }
-    std::string language() const override { return "en"; }
-};
-
-class NoWorkspace final : public Workspace {
-public:
-    bool isInstalled(const TerminalApplication&) const override { return false; }
-    void openActivating(const TerminalApplication&) override {}
-    bool activateRunning(const TerminalApplication&) override { return false; }
-    void findKind(const std::filesystem::path&, std::function<void(FileKind)>) override {}
-    bool openFolder(const std::filesystem::path&) override { return false; }
-    void reveal(const std::filesystem::path&) override {}
-};
-
-class NoLoginItem final : public LoginItem {
-public:
-    bool isEnabled() const override { return false; }
-    std::expected<void, Phrase> registerItem() override { return {}; }
-    std::expected<void, Phrase> unregisterItem() override { return {}; }
-};
-
-struct InMenuBar : ApplicationActivation {
-    void setPolicy(ActivationPolicy) override {}
-    void activate() override {}
-};
-
-/// The core behind the event road on a system that does nothing.
+/// The core on a system that keeps nothing of the alerts.
 struct Road {
     SteppingClock clock;
-    NoFiles files;
     NoTimers timers;
-    OneNumber random;
     MuteSounds sounds;
-    MuteSpeech speech;
     NoBanners center;
-    English locale;
-    EnglishWords translator;
-    NoHome folders;
-    NoResources resources;
-    NoWorkspace workspace;
-    NoLoginItem loginItem;
-    InMenuBar activation;
-    Services services{{.files = files,
+    test::FakeSystem rest;
+    Services services{{.files = rest.files,
                        .clock = clock,
                        .timers = timers,
-                       .random = random,
-                       .locale = locale,
-                       .translator = translator,
-                       .folders = folders,
-                       .resources = resources,
+                       .random = rest.random,
+                       .locale = rest.locale,
+                       .translator = rest.translator,
+                       .folders = rest.home,
+                       .resources = rest.resources,
                        .sounds = sounds,
-                       .speech = speech,
+                       .speech = rest.speech,
                        .notifications = center,
-                       .workspace = workspace,
-                       .loginItem = loginItem,
-                       .activation = activation}};
+                       .workspace = rest.workspace,
+                       .loginItem = rest.loginItem,
+                       .activation = rest.activation}};
     EventRouter& router = services.router;
 };
-
-/// 600 bytes, as an agent's hook writes it.
-std::string eventUrl(std::string_view type, std::size_t session)
-{
-    std::string url = "chimewell://event?type=" + std::string(type) +
-                      "&provider=claude&session=5eed0000-0000-4000-8000-" +
-                      std::to_string(session + 100'000'000'000) +
-                      "&cwd=%2Fhome%2Fdev%2Fsrc%2Fproject&term=xterm&ts=1763850000&v=1&message=";
-    constexpr std::string_view sentence = "All%20tests%20pass.%20";
-    while (url.size() + sentence.size() <= 600)
-        url += sentence;
-    url.resize(600, '.');
-    return url;
-}
 
 void reading(benchmark::State& state)
 {

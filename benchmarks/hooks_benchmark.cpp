@@ -2,7 +2,7 @@
 // hooks_benchmark HOOK_DRIVER: installs into Claude Code's settings of three sizes, beside the least that a
 // careful writer has to do (read the file, write it twice, flush both to the disk), and the peak memory of a
 // process that does it.
-#include "agent_settings.h"
+#include "agent_inputs.h"
 
 #include "hooks/json_hook_installer.h"
 #include "platform/posix/installed_resources.h"

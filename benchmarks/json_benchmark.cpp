@@ -4,7 +4,7 @@
 //   --peak=NAME   parses and writes the largest text once and prints the process's peak memory in kB
 //   --text=BYTES  prints the text
 
-#include "agent_settings.h"
+#include "agent_inputs.h"
 
 #include "json/json_reader.h"
 #include "json/json_text.h"

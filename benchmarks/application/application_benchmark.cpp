@@ -10,9 +10,10 @@
 // Idle, the application and the bare icon run at the same time; everything else is measured one after the
 // other. Proportional memory therefore compares only within its own table.
 
+#include "agent_inputs.h"
 #include "desktop_services.h"
 #include "event_sender.h"
-#include "program.h"
+#include "harness/child_process.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -22,10 +23,9 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
-#include <cmath>
 #include <cstddef>
-#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -35,16 +35,18 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
-namespace chimewell::benchmark {
+namespace chimewell::benchmarks {
 
 namespace {
 
 using namespace std::chrono_literals;
 using Milliseconds = std::chrono::duration<double, std::milli>;
 using Command = std::vector<std::string>;
+using test::ChildProcess;
 
 const QString applicationName = QStringLiteral("app.chimewell.Chimewell");
 
@@ -67,21 +69,62 @@ constexpr Sizes quick{.settling = 1s,
                       .longStormEvents = 10'000,
                       .forgetting = 1s};
 
-/// How each alert ends is what a measurement is about, so it says what is switched on.
-struct Alerts {
-    bool banner = true;
-    bool sound = false;
-};
-
-void writeSettings(Alerts alerts)
+/// What a finished event sets off.
+void writeSettings(bool banner, bool sound)
 {
     const char* const data = std::getenv("XDG_DATA_HOME");
     const auto folder = std::filesystem::path(data ? data : "") / "Chimewell";
     std::filesystem::create_directories(folder);
     std::ofstream(folder / "settings.json")
         << R"({"schemaVersion": 1, "hasCompletedOnboarding": true, "events": [{"event": "finished", "enabled": true, )"
-        << R"("soundId": ")" << (alerts.sound ? "Blow" : "none") << R"(", "showPopup": )"
-        << (alerts.banner ? "true" : "false") << R"(, "speak": false}]})";
+        << R"("soundId": ")" << (sound ? "Blow" : "none") << R"(", "showPopup": )"
+        << (banner ? "true" : "false") << R"(, "speak": false}]})";
+}
+
+/// What the kernel says of a process, in kB. Pages that other processes map too count in part for
+/// `proportional` and not at all for `privateDirty`.
+struct Memory {
+    double resident = 0;
+    double proportional = 0;
+    double privateDirty = 0;
+};
+
+/// Totals since the start, over all threads.
+struct Activity {
+    std::size_t threads = 0;
+    double switches = 0; ///< Context switches, both those asked for and those suffered.
+    Milliseconds processor{0};
+};
+
+/// The number behind `label` in a file of lines such as "Pss:   120 kB".
+double numberIn(const std::filesystem::path& file, std::string_view label)
+{
+    std::ifstream lines(file);
+    for (std::string line; std::getline(lines, line);)
+        if (line.starts_with(label)) return std::strtod(line.c_str() + label.size(), nullptr);
+    return 0;
+}
+
+Memory memoryOf(const ChildProcess& program)
+{
+    const auto file = "/proc/" + std::to_string(program.pid()) + "/smaps_rollup";
+    return {.resident = numberIn(file, "Rss:"),
+            .proportional = numberIn(file, "Pss:"),
+            .privateDirty = numberIn(file, "Private_Dirty:")};
+}
+
+Activity activityOf(const ChildProcess& program)
+{
+    Activity total;
+    for (const auto& thread :
+         std::filesystem::directory_iterator("/proc/" + std::to_string(program.pid()) + "/task")) {
+        ++total.threads;
+        total.switches += numberIn(thread.path() / "status", "voluntary_ctxt_switches:") +
+                          numberIn(thread.path() / "status", "nonvoluntary_ctxt_switches:");
+        // Nanoseconds; the first of three numbers.
+        total.processor += Milliseconds(numberIn(thread.path() / "schedstat", "") / 1e6);
+    }
+    return total;
 }
 
 /// Runs the event loop until `done`; false when that takes longer than `limit`.
@@ -108,71 +151,47 @@ double quantile(std::vector<double> values, double share)
     return values.at(static_cast<std::size_t>(share * static_cast<double>(values.size() - 1)));
 }
 
-void heading(const char* text)
+void heading(const std::string& text)
 {
-    std::printf("\n%-44s %12s %12s %8s   %s\n", text, "Chimewell", "bare Qt", "ratio", "goal");
+    std::printf("\n%-44s %12s %12s %8s   %s\n", text.c_str(), "Chimewell", "bare Qt", "ratio", "goal");
 }
 
+/// Of a figure that is shown with so many digits, and of its ratio to the bare program's.
 struct Goal {
-    enum class Kind : std::uint8_t { none, zero, below, atMost, ratioAtMost, ratioAtLeast };
-    Kind kind = Kind::none;
-    double limit = 0;
+    std::string text;
+    std::function<bool(double ours, double ratio)> isMet = [](double, double) { return true; };
 };
 
-constexpr Goal noGoal;
-constexpr Goal zero{.kind = Goal::Kind::zero};
-constexpr Goal belowTwo{.kind = Goal::Kind::below, .limit = 2};
+const Goal noGoal;
+const Goal zero{.text = "0", .isMet = [](double ours, double) { return ours < 0.005; }};
+const Goal belowTwo{.text = "< 2", .isMet = [](double ours, double) { return ours < 2; }};
+const Goal halfTheRate{.text = "ratio >= 0.5", .isMet = [](double, double ratio) { return ratio >= 0.5; }};
 
-constexpr Goal ratioAtMost(double limit)
+Goal ratioAtMost(double limit)
 {
-    return {.kind = Goal::Kind::ratioAtMost, .limit = limit};
-}
-
-constexpr Goal halfTheRate{.kind = Goal::Kind::ratioAtLeast, .limit = 0.5};
-
-/// Prints the goal, and tells whether it is met by figures that are shown with so many digits.
-bool isMet(const Goal& goal, double ours, std::optional<double> theirs, int digits)
-{
-    const double ratio = ours / theirs.value_or(1);
-    switch (goal.kind) {
-    case Goal::Kind::none:
-        return true;
-    case Goal::Kind::zero:
-        std::printf("0");
-        return ours * std::pow(10, digits) < 0.5;
-    case Goal::Kind::below:
-        std::printf("< %g", goal.limit);
-        return ours < goal.limit;
-    case Goal::Kind::atMost:
-        std::printf("<= %.0f", goal.limit);
-        return ours <= goal.limit;
-    case Goal::Kind::ratioAtMost:
-        std::printf("ratio <= %g", goal.limit);
-        return ratio <= goal.limit;
-    case Goal::Kind::ratioAtLeast:
-        std::printf("ratio >= %g", goal.limit);
-        return ratio >= goal.limit;
-    }
-    return false;
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "ratio <= %g", limit);
+    return {.text = text.data(), .isMet = [limit](double, double ratio) { return ratio <= limit; }};
 }
 
 int missedGoals = 0;
 
-void row(const char* what, double ours, std::optional<double> theirs, const Goal& goal, int digits)
+std::string formatted(double value, int digits)
 {
-    std::printf("%-44s %12.*f ", what, digits, ours);
-    if (theirs)
-        std::printf("%12.*f ", digits, *theirs);
-    else
-        std::printf("%12s ", "");
-    if (theirs && *theirs > 0)
-        std::printf("%8.2f", ours / *theirs);
-    else
-        std::printf("%8s", "");
-    std::printf("   ");
-    const bool isGood = isMet(goal, ours, theirs, digits);
-    std::printf(isGood ? "\n" : "  MISSED\n");
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "%.*f", digits, value);
+    return text.data();
+}
+
+void row(const std::string& what, double ours, std::optional<double> theirs, const Goal& goal, int digits)
+{
+    const double ratio = ours / theirs.value_or(1);
+    const bool isGood = goal.isMet(ours, ratio);
     missedGoals += isGood ? 0 : 1;
+    std::printf("%-44s %12.*f %12s %8s   %s%s\n", what.c_str(), digits, ours,
+                theirs ? formatted(*theirs, digits).c_str() : "",
+                theirs && *theirs > 0 ? formatted(ratio, 2).c_str() : "", goal.text.c_str(),
+                isGood ? "" : "  MISSED");
     std::fflush(stdout);
 }
 
@@ -201,7 +220,7 @@ public:
               Part{"latency", &Benchmark::latency}, Part{"storm", &Benchmark::stormRates},
               Part{"memory", &Benchmark::memory}}) {
             if (!names.empty() && std::ranges::find(names, name) == names.end()) continue;
-            writeSettings({});
+            writeSettings(true, false);
             (this->*measure)();
         }
     }
@@ -248,16 +267,17 @@ private:
     {
         Start result;
         {
-            const Program program(command);
+            const auto startedAt = SteadyClock::now();
+            const ChildProcess program(command);
             std::optional<SteadyClock::time_point> registeredAt;
             await("the icon", [&] { return (registeredAt = tray_.takeRegistration()).has_value(); });
             if (takesName) {
                 awaitName();
-                result.named = Milliseconds(*namedAt_ - program.startedAt()).count();
+                result.named = Milliseconds(*namedAt_ - startedAt).count();
             }
-            result.registered = Milliseconds(*registeredAt - program.startedAt()).count();
+            result.registered = Milliseconds(*registeredAt - startedAt).count();
             runFor(500ms); // what a start ends with
-            result.processor = Milliseconds(program.activity().processor).count();
+            result.processor = activityOf(program).processor.count();
         }
         awaitNoName();
         return result;
@@ -293,50 +313,45 @@ private:
         Idle theirs;
         {
             const auto start = [this](const Command& command) {
-                auto program = std::make_unique<Program>(command);
+                auto program = std::make_unique<ChildProcess>(command);
                 await("the icon", [this] { return tray_.takeRegistration().has_value(); });
                 return program;
             };
             const auto bareIcon = start(bareIcon_);
             const auto application = start(application_);
             runFor(sizes_.settling);
-            theirs = {.memory = bareIcon->memory(), .before = bareIcon->activity(), .after = {}};
-            ours = {.memory = application->memory(), .before = application->activity(), .after = {}};
+            theirs = {.memory = memoryOf(*bareIcon), .before = activityOf(*bareIcon), .after = {}};
+            ours = {.memory = memoryOf(*application), .before = activityOf(*application), .after = {}};
             runFor(sizes_.idle);
-            ours.after = application->activity();
-            theirs.after = bareIcon->activity();
+            ours.after = activityOf(*application);
+            theirs.after = activityOf(*bareIcon);
         }
         awaitNoName();
-        const auto switches = [](const Idle& idle) {
-            return static_cast<double>(idle.after.switches - idle.before.switches);
-        };
-        const auto processor = [](const Idle& idle) {
-            return Milliseconds(idle.after.processor - idle.before.processor).count();
-        };
-        const auto kB = [](long value) { return static_cast<double>(value); };
-        heading(("Idle for " + std::to_string(sizes_.idle.count()) + " s, no window opened").c_str());
-        row("context switches", switches(ours), switches(theirs), zero, 0);
-        row("processor time, ms", processor(ours), processor(theirs), zero, 2);
+        heading("Idle for " + std::to_string(sizes_.idle.count()) + " s, no window opened");
+        row("context switches", ours.after.switches - ours.before.switches,
+            theirs.after.switches - theirs.before.switches, zero, 0);
+        row("processor time, ms", (ours.after.processor - ours.before.processor).count(),
+            (theirs.after.processor - theirs.before.processor).count(), zero, 2);
         row("threads", static_cast<double>(ours.after.threads), static_cast<double>(theirs.after.threads),
             noGoal, 0);
-        row("proportional memory, kB", kB(ours.memory.proportional), kB(theirs.memory.proportional),
-            ratioAtMost(1.3), 0);
-        row("private dirty memory, kB", kB(ours.memory.privateDirty), kB(theirs.memory.privateDirty),
-            ratioAtMost(2), 0);
-        row("resident memory, kB", kB(ours.memory.resident), kB(theirs.memory.resident), ratioAtMost(1.5), 0);
+        row("proportional memory, kB", ours.memory.proportional, theirs.memory.proportional, ratioAtMost(1.3),
+            0);
+        row("private dirty memory, kB", ours.memory.privateDirty, theirs.memory.privateDirty, ratioAtMost(2),
+            0);
+        row("resident memory, kB", ours.memory.resident, theirs.memory.resident, ratioAtMost(1.5), 0);
     }
 
     std::vector<double> latencyOf(const Command& command)
     {
         std::vector<double> times;
         {
-            const Program program(command);
+            const ChildProcess program(command);
             awaitName();
             runFor(1s);
             EventSender sender;
             constexpr int warmUp = 20;
             for (std::size_t event = 0; event < sizes_.latencyEvents + warmUp; ++event) {
-                const std::string url = eventUrl("finished");
+                const std::string url = eventUrl("finished", ++sessions_);
                 const std::size_t banners = notifications_.banners();
                 const auto sentAt = SteadyClock::now();
                 sender.open(url);
@@ -352,9 +367,9 @@ private:
 
     void latency()
     {
-        writeSettings({});
+        writeSettings(true, false);
         const std::vector<double> silent = latencyOf(application_);
-        writeSettings({.sound = true});
+        writeSettings(true, true);
         const std::vector<double> sounding = latencyOf(application_);
         const std::vector<double> theirs = latencyOf(notifyingReceiver_);
         heading("URL on the bus to banner on the bus, ms");
@@ -382,7 +397,7 @@ private:
     {
         Delivery result;
         {
-            const Program program(command);
+            const ChildProcess program(command);
             awaitName();
             runFor(1s);
             runStorm(200, 1);
@@ -399,36 +414,35 @@ private:
 
     void stormRates()
     {
-        heading((std::to_string(sizes_.stormEvents) + " events at once").c_str());
+        heading(std::to_string(sizes_.stormEvents) + " events at once");
         for (const std::size_t senders : {1U, 16U}) {
             const std::string from = senders == 1 ? ", 1 sender" : ", 16 senders";
             const Delivery bare = deliver(bareReceiver_, senders);
             const Delivery bareNotifying = deliver(notifyingReceiver_, senders);
-            writeSettings({.banner = false});
+            writeSettings(false, false);
             const Delivery plain = deliver(application_, senders);
-            writeSettings({});
+            writeSettings(true, false);
             const Delivery notifying = deliver(application_, senders);
-            row(("events a second" + from).c_str(), plain.rate, bare.rate, halfTheRate, 0);
-            row(("events a second, banners on" + from).c_str(), notifying.rate, bareNotifying.rate,
-                halfTheRate, 0);
-            row(("lost" + from).c_str(), static_cast<double>(plain.lost + notifying.lost),
+            row("events a second" + from, plain.rate, bare.rate, halfTheRate, 0);
+            row("events a second, banners on" + from, notifying.rate, bareNotifying.rate, halfTheRate, 0);
+            row("lost" + from, static_cast<double>(plain.lost + notifying.lost),
                 static_cast<double>(bare.lost + bareNotifying.lost), zero, 0);
-            row(("banners that arrived" + from).c_str(), static_cast<double>(notifying.banners),
+            row("banners that arrived" + from, static_cast<double>(notifying.banners),
                 static_cast<double>(bareNotifying.banners), noGoal, 0);
         }
     }
 
-    std::vector<Memory> memoryOf(const Command& command)
+    std::vector<Memory> memoryInAStormOf(const Command& command)
     {
         std::vector<Memory> states;
         {
-            const Program program(command);
+            const ChildProcess program(command);
             awaitName();
             runFor(1s);
             runStorm(1, 1);
             const auto note = [&](std::chrono::milliseconds rest) {
                 runFor(rest);
-                states.push_back(program.memory());
+                states.push_back(memoryOf(program));
             };
             note(1s);
             for (const std::size_t events :
@@ -446,9 +460,9 @@ private:
 
     void memory()
     {
-        writeSettings({});
-        const std::vector<Memory> ours = memoryOf(application_);
-        const std::vector<Memory> theirs = memoryOf(notifyingReceiver_);
+        writeSettings(true, false);
+        const std::vector<Memory> ours = memoryInAStormOf(application_);
+        const std::vector<Memory> theirs = memoryInAStormOf(notifyingReceiver_);
         const std::vector<std::string> moments = {
             "after the first event", "after " + std::to_string(sizes_.stormEvents),
             "after " + std::to_string(sizes_.longStormEvents) + " more",
@@ -457,15 +471,14 @@ private:
         heading("Private dirty memory in a storm, kB");
         for (std::size_t i = 0; i < moments.size(); ++i) {
             // Every table is full after the first of the long storms.
-            const Goal noGrowth{.kind = Goal::Kind::atMost,
-                                .limit = 1.05 * static_cast<double>(ours[2].privateDirty)};
-            row(moments[i].c_str(), static_cast<double>(ours[i].privateDirty),
-                static_cast<double>(theirs[i].privateDirty), i > 2 ? noGrowth : noGoal, 0);
+            const double limit = 1.05 * ours[2].privateDirty;
+            const Goal noGrowth{.text = "<= " + formatted(limit, 0),
+                                .isMet = [limit](double kilobytes, double) { return kilobytes <= limit; }};
+            row(moments[i], ours[i].privateDirty, theirs[i].privateDirty, i > 2 ? noGrowth : noGoal, 0);
         }
         heading("Proportional memory in a storm, kB");
         for (std::size_t i = 0; i < moments.size(); ++i)
-            row(moments[i].c_str(), static_cast<double>(ours[i].proportional),
-                static_cast<double>(theirs[i].proportional), noGoal, 0);
+            row(moments[i], ours[i].proportional, theirs[i].proportional, noGoal, 0);
     }
 
     Command application_;
@@ -473,6 +486,7 @@ private:
     Command bareReceiver_;
     Command notifyingReceiver_;
     Sizes sizes_;
+    std::size_t sessions_ = 1'000'000; // not those of the storms
     QDBusConnection bus_ = QDBusConnection::sessionBus();
     NotificationServer notifications_{bus_};
     TrayServer tray_{bus_};
@@ -486,7 +500,7 @@ private:
 
 int main(int argc, char** argv)
 {
-    using namespace chimewell::benchmark;
+    using namespace chimewell::benchmarks;
     const QCoreApplication qt(argc, argv);
     std::vector<std::string> arguments(argv + 1, argv + argc);
     const bool isQuick = std::erase(arguments, "--quick") > 0;

@@ -7,10 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace chimewell::benchmark {
-
-/// A URL of 600 bytes, as an agent's hook writes it, with a session that no other call gives.
-std::string eventUrl(std::string_view type);
+namespace chimewell::benchmarks {
 
 /// A connection to the session bus that does nothing but call Open, so that the sender is not what is
 /// measured. Ends the benchmark with a message when the bus does not answer.
@@ -32,7 +29,6 @@ public:
     int descriptor() const { return socket_; }
 
 private:
-    void authenticate();
     void write(std::string_view bytes) const;
 
     int socket_ = -1;

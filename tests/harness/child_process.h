@@ -60,6 +60,7 @@ public:
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
 
+    pid_t pid() const { return pid_; }
     void raise(int signal) const;
     /// Waits for its end; the status as of waitpid.
     int wait();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "agent_settings.h"
+#include "agent_inputs.h"
 
 #include <array>
 #include <string_view>
@@ -49,6 +49,19 @@ std::string settingsText(std::size_t atLeast)
     }
     text += "\n  }\n}\n";
     return text;
+}
+
+std::string eventUrl(std::string_view type, std::size_t session)
+{
+    std::string url = "chimewell://event?type=" + std::string(type) +
+                      "&provider=claude&session=5eed0000-0000-4000-8000-" +
+                      std::to_string(session + 100'000'000'000) +
+                      "&cwd=%2Fhome%2Fdev%2Fsrc%2Fproject&term=xterm&ts=1763850000&v=1&message=";
+    constexpr std::string_view sentence = "All%20tests%20pass.%20";
+    while (url.size() + sentence.size() <= 600)
+        url += sentence;
+    url.resize(600, '.');
+    return url;
 }
 
 }
