@@ -5,42 +5,42 @@
 
 namespace chimewell {
 
-std::string_view iconName(CanonicalEvent event)
+namespace {
+
+struct Look {
+    std::string_view icon;
+    Tone tone;
+};
+
+Look lookOf(CanonicalEvent event)
 {
     switch (event) {
     case CanonicalEvent::finished:
     case CanonicalEvent::subagentFinished:
-        return "checkmark.circle";
+        return {"checkmark.circle", Tone::green};
     case CanonicalEvent::waitingInput:
-        return "hourglass";
+        return {"hourglass", Tone::orange};
     case CanonicalEvent::error:
-        return "exclamationmark.triangle";
+        return {"exclamationmark.triangle", Tone::red};
     case CanonicalEvent::toolUse:
     case CanonicalEvent::longRunningStart:
     case CanonicalEvent::sessionStart:
     case CanonicalEvent::userActed:
         break;
     }
-    return "bell";
+    return {"bell", Tone::secondary};
+}
+
+}
+
+std::string_view iconName(CanonicalEvent event)
+{
+    return lookOf(event).icon;
 }
 
 Tone iconTone(CanonicalEvent event)
 {
-    switch (event) {
-    case CanonicalEvent::finished:
-    case CanonicalEvent::subagentFinished:
-        return Tone::green;
-    case CanonicalEvent::waitingInput:
-        return Tone::orange;
-    case CanonicalEvent::error:
-        return Tone::red;
-    case CanonicalEvent::toolUse:
-    case CanonicalEvent::longRunningStart:
-    case CanonicalEvent::sessionStart:
-    case CanonicalEvent::userActed:
-        break;
-    }
-    return Tone::secondary;
+    return lookOf(event).tone;
 }
 
 Text description(CanonicalEvent event)
