@@ -142,7 +142,7 @@ TEST(HookEvent, MakesTheBestOfOddPayloads)
          R"({"input-messages":["Generate a concise, single-line task title of","b"],"last-assistant-message":"{\"title\":1}"})",
          ""},
         {"codex", "",
-         R"({"input-messages":["Generate a concise, single-line task title of"],"last-assistant-message":"{\"title\":1,\"b\":2}"})",
+         R"({"input-messages":["Generate a concise, single-line task title of"],"last-assistant-message":"{\"b\":2,\"title\":1}"})",
          ""},
         {"cursor", "finished", R"({"conversation_id":"C","status":"aborted"})", nothing},
         {"cursor", "finished", R"({"status":"error","workspace_roots":["/a","/b"]})", "&cwd=%2Fa"},
