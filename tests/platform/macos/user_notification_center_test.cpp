@@ -50,6 +50,7 @@ protected:
                     done(false, nullptr);
                 }));
             });
+        center = std::make_unique<UserNotificationCenter>(); // on the fresh Mac
     }
 
     static void answer()
@@ -78,7 +79,7 @@ protected:
     }
 
     const std::thread::id mainThread = std::this_thread::get_id();
-    std::unique_ptr<UserNotificationCenter> center = std::make_unique<UserNotificationCenter>();
+    std::unique_ptr<UserNotificationCenter> center;
 };
 
 }
