@@ -68,8 +68,10 @@ DbusNotificationCenter::DbusNotificationCenter(QDBusConnection bus, Timers& time
     connect(&ownerWatcher_, &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString&, const QString&, const QString& owner) { setOwner(owner); });
     connect(&settings_, &DesktopNotificationSettings::changed, this, &DbusNotificationCenter::announceChange);
-    callAsync(bus_, busDaemonCall("GetNameOwner") << serverName(), this,
-              [this](const QDBusMessage& reply) { setOwner(firstArgument(reply).toString()); });
+    callAsync(bus_, busDaemonCall("GetNameOwner") << serverName(), this, [this](const QDBusMessage& reply) {
+        // QtDBus delivers a reply later than a signal that the bus sent after it.
+        if (!owner_) setOwner(firstArgument(reply).toString());
+    });
 }
 
 bool DbusNotificationCenter::isAvailable() const

@@ -30,16 +30,19 @@ DesktopAppearance::DesktopAppearance(QDBusConnection bus, std::function<void(std
     question << appearance << colourScheme;
     callAsync(bus, question, this, [this](const QDBusMessage& reply) {
         const QVariant answer = firstArgument(reply);
-        // Read wraps its answer in one variant more than it declares.
-        if (answer.isValid()) report(answer.value<QDBusVariant>().variant().value<QDBusVariant>().variant());
+        // QtDBus can deliver a reply later than a signal that was sent after it. Read wraps its answer in one
+        // variant more than it declares.
+        if (answer.isValid() && !hasChanged_)
+            report(answer.value<QDBusVariant>().variant().value<QDBusVariant>().variant());
     });
 }
 
 void DesktopAppearance::settingChanged(const QDBusMessage& change)
 {
     const QVariantList arguments = change.arguments();
-    if (arguments.size() == 3 && arguments[0] == appearance && arguments[1] == colourScheme)
-        report(arguments[2].value<QDBusVariant>().variant());
+    if (arguments.size() != 3 || arguments[0] != appearance || arguments[1] != colourScheme) return;
+    hasChanged_ = true;
+    report(arguments[2].value<QDBusVariant>().variant());
 }
 
 void DesktopAppearance::report(const QVariant& value) const

@@ -26,6 +26,7 @@ private:
     void report(const QVariant& value) const;
 
     std::function<void(std::optional<bool>)> changed_;
+    bool hasChanged_ = false; ///< Since we started.
 };
 
 }
