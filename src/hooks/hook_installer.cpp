@@ -250,7 +250,8 @@ HookInstaller::Result<std::vector<HookChange>> HookInstaller::changesBy(const Ed
     const Content& edited = *after;
     if (!edited) return std::vector<HookChange>();
 
-    const auto old = *before ? find(**before, "") : Findings();
+    const Content& original = *before;
+    const auto old = original ? find(*original, "") : Findings();
     if (!old) return Error(old.error());
     const auto fresh = find(*edited, "");
     if (!fresh) return Error(fresh.error());
