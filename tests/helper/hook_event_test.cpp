@@ -112,6 +112,7 @@ TEST(HookEvent, MakesTheBestOfOddPayloads)
         {"claude", "finished", R"(["session_id","S"])", ""},
         {"claude", "finished", R"([{"session_id":"S"}])", ""},
         {"claude", "finished", "\xEF\xBB\xBF{\"session_id\":\"S\"}", "&session=S"},
+        {"claude", "finished", "{\"session_id\":\"\xEF\xBB\xBFS\"}", "&session=%EF%BB%BFS"},
         {"claude", "finished", R"({"session_id":7,"cwd":""})", ""},
         {"claude", "finished", R"({"session_id":{"cwd":"/x"},"cwd":["/y"]})", ""},
         {"claude", "user_acted",

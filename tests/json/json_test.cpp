@@ -101,6 +101,7 @@ TEST(JSONParser, Unescapes)
         {R"(\ud83d)", replacement},
         {R"(\ude00x)", replacement + "x"},
         {R"(\ud83d\u0041b)", replacement + "b"},
+        {R"(\ud83d\ue000b)", replacement + "b"},
         {R"(\ud83d\ud83d\ude00)", replacement + replacement},
         {R"(\ud83d\n)", replacement + "\n"},
         {R"(\ud83d\\ude00)", replacement + "\\ude00"},
