@@ -63,7 +63,7 @@ void filter(std::vector<double>& signal, const double (&b)[3], const double (&a)
 double loudness(std::vector<double> signal)
 {
     static_assert(sampleRate == 48000); // for which the standard's coefficients are
-    signal.resize(signal.size() + samplesIn(100));
+    signal.insert(signal.end(), samplesIn(100), 0.0);
     filter(signal, {1.53512485958697, -2.69169618940638, 1.19839281085285},
            {-1.69065929318241, 0.73248077421585});
     filter(signal, {1.0, -2.0, 1.0}, {-1.99004745483398, 0.99007225036621});
