@@ -44,6 +44,7 @@ TEST(EventUrlTest, AcceptsWhatIsAnEventAndNothingElse)
         "chimewells://event" + rest,
         "http://event" + rest,
         "chimewell://[::1" + rest,
+        "chimewell://[::1]80" + rest,
         "chimewell://ev]ent" + rest,
         "chimewell://event:port" + rest,
         "chimewell://event?type=Finished&provider=claude",
