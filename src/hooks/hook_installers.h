@@ -3,6 +3,7 @@
 
 #include "hooks/codex_hook_installer.h"
 #include "hooks/json_hook_installer.h"
+#include "values/provider.h"
 
 #include <array>
 
@@ -15,13 +16,15 @@ public:
     HookInstallers(const HookInstallers&) = delete;
     HookInstallers& operator=(const HookInstallers&) = delete;
 
-    const std::array<HookInstaller*, 3>& all() const { return all_; }
+    using All = std::array<HookInstaller*, 3>;
+    static_assert(std::tuple_size_v<All> == knownProviders.size(), "an agent has no installer");
+    const All& all() const { return all_; }
 
 private:
     ClaudeHookInstaller claude_;
     CodexHookInstaller codex_;
     CursorHookInstaller cursor_;
-    std::array<HookInstaller*, 3> all_ = {&claude_, &codex_, &cursor_};
+    All all_ = {&claude_, &codex_, &cursor_};
 };
 
 }
