@@ -105,6 +105,8 @@ TEST_F(HookInstallerTest, AddsAndRemovesItsEntriesInJson)
     // The user's entries stay in their places and ours come last. What only we filled goes.
     check(claude, R"({"hooks": {"Stop": [1, 2], "Mine": []}, "z": true})",
           R"({"hooks": {"Stop": [1, 2, $finished], "Mine": [], $rest}, "z": true})");
+    check(claude, R"({"hooks": {"Mine": [1], "Stop": [2], "Too": [3]}})",
+          R"({"hooks": {"Mine": [1], "Stop": [2, $finished], "Too": [3], $rest}})");
     check(claude, R"({"hooks": {"Stop": []}})", R"({"hooks": {"Stop": [$finished], $rest}})", "{}");
     // Older ones of ours are replaced, also in a group with another command, but not at events that are not
     // ours.
