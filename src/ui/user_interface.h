@@ -40,10 +40,9 @@ public:
     /// The desktop's preference, if it has one. Used only where the desktop has no palette of its own.
     void setDark(std::optional<bool> isDark);
 
-    Windows windows();
-
 private:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    Windows windows();
     void addKeys(QWidget& window);
     void bringForward(QWidget& window);
     void showState();
