@@ -881,5 +881,9 @@
         <source>A symbolic link leads to %1, which does not exist</source>
         <translation>Ein symbolischer Link verweist auf %1, dort ist aber nichts</translation>
     </message>
+    <message>
+        <source>Chimewell runs from a disk image or from where it was downloaded. Move it to the Applications folder, open it there and try again.</source>
+        <translation>Chimewell läuft von einem Disk-Image oder von dort, wohin es geladen wurde. Chimewell in den Ordner „Programme“ bewegen, dort öffnen und noch einmal versuchen.</translation>
+    </message>
 </context>
 </TS>

@@ -48,8 +48,10 @@ Services::Services(const Ports& with)
                .focus = focus,
                .loginItem = ports.loginItem,
                .random = ports.random,
-               .activation = ports.activation}),
-      urls(router),
+               .activation = ports.activation,
+               .resources = ports.resources}),
+      reopens(ports.clock, ports.timers),
+      urls(router, reopens),
       marker(ports.files, ports.clock, store.folder()),
       delegate({.activation = ports.activation,
                 .urls = urls,
@@ -59,6 +61,7 @@ Services::Services(const Ports& with)
 {
     reminders.onFire = [this](const EventPayload& payload) { router.fireReminder(payload); };
     notifications.onOpenSession = [this](const auto& term, const auto& cwd) {
+        reopens.explain(ReopenRequests::Cause::banner);
         focus.focusSession(term, cwd);
     };
 }

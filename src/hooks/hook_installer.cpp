@@ -4,6 +4,7 @@
 #include "base/date_time.h"
 #include "hooks/helper_command.h"
 #include "values/shared_names.h"
+#include "values/temporary_location.h"
 #include "values/texts.h"
 
 #include <algorithm>
@@ -191,6 +192,8 @@ HookInstaller::Result<std::string> HookInstaller::helper() const
 {
     const auto path = helperPathOverride ? helperPathOverride : with_.resources.named(helperName);
     if (!path) return Error(HookInstallerError{Kind::helperMissing});
+    if (isTemporaryLocation(*path))
+        return Error(HookInstallerError{Kind::helperMissing, texts::moveToApplications});
     // Neither a shell command nor a line of TOML can contain a line break.
     if (path->native().find_first_of("\r\n") != std::string::npos)
         return Error(HookInstallerError{Kind::helperMissing, texts::helperPathHasLineBreak});

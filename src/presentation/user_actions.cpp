@@ -2,6 +2,8 @@
 #include "presentation/user_actions.h"
 
 #include "values/event_payload.h"
+#include "values/shared_names.h"
+#include "values/temporary_location.h"
 #include "values/texts.h"
 
 namespace chimewell {
@@ -35,6 +37,8 @@ std::optional<Phrase> UserActions::setLaunchAtLogin(bool wanted)
 {
     with_.store.update([&](AppSettings& settings) { settings.launchAtLogin = wanted; });
     if (with_.loginItem.isEnabled() == wanted) return std::nullopt;
+    if (wanted && isTemporaryLocation(with_.resources.named(helperName).value_or("")))
+        return Phrase(texts::couldNotLaunchAtLogin, {texts::moveToApplications});
     const auto changed = wanted ? with_.loginItem.registerItem() : with_.loginItem.unregisterItem();
     if (changed) return std::nullopt;
     return Phrase(texts::couldNotLaunchAtLogin, {changed.error()});

@@ -9,6 +9,7 @@
 #include "ports/application_activation.h"
 #include "ports/login_item.h"
 #include "ports/random.h"
+#include "ports/resources.h"
 #include "settings/settings_store.h"
 
 #include <cstdint>
@@ -33,6 +34,7 @@ public:
         LoginItem& loginItem;
         Random& random;
         ApplicationActivation& activation;
+        const Resources& resources;
     };
     explicit UserActions(Collaborators with) : with_(with) {}
 
@@ -46,7 +48,7 @@ public:
     void setRemindersEnabled(bool enabled);
     void setReminderInterval(std::int64_t seconds);
     void setReminderCount(std::int64_t count);
-    /// Stores the choice and tells the system. The message says why the system refused; the choice stays
+    /// Stores the choice and tells the system. The message says why that was not possible; the choice stays
     /// stored.
     std::optional<Phrase> setLaunchAtLogin(bool wanted);
 

@@ -65,6 +65,9 @@ inline constexpr auto notJson =
 inline constexpr auto helperMissing =
     Text("The bundled chimewell-hook helper could not be found inside the app bundle.")
         .onLinux("The chimewell-hook helper could not be found. Please install Chimewell again.");
+inline constexpr auto moveToApplications = Text(
+    "Chimewell runs from a disk image or from where it was downloaded. Move it to the Applications folder, "
+    "open it there and try again.");
 inline constexpr auto helperPathHasLineBreak =
     Text("The chimewell-hook helper lies in a folder with a line break in its name, where no agent can call "
          "it. Please move Chimewell to another folder.");

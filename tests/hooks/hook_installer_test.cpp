@@ -188,6 +188,11 @@ TEST_F(HookInstallerTest, RefusesWhatItCannotChangeSafely)
     refuses(claude, "{}", "The bundled chimewell-hook helper could not be found", "done", std::nullopt);
     refuses(claude, "{}", lineBreak, "done", "/a\nb/chimewell-hook");
     refuses(codex, "", lineBreak, "done", "/a\rb/chimewell-hook");
+    for (const char* helper : {"/private/var/folders/x/AppTranslocation/1/d/Chimewell.app/chimewell-hook",
+                               "/Volumes/Chimewell 1.0/Chimewell.app/chimewell-hook"})
+        refuses(claude, "{}", "Chimewell runs from a disk image", "done", helper);
+    resources.helper = "/Volumes/Big/Applications/Chimewell.app/chimewell-hook";
+    EXPECT_EQ(outcome(claude.install()), "done");
     refuses(codex, "", "Could not encode config.toml.", "done", "/opt/\xE9/chimewell-hook");
     const std::string notUtf8 = "Could not read /home/me/.codex/config.toml: The file is not valid UTF-8.";
     refuses(codex, "a = \"\xFF\"\n", notUtf8, notUtf8);

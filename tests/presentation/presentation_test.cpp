@@ -151,6 +151,11 @@ TEST(UserActionsTest, LaunchAtLoginStoresTheChoiceAndReportsTheSystemsRefusal)
               "Launch at login could not be changed: Operation not permitted");
     EXPECT_FALSE(services.store.settings().launchAtLogin);
     EXPECT_TRUE(system.loginItem.enabled);
+    system.loginItem = {};
+    system.resources.helper = "/Volumes/Chimewell/Chimewell.app/chimewell-hook";
+    EXPECT_TRUE(
+        english(*services.actions.setLaunchAtLogin(true)).contains("Move it to the Applications folder"));
+    EXPECT_FALSE(system.loginItem.enabled);
 }
 
 }
