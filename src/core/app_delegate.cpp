@@ -20,6 +20,7 @@ void DormantMarker::clear()
 void URLEventHandler::handleURLEvent(const std::optional<std::string>& url)
 {
     didHandleLaunchEvent_ = true;
+    reopens_.explain(ReopenRequests::Cause::url);
     if (!url) return;
     if (const auto payload = parseEventUrl(*url)) router_.handle(*payload);
 }

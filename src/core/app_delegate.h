@@ -2,6 +2,7 @@
 #pragma once
 
 #include "alerts/notification_service.h"
+#include "core/reopen_requests.h"
 #include "events/event_router.h"
 #include "ports/application_activation.h"
 #include "ports/clock.h"
@@ -47,7 +48,7 @@ private:
 /// Takes the event URLs that the system delivers. An invalid one is ignored without a message.
 class URLEventHandler {
 public:
-    explicit URLEventHandler(EventRouter& router) : router_(router) {}
+    URLEventHandler(EventRouter& router, ReopenRequests& reopens) : router_(router), reopens_(reopens) {}
 
     /// `url` is absent when the request carried no text.
     void handleURLEvent(const std::optional<std::string>& url);
@@ -56,6 +57,7 @@ public:
 
 private:
     EventRouter& router_;
+    ReopenRequests& reopens_;
     bool didHandleLaunchEvent_ = false;
 };
 

@@ -4,6 +4,7 @@
 #include "alerts/alert_audio.h"
 #include "alerts/notification_service.h"
 #include "core/app_delegate.h"
+#include "core/reopen_requests.h"
 #include "events/event_history.h"
 #include "events/event_router.h"
 #include "events/reminder_manager.h"
@@ -68,6 +69,7 @@ public:
     HookInstallers installers;
     ProviderCards cards;
     UserActions actions;
+    ReopenRequests reopens;
     URLEventHandler urls;
     DormantMarker marker;
     AppDelegate delegate;

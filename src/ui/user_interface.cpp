@@ -16,8 +16,9 @@
 
 namespace chimewell {
 
-UserInterface::UserInterface(Services& services)
+UserInterface::UserInterface(Services& services, Palette palette)
     : services_(services),
+      palette_(palette),
       settingsChange_(services.store.onChange([this] { showState(); }))
 {
     qApp->installEventFilter(this);
@@ -136,7 +137,8 @@ void UserInterface::prepareLook()
     if (isLookReady_) return;
     isLookReady_ = true;
     // A palette equal to the style's own does not come from a desktop.
-    isPaletteOurs_ = QApplication::palette() == QApplication::style()->standardPalette();
+    isPaletteOurs_ = palette_ == Palette::oursIfPlain &&
+                     QApplication::palette() == QApplication::style()->standardPalette();
     QApplication::setStyle(new ChimewellStyle); // the application owns it
     if (isPaletteOurs_) applyPalette();
 }

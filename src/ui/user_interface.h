@@ -11,6 +11,7 @@
 #include <QPointer>
 #include <QRect>
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 
@@ -24,7 +25,10 @@ class OnboardingWindow;
 class UserInterface final : public QObject {
     Q_OBJECT
 public:
-    explicit UserInterface(Services& services);
+    /// Where the colours come from. `oursIfPlain`: from a palette of ours where the desktop has none of its
+    /// own.
+    enum class Palette : std::uint8_t { system, oursIfPlain };
+    UserInterface(Services& services, Palette palette);
     ~UserInterface() override;
 
     /// Shows the state of the application in `icon` from now on; null where nothing shows icons.
@@ -37,7 +41,7 @@ public:
     void openSettings();
     void openOnboarding();
 
-    /// The desktop's preference, if it has one. Used only where the desktop has no palette of its own.
+    /// The desktop's preference, if it has one. Used only with our palette.
     void setDark(std::optional<bool> isDark);
 
 private:
@@ -50,6 +54,7 @@ private:
     void applyPalette();
 
     Services& services_;
+    const Palette palette_;
     std::unique_ptr<StatusIcon> icon_;
     Subscription settingsChange_;
     QPointer<PanelWindow> panel_;

@@ -48,7 +48,7 @@ TEST_F(AppDelegateTest, StartedByAnyUrlKeepsTheMarker)
 {
     for (const auto& url : {std::optional<std::string>("chimewell://event?type=finished&provider=claude"),
                             std::optional<std::string>("nonsense"), std::optional<std::string>()}) {
-        URLEventHandler fresh{services.router};
+        URLEventHandler fresh{services.router, services.reopens};
         AppDelegate started{{.activation = system.activation,
                              .urls = fresh,
                              .notifications = services.notifications,

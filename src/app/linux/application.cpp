@@ -47,7 +47,7 @@ Application::Application(const QDBusConnection& bus, FreedesktopApplication& hos
                  .loginItem = loginItem_,
                  .activation = activation_}),
       signals_([this] { endWithSession(); }),
-      interface_(services_),
+      interface_(services_, UserInterface::Palette::oursIfPlain),
       trayHost_(bus, [this](bool isThere) { showIcon(isThere); }),
       appearance_(bus, [this](std::optional<bool> isDark) { interface_.setDark(isDark); })
 {

@@ -45,11 +45,17 @@ Application::Application(const Translator& translator)
                  .loginItem = loginItem_,
                  .activation = activation_}),
       running_(RunningLock::take(services_.store.folder())),
-      interface_(services_),
-      events_({.open = [this](const auto& url) { services_.urls.handleURLEvent(url); },
-               .activate = [this] { interface_.activate(); }})
+      interface_(services_, UserInterface::Palette::system),
+      events_(
+          {.didLaunch = [this] { didLaunch(); },
+           .open = [this](const auto& url) { services_.urls.handleURLEvent(url); },
+           .reopen = [this] { services_.reopens.request(); },
+           .quit =
+               [this](bool endsSession) { quit(endsSession ? QuitReason::sessionEnd : QuitReason::user); },
+           .didWake = [this] { services_.reopens.explain(ReopenRequests::Cause::wake); }})
 {
-    services_.actions.onQuit = [] { QCoreApplication::quit(); };
+    services_.actions.onQuit = [this] { quit(QuitReason::user); };
+    services_.reopens.onUserReopen = [this] { interface_.activate(); };
     setSymbolSource(systemMask);
     qApp->installEventFilter(this);
     connect(qApp, &QCoreApplication::aboutToQuit, this,
@@ -57,16 +63,23 @@ Application::Application(const Translator& translator)
 
     interface_.setIcon(std::make_unique<StatusItem>());
     removeAbandonedFiles(services_.store.folder());
+}
+
+void Application::didLaunch()
+{
     services_.delegate.applicationDidFinishLaunching();
     interface_.start();
 }
 
+void Application::quit(QuitReason reason)
+{
+    quitReason_ = reason;
+    // Not a request to quit, which Qt would put to the system and the system to us.
+    QCoreApplication::exit();
+}
+
 bool Application::eventFilter(QObject* watched, QEvent* event)
 {
-    // The Apple event behind the request is available only while it is handled; Qt exits later. Every quit
-    // that doesn't end the session counts as the user's.
-    if (watched == qApp && event->type() == QEvent::Quit && AppleEvents::isSessionEnding())
-        quitReason_ = QuitReason::sessionEnd;
     // In case Qt's own handler for URLs replaces ours.
     if (watched == qApp && event->type() == QEvent::FileOpen) {
         const QUrl url = static_cast<QFileOpenEvent*>(event)->url();

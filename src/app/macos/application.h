@@ -34,10 +34,13 @@ public:
     explicit Application(const Translator& translator);
 
 protected:
-    /// Sees quit requests and opened URLs before Qt does.
+    /// Sees opened URLs before Qt does.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void didLaunch();
+    void quit(QuitReason reason);
+
     // Members are created in this order.
     FoundationUserFolders folders_;
     PosixFiles files_;

@@ -64,7 +64,15 @@ bool AppKitWorkspace::activateRunning(const TerminalApplication& application)
     NSString* const identifier = foundationText(application.bundleIdentifier);
     NSRunningApplication* const running =
         [NSRunningApplication runningApplicationsWithBundleIdentifier:identifier].firstObject;
-    return [running activateWithOptions:static_cast<NSApplicationActivationOptions>(0)];
+    if (!running) return false;
+    constexpr auto options = static_cast<NSApplicationActivationOptions>(0);
+    // The active application, which is ours after a click on a banner, hands over. Without that, macOS 14 and
+    // later may refuse.
+    if (@available(macOS 14, *)) {
+        [NSApplication.sharedApplication yieldActivationToApplication:running];
+        return [running activateFromApplication:NSRunningApplication.currentApplication options:options];
+    }
+    return [running activateWithOptions:options];
 }
 
 void AppKitWorkspace::findKind(const std::filesystem::path& path, std::function<void(FileKind)> done)

@@ -17,14 +17,14 @@ public:
           due_(timers.clock_.instant() + delay),
           fire_(std::move(fire))
     {
-        timers_.waiting_.insert(this);
+        timers_.insert(this);
         setTimer();
     }
     Handle(const Handle&) = delete;
     Handle& operator=(const Handle&) = delete;
     ~Handle() override
     {
-        timers_.waiting_.erase(this);
+        timers_.erase(this);
         [timer_ invalidate];
     }
 
@@ -46,7 +46,7 @@ public:
 private:
     void ring()
     {
-        timers_.waiting_.erase(this);
+        timers_.erase(this);
         const auto fire = std::move(fire_); // which may destroy this
         fire();
     }
@@ -55,6 +55,21 @@ private:
     const Instant due_;
     std::function<void()> fire_;
     NSTimer* timer_ = nil;
+};
+
+/// While it exists, macOS runs our timers in time. It delays those of other applications without a visible
+/// window ("App Nap"). The Mac may still go to sleep.
+class RunLoopTimers::Activity {
+public:
+    Activity() = default;
+    Activity(const Activity&) = delete;
+    Activity& operator=(const Activity&) = delete;
+    ~Activity() { [NSProcessInfo.processInfo endActivity:token_]; }
+
+private:
+    id<NSObject> token_ =
+        [NSProcessInfo.processInfo beginActivityWithOptions:NSActivityUserInitiatedAllowingIdleSystemSleep
+                                                     reason:@"A reminder is due"];
 };
 
 RunLoopTimers::RunLoopTimers(const Clock& clock)
@@ -68,6 +83,18 @@ RunLoopTimers::RunLoopTimers(const Clock& clock)
 }
 
 RunLoopTimers::~RunLoopTimers() = default;
+
+void RunLoopTimers::insert(Handle* timer)
+{
+    waiting_.insert(timer);
+    if (!activity_) activity_ = std::make_unique<Activity>();
+}
+
+void RunLoopTimers::erase(Handle* timer)
+{
+    waiting_.erase(timer);
+    if (waiting_.empty()) activity_.reset();
+}
 
 std::unique_ptr<Timer> RunLoopTimers::once(std::chrono::nanoseconds delay, std::function<void()> fire)
 {

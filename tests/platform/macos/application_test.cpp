@@ -15,10 +15,12 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 using namespace chimewell::test::objc;
 
@@ -47,8 +49,10 @@ namespace fs = std::filesystem;
 using Event = std::pair<Word, Word>; ///< Its class and its identifier.
 const Event openUrl{'GURL', 'GURL'};
 const Event reopen{'aevt', 'rapp'};
+const Event quit{'aevt', 'quit'};
 
 std::map<Event, std::pair<Id, const char*>> handlers; ///< Of Apple events: objects and selectors.
+std::vector<Value> timers;                            ///< Of the run loop.
 
 /// Where an Apple event keeps what it is about.
 std::string place(const char* message, Word keyword)
@@ -67,6 +71,15 @@ protected:
         reset();
         home = folder.path();
         handlers = {{openUrl, {object(), "ignore"}}}; // the toolkit's
+        timers.clear();
+        shared("sharedWorkspace").set("notificationCenter", object());
+        implement(
+            "timerWithTimeInterval:repeats:block:",
+            +[](Id, const char*, double, bool, void (^block)(Id)) -> Id {
+                timers.push_back(object({{"block", Word(keep(block))}}));
+                return timers.back();
+            });
+        implement("invalidate", +[](Id timer, const char*) { Value(timer).set("invalidate", true); });
         implement(
             "URLForDirectory:inDomain:appropriateForURL:create:error:", +[](Id, const char*) -> Id {
                 return object({{"path", std::string_view(home + "/Support")}});
@@ -104,11 +117,16 @@ protected:
         shared("systemStatusBar").set("item", object({{"button", button}}));
         application = std::make_unique<Application>(translator);
         EXPECT_EQ(handlers.size(), 1U); // before the toolkit has registered
+        EXPECT_TRUE(timers.empty());    // nothing is timed before the launch, which may take long
         launch();
         runMainQueue();
     }
 
-    static void launch() { notify(shared("defaultCenter"), "NSApplicationWillFinishLaunchingNotification"); }
+    static void launch()
+    {
+        notify(shared("defaultCenter"), "NSApplicationWillFinishLaunchingNotification");
+        notify(shared("defaultCenter"), "NSApplicationDidFinishLaunchingNotification");
+    }
 
     static void deliver(const Event& name, Value content)
     {
@@ -125,14 +143,25 @@ protected:
         const Value request = shared("currentNotificationCenter")["addNotificationRequest"];
         return request["content"]["userInfo"].dictionaryTexts()["cwd"];
     }
-    bool isDormantAfterQuit() const
+    /// Runs the event loop, in which `quit` is to end it.
+    bool isDormantAfter(const std::function<void()>& request) const
     {
-        QTimer::singleShot(0, qApp, [] {
-            QEvent quit(QEvent::Quit);
-            QApplication::sendEvent(qApp, &quit);
-        });
+        QTimer::singleShot(0, qApp, request);
         QApplication::exec();
-        return fs::exists(folder.path() / "Support/Chimewell/dormant");
+        const fs::path marker = folder.path() / "Support/Chimewell/dormant";
+        const bool isDormant = fs::exists(marker);
+        fs::remove(marker);
+        return isDormant;
+    }
+    static bool showsWindow()
+    {
+        return std::ranges::any_of(QApplication::topLevelWidgets(), &QWidget::isVisible);
+    }
+    /// Lets every timer of the run loop fire.
+    static void ringTimers()
+    {
+        for (const Value& timer : std::exchange(timers, {}))
+            if (!timer["invalidate"].as<bool>()) timer["block"].as<void (^)(Id)>()(timer);
     }
 
     const TemporaryFolder folder;
@@ -172,21 +201,53 @@ TEST_F(ApplicationTest, OpensItsPanelUnderItsIcon)
 
 TEST_F(ApplicationTest, ComesForwardWhenTheUserStartsItAgain)
 {
-    const auto showsWindow = [] {
-        return std::ranges::any_of(QApplication::topLevelWidgets(), &QWidget::isVisible);
-    };
-    EXPECT_TRUE(showsWindow()); // for a new user
+    EXPECT_TRUE(showsWindow());                                   // for a new user
+    EXPECT_FALSE(QApplication::testAttribute(Qt::AA_SetPalette)); // the colours stay the system's
     QApplication::closeAllWindows();
+    ringTimers();
     EXPECT_FALSE(showsWindow());
     deliver(reopen, object());
+    ringTimers();
     EXPECT_TRUE(showsWindow());
+}
+
+TEST_F(ApplicationTest, StaysBehindWhenTheSystemReopensIt)
+{
+    const Value center = shared("currentNotificationCenter");
+    const auto clickBanner = [&] {
+        const Value response = object({{"actionIdentifier", "UNNotificationDefaultActionIdentifier"}});
+        send(center["delegate"],
+             "userNotificationCenter:didReceiveNotificationResponse:withCompletionHandler:", Id(center),
+             Id(response),
+             keep(^{
+             }));
+        runMainQueue();
+    };
+    const auto wake = [] {
+        notify(shared("sharedWorkspace")["notificationCenter"], "NSWorkspaceDidWakeNotification");
+    };
+    QApplication::closeAllWindows();
+    for (const std::function<void()>& cause :
+         {std::function<void()>([] { open("chimewell://event?type=finished"); }),
+          std::function<void()>(clickBanner), std::function<void()>(wake)}) {
+        deliver(reopen, object());
+        cause();
+        deliver(reopen, object());
+        ringTimers();
+        EXPECT_FALSE(showsWindow());
+        application.reset(); // which forgets the cause
+        application = std::make_unique<Application>(translator);
+        launch();
+        runMainQueue();
+        QApplication::closeAllWindows();
+    }
 }
 
 TEST_F(ApplicationTest, RegistersAndTakesAway)
 {
     EXPECT_TRUE(fs::exists(folder.path() / "Support/Chimewell/running"));
     EXPECT_NE(shared("currentNotificationCenter")["delegate"], Value(nullptr));
-    EXPECT_EQ(handlers.size(), 2U);
+    EXPECT_EQ(handlers.size(), 3U);
     application.reset();
     EXPECT_TRUE(handlers.empty());
     EXPECT_EQ(shared("systemStatusBar")["removeStatusItem"], shared("systemStatusBar")["item"]);
@@ -197,26 +258,29 @@ TEST_F(ApplicationTest, RegistersAndTakesAway)
     EXPECT_EQ(handlers.size(), 1U);
 }
 
-TEST_F(ApplicationTest, IsDormantAfterTheUsersQuit)
+TEST_F(ApplicationTest, IsDormantAfterTheUsersQuitOnly)
 {
-    EXPECT_TRUE(isDormantAfterQuit());
-}
-
-TEST_F(ApplicationTest, IsNotDormantAfterTheSessionsEnd)
-{
-    const std::pair<int, bool> reasons[] = {{'quia', false}, {'norm', false}, {'logo', true},
-                                            {'rlgo', true},  {'rest', true},  {'shut', true}};
+    EXPECT_TRUE(isDormantAfter([] { // the toolkit's menu
+        QEvent event(QEvent::Quit);
+        QApplication::sendEvent(qApp, &event);
+    }));
+    const Value reply = object();
+    const auto isDormantAfterEvent = [&](Value content) {
+        return isDormantAfter([&] {
+            const auto [handler, selector] = handlers.at(quit);
+            send(handler, selector, Id(content), Id(reply));
+        });
+    };
+    EXPECT_TRUE(isDormantAfterEvent(object()));
+    const std::pair<int, bool> reasons[] = {{'quia', true},  {'norm', true},  {'logo', false},
+                                            {'rlgo', false}, {'rest', false}, {'shut', false}};
     for (const char* message : {parameter, attribute})
         for (const char* type : {"enumCodeValue", "typeCodeValue"})
-            for (const auto& [reason, ends] : reasons) {
-                const Value event =
-                    object({{"eventID", 'rapp'}, {place(message, 'why?'), object({{type, reason}})}});
-                shared("sharedAppleEventManager").set("currentAppleEvent", event);
-                EXPECT_FALSE(AppleEvents::isSessionEnding()) << message << type << reason;
-                event.set("eventID", 'quit');
-                EXPECT_EQ(AppleEvents::isSessionEnding(), ends) << message << type << reason;
-            }
-    EXPECT_FALSE(isDormantAfterQuit());
+            for (const auto& [reason, dormant] : reasons)
+                EXPECT_EQ(isDormantAfterEvent(object({{place(message, 'why?'), object({{type, reason}})}})),
+                          dormant)
+                    << message << type << reason;
+    EXPECT_EQ(reply["setParamDescriptor"], Value(nullptr)); // no error, which would refuse
 }
 
 }

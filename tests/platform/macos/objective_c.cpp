@@ -226,6 +226,7 @@ Class _NSConcreteGlobalBlock = {};
 void* _objc_empty_cache = nullptr;
 
 Value NSApplicationDidBecomeActiveNotification = "NSApplicationDidBecomeActiveNotification";
+Value NSApplicationDidFinishLaunchingNotification = "NSApplicationDidFinishLaunchingNotification";
 Value NSApplicationWillFinishLaunchingNotification = "NSApplicationWillFinishLaunchingNotification";
 Value NSDeviceRGBColorSpace = "NSDeviceRGBColorSpace";
 Value NSRunLoopCommonModes = "NSRunLoopCommonModes";
@@ -348,7 +349,7 @@ objc_release:
 .data
 CLASSES AVSpeechSynthesisVoice, AVSpeechSynthesizer, AVSpeechUtterance, NSAppleEventManager, NSApplication, NSArray
 CLASSES NSBitmapImageRep, NSBundle, NSDate, NSDateFormatter, NSFileManager, NSGraphicsContext, NSImage
-CLASSES NSMutableDictionary, NSNotificationCenter, NSOperationQueue, NSRelativeDateTimeFormatter, NSRunLoop
+CLASSES NSMutableDictionary, NSNotificationCenter, NSOperationQueue, NSProcessInfo, NSRelativeDateTimeFormatter, NSRunLoop
 CLASSES NSRunningApplication, NSScreen, NSSet, NSSound, NSStatusBar, NSTimeZone, NSTimer, NSURL, NSWorkspace
 CLASSES NSWorkspaceOpenConfiguration, SMAppService, UNMutableNotificationContent, UNNotificationAction
 CLASSES UNNotificationCategory, UNNotificationRequest, UNUserNotificationCenter

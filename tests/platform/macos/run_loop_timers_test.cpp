@@ -32,6 +32,8 @@ protected:
                 return made.back();
             });
         implement("invalidate", +[](Id timer, const char*) { Value(timer).set("isInvalid", true); });
+        implement(
+            "endActivity:", +[](Id process, const char*, Id) { Value(process).set("isNapping", true); });
         shared("sharedWorkspace").set("notificationCenter", object());
         timers = std::make_unique<RunLoopTimers>(time);
     }
@@ -52,12 +54,16 @@ protected:
 
 TEST_F(RunLoopTimersTest, FireOnceFromTheRunLoop)
 {
+    const Value process = shared("processInfo");
     const auto timer = timers->once(15s, fire);
     EXPECT_EQ(made.back()["seconds"], Value(15L));
+    EXPECT_EQ(process["options"], Value(0xEFFFFF)); // no App Nap, but the Mac may sleep
+    EXPECT_EQ(process["isNapping"], Value(nullptr));
     EXPECT_EQ(shared("mainRunLoop")["addTimer"], made.back());
     EXPECT_EQ(shared("mainRunLoop")["forMode"].text(), "NSRunLoopCommonModes"); // also while a menu is open
     ring();
     EXPECT_EQ(fired, 1);
+    EXPECT_EQ(process["isNapping"], Value(true));
     wake();
     EXPECT_EQ(made.size(), 1U);
     const auto past = timers->once(-5s, fire);

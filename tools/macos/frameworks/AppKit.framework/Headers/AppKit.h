@@ -2,8 +2,9 @@
 #pragma once
 
 // The part of AppKit that we use, declared by hand for checking on other systems. Beside each declaration
-// stands the first macOS that has it, where that is later than 10.10. Superclasses between a class and
-// NSObject that we do not use are left out, and what is inherited from them stands with the class.
+// stands the first macOS that has it, where that is later than 10.10; where it is later than 13, as an
+// attribute, so that the compiler refuses an unguarded use. Superclasses between a class and NSObject that we
+// do not use are left out, and what is inherited from them stands with the class.
 
 #import <Foundation/Foundation.h>
 
@@ -19,9 +20,14 @@ typedef NS_ENUM(NSInteger, NSApplicationActivationPolicy) {
 @interface NSRunningApplication : NSObject
 + (NSArray<NSRunningApplication*>*)runningApplicationsWithBundleIdentifier:(NSString*)bundleIdentifier;
 - (BOOL)activateWithOptions:(NSApplicationActivationOptions)options;
+@property (class, readonly, strong) NSRunningApplication* currentApplication;
+- (BOOL)activateFromApplication:(NSRunningApplication*)application
+                        options:(NSApplicationActivationOptions)options
+    __attribute__((availability(macos, introduced = 14.0)));
 @end
 
 NS_EXTERN const NSNotificationName NSApplicationDidBecomeActiveNotification;
+NS_EXTERN const NSNotificationName NSApplicationDidFinishLaunchingNotification;
 NS_EXTERN const NSNotificationName NSApplicationWillFinishLaunchingNotification;
 
 @interface NSApplication : NSObject
@@ -29,6 +35,8 @@ NS_EXTERN const NSNotificationName NSApplicationWillFinishLaunchingNotification;
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)activationPolicy;
 // Not deprecated before 14, which has a request that other applications may refuse in its place.
 - (void)activateIgnoringOtherApps:(BOOL)ignoreOtherApps;
+- (void)yieldActivationToApplication:(NSRunningApplication*)application
+    __attribute__((availability(macos, introduced = 14.0)));
 @end
 
 NS_EXTERN const NSNotificationName NSWorkspaceDidWakeNotification;

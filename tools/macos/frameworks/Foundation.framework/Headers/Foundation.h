@@ -180,6 +180,16 @@ NS_EXTERN NSString* NSHomeDirectory(void);
 @property (nullable, readonly, copy) NSString* bundleIdentifier;
 @end
 
+typedef NS_OPTIONS(unsigned long long, NSActivityOptions) {
+    NSActivityUserInitiatedAllowingIdleSystemSleep = 0xEFFFFFULL,
+};
+
+@interface NSProcessInfo : NSObject
+@property (class, readonly, strong) NSProcessInfo* processInfo;
+- (id<NSObject>)beginActivityWithOptions:(NSActivityOptions)options reason:(NSString*)reason;
+- (void)endActivity:(id<NSObject>)activity;
+@end
+
 @interface NSOperationQueue : NSObject
 @property (class, readonly, strong) NSOperationQueue* mainQueue;
 - (void)addOperationWithBlock:(void (^)(void))block;

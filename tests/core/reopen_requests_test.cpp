@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#include "core/reopen_requests.h"
+
+#include "core/services.h"
+#include "support/fake_system.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace chimewell::test {
+
+using namespace std::chrono_literals;
+
+TEST(ReopenRequestsTest, OnlyTheUsersOpenAWindow)
+{
+    FakeSystem system;
+    Services services(system.ports());
+    services.notifications.configure();
+    int opened = 0;
+    services.reopens.onUserReopen = [&] { ++opened; };
+    const std::function<void()> reopen = [&] { services.reopens.request(); };
+    const std::function<void()> url = [&] {
+        services.urls.handleURLEvent("chimewell://event?type=finished");
+    };
+    const std::function<void()> banner = [&] { system.center.respond({defaultNotificationAction, {}}); };
+    const std::function<void()> wake = [&] { services.reopens.explain(ReopenRequests::Cause::wake); };
+
+    struct Row {
+        const char* name;
+        std::function<void()> first;
+        std::chrono::milliseconds between;
+        std::function<void()> second;
+        int opens;
+    };
+    const std::vector<Row> rows{
+        {"the user alone", [] {}, 0ms, reopen, 1},
+        {"twice in a hurry", reopen, 100ms, reopen, 1},
+        {"twice", reopen, 600ms, reopen, 2},
+        {"just after a URL", url, 999ms, reopen, 0},
+        {"later than a URL", url, 1s, reopen, 1},
+        {"just before a URL", reopen, 499ms, url, 0},
+        {"before a URL", reopen, 500ms, url, 1},
+        {"just after a banner", banner, 999ms, reopen, 0},
+        {"just before a banner", reopen, 499ms, banner, 0},
+        {"seconds after waking", wake, 9999ms, reopen, 0},
+        {"long after waking", wake, 10s, reopen, 1},
+        {"a URL does not shorten what follows waking", [&] { wake(), url(); }, 5s, reopen, 0},
+    };
+    for (const Row& row : rows) {
+        opened = 0;
+        row.first();
+        system.time.advance(row.between);
+        row.second();
+        system.time.advance(1h);
+        EXPECT_EQ(opened, row.opens) << row.name;
+        EXPECT_EQ(system.time.runningTimers(), 0U) << row.name;
+    }
+}
+
+}
