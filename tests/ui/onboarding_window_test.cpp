@@ -55,7 +55,7 @@ TEST_F(OnboardingWindowTest, EndsForGoodHoweverItIsLeft)
 
 TEST_F(OnboardingWindowTest, IsNotEndedByTheEndOfTheApplication)
 {
-    const UserInterface interface(fakes.services);
+    const UserInterface interface(fakes.services, UserInterface::Palette::system);
     QTimer::singleShot(0, qApp, &QCoreApplication::quit);
     QApplication::exec();
     EXPECT_FALSE(store.settings().hasCompletedOnboarding);
