@@ -6,6 +6,7 @@ function(chimewell_bundle target)
   configure_file(${bundle_files}/Info.plist.in ${CMAKE_CURRENT_BINARY_DIR}/Info.plist @ONLY)
   set_target_properties(${target} PROPERTIES
     MACOSX_BUNDLE ON OUTPUT_NAME Chimewell MACOSX_BUNDLE_INFO_PLIST ${CMAKE_CURRENT_BINARY_DIR}/Info.plist)
+  target_link_options(${target} PRIVATE LINKER:-rpath,@executable_path/../Frameworks) # of scripts/bundle-macos
 
   set(icon ${bundle_files}/Chimewell.icns)
   target_sources(${target} PRIVATE ${icon})
