@@ -56,16 +56,6 @@ std::string payload(std::size_t size, bool knownLast)
     return "{" + (knownLast ? tool + "," + known : known + "," + tool) + "}\n";
 }
 
-std::vector<char*> pointers(std::vector<std::string>& texts)
-{
-    std::vector<char*> all;
-    all.reserve(texts.size() + 1);
-    for (std::string& text : texts)
-        all.push_back(text.data());
-    all.push_back(nullptr);
-    return all;
-}
-
 class Runner {
 public:
     explicit Runner(std::vector<std::string> environment) : environment_(std::move(environment)) {}

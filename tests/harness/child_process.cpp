@@ -22,16 +22,6 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::chrono::seconds timeout{30};
 
-std::vector<char*> pointers(std::vector<std::string>& texts)
-{
-    std::vector<char*> all;
-    all.reserve(texts.size() + 1);
-    for (std::string& text : texts)
-        all.push_back(text.data());
-    all.push_back(nullptr);
-    return all;
-}
-
 /// In the child, between fork and exec.
 void connect(int descriptor, int stream)
 {
@@ -73,6 +63,16 @@ std::string readLine(const Descriptor& from, std::string& pending)
         if (count <= 0) return {};
         pending.append(buffer.data(), static_cast<std::size_t>(count));
     }
+}
+
+std::vector<char*> pointers(std::vector<std::string>& texts)
+{
+    std::vector<char*> all;
+    all.reserve(texts.size() + 1);
+    for (std::string& text : texts)
+        all.push_back(text.data());
+    all.push_back(nullptr);
+    return all;
 }
 
 ChildProcess::ChildProcess(std::vector<std::string> command, Streams streams,

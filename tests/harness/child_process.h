@@ -41,6 +41,9 @@ std::string readLine(const Descriptor& from, std::string& pending);
 /// Variables as "NAME=value".
 using Environment = std::vector<std::string>;
 
+/// `texts` as the system takes arguments and environments, with a null pointer at the end.
+std::vector<char*> pointers(std::vector<std::string>& texts);
+
 /// Of a child process; a stream that is -1 is closed.
 struct Streams {
     int input = -1;
