@@ -9,8 +9,7 @@
 #include "support/one_resource.h"
 #include "json/json_text.h"
 
-#include <cstddef>
-#include <optional>
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -46,13 +45,9 @@ void installAndUninstall(const std::string& before)
     const auto original = parseJSON(before);
     const auto left = parseJSON(content);
     require(original && left);
+    const auto kept = left->members();
     for (const JSONMember& member : original->members())
-        if (member.key != "hooks") {
-            bool found = false;
-            for (const JSONMember& kept : left->members())
-                found = found || kept == member;
-            require(found);
-        }
+        require(member.key == "hooks" || std::ranges::find(kept, member) != kept.end());
 }
 
 }
