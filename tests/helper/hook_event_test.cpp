@@ -105,16 +105,12 @@ TEST(HookEvent, IsWhatRealAgentsTell)
 
 TEST(HookEvent, MakesTheBestOfOddPayloads)
 {
-    const std::string nested = std::string(100, '[') + std::string(100, ']');
     expectSent({
         {"claude", "finished", "", ""},
         {"claude", "finished", "no JSON", ""},
         {"claude", "finished", R"(["session_id","S"])", ""},
-        {"claude", "finished", R"([{"session_id":"S"}])", ""},
         {"claude", "finished", "\xEF\xBB\xBF{\"session_id\":\"S\"}", "&session=S"},
-        {"claude", "finished", "{\"session_id\":\"\xEF\xBB\xBFS\"}", "&session=%EF%BB%BFS"},
         {"claude", "finished", R"({"session_id":7,"cwd":""})", ""},
-        {"claude", "finished", R"({"session_id":{"cwd":"/x"},"cwd":["/y"]})", ""},
         {"claude", "user_acted",
          R"({"tool_input":{"session_id":"I","cwd":"/i"},"a":[{"cwd":"/i"}],"cwd":"/o/","session_id":"O"})",
          "&session=O&cwd=%2Fo%2F"},
@@ -125,11 +121,8 @@ TEST(HookEvent, MakesTheBestOfOddPayloads)
          "&session=%C3%A4%F0%9F%99%82%EF%BF%BD%20%22&cwd=%2Fa%25b%26c%23d%2Be"},
         // A value that the end of the input cuts is not half known but missing.
         {"claude", "finished", R"({"session_id":"S","cwd":"/home/de)", "&session=S"},
-        {"claude", "finished", R"({"session_id":"S",]"cwd":"/c"})", "&session=S"},
-        {"claude", "finished", R"({"deep":)" + nested + R"(,"session_id":"S"})", "&session=S"},
         {"claude", "finished", R"({"message":"the answer","prompt":"the prompt","title":"T"})", ""},
-        {"claude", "waiting_input", R"({"message":"one\ntwo","notification_type":"new_kind"})",
-         "&message=one%0Atwo"},
+        {"claude", "waiting_input", R"({"message":"a\nb","notification_type":"new"})", "&message=a%0Ab"},
         {"codex", "", "", ""},
         {"codex", "", R"({"type":"approval-requested","thread-id":"T"})", nothing},
         {"codex", "", R"({"thread-id":"T","last-assistant-message":null})", "&session=T"},
@@ -139,15 +132,8 @@ TEST(HookEvent, MakesTheBestOfOddPayloads)
          ""},
         {"codex", "", R"({"input-messages":["Give me JSON"],"last-assistant-message":"{\"title\":\"x\"}"})",
          ""},
-        {"codex", "",
-         R"({"input-messages":["Generate a concise, single-line task title of","b"],"last-assistant-message":"{\"title\":1}"})",
-         ""},
-        {"codex", "",
-         R"({"input-messages":["Generate a concise, single-line task title of"],"last-assistant-message":"{\"b\":2,\"title\":1}"})",
-         ""},
         {"cursor", "finished", R"({"conversation_id":"C","status":"aborted"})", nothing},
         {"cursor", "finished", R"({"status":"error","workspace_roots":["/a","/b"]})", "&cwd=%2Fa"},
-        {"cursor", "finished", R"({"workspace_roots":[["/a"],"/b"]})", ""},
         {"cursor", "finished", R"({"workspace_roots":"/a"})", ""},
     });
     for (const std::string kind : {"auth_success", "elicitation_complete", "elicitation_response",
@@ -163,11 +149,6 @@ TEST(HookEvent, IsCompletedFromTheEnvironment)
          "",
          "&session=E&cwd=%2Fe%EF%BF%BD&term=ghostty",
          {"CLAUDE_CODE_SESSION_ID=E", "CLAUDE_PROJECT_DIR=/e\xFF", "TERM_PROGRAM=ghostty", "PWD=/elsewhere"}},
-        {"claude",
-         "tool_use",
-         R"({"session_id":"P","cwd":"/p"})",
-         "&session=P&cwd=%2Fp",
-         {"CLAUDE_CODE_SESSION_ID=E", "CLAUDE_PROJECT_DIR=/e"}},
         {"claude", "finished", R"({"session_id":"P"})", nothing, {"CURSOR_VERSION=3.7.21"}},
         {"cursor",
          "finished",
@@ -191,24 +172,14 @@ TEST(PayloadReader, ReadsNoMoreThanItNeeds)
     PayloadReader early({.provider = "claude"});
     early.feed(R"({"session_id":"S","cwd":"/c","tool_input":"long)", false);
     EXPECT_FALSE(early.wantsMore());
-
-    PayloadReader large({.provider = "claude"});
-    large.feed(R"({"cwd":")" + std::string(1000000, 'x') + R"(","session_id":"S"})", true);
-    EXPECT_EQ(large.payload().cwd.value_or("").size(), maxValueBytes + 1);
-    EXPECT_EQ(large.payload().session, "S");
 }
 
 TEST(Invocation, IsRefusedWhenUnknown)
 {
-    const std::vector<std::vector<const char*>> unknown = {{},
-                                                           {"claude"},
-                                                           {"claude", "Finished"},
-                                                           {"claude", ""},
-                                                           {"codex", "finished"},
-                                                           {"Claude", "finished"},
-                                                           {""}};
-    for (const auto& arguments : unknown)
-        EXPECT_FALSE(parseInvocation(arguments)) << (arguments.empty() ? "" : arguments.back());
+    EXPECT_FALSE(parseInvocation({}));
+    for (const auto& arguments : std::vector<std::vector<const char*>>{
+             {"claude"}, {"Claude", "finished"}, {"codex", "finished"}, {"claude", "Finished"}})
+        EXPECT_FALSE(parseInvocation(arguments)) << arguments.back();
 }
 
 std::string encoded(std::string_view value)
@@ -229,20 +200,6 @@ TEST(EventUrl, IsAsciiWhateverTheValues)
     EXPECT_EQ(encoded(filling + "é"), filling);
     EXPECT_EQ(encoded(filling.substr(2) + "\xF0\x9F\x99\x82"), filling.substr(2));
     EXPECT_EQ(encoded(std::string(maxValueBytes + 9, '\x80')).size(), 9 * (maxValueBytes - 3));
-}
-
-TEST(EventUrl, IsReadBackByTheApplication)
-{
-    EventUrlBuilder builder(CanonicalEvent::waitingInput, "codex");
-    builder.add("session", "S&type=error");
-    builder.add("cwd", "/a+b/100%/ü#");
-    builder.add("message", "");
-    builder.add("term", "Apple_Terminal");
-    EXPECT_EQ(parseEventUrl(std::move(builder).text()), (EventPayload{.type = CanonicalEvent::waitingInput,
-                                                                      .provider = "codex",
-                                                                      .cwd = "/a+b/100%/ü#",
-                                                                      .session = "S&type=error",
-                                                                      .term = "Apple_Terminal"}));
 }
 
 }

@@ -19,34 +19,23 @@ namespace {
 TEST(Terminal, IsToldByItsVariables)
 {
     const std::vector<std::pair<std::vector<const char*>, std::string_view>> cases = {
-        {{}, ""},
         {{"TERM=xterm-256color", "VTE_VERSION=7006"}, ""},
         {{"TERM_PROGRAM=Apple_Terminal"}, "Apple_Terminal"},
-        {{"TERM_PROGRAM=a_later_one"}, "a_later_one"},
         {{"TERM_PROGRAM=", "TERM=xterm-kitty"}, "kitty"},
         {{"KITTY_WINDOW_ID=1"}, "kitty"},
         {{"ALACRITTY_WINDOW_ID=1"}, "Alacritty"},
-        {{"ALACRITTY_SOCKET=/x"}, "Alacritty"},
-        {{"TERM=alacritty-direct"}, "Alacritty"},
         {{"WEZTERM_PANE=0"}, "WezTerm"},
-        {{"TERM=xterm-ghostty"}, "ghostty"},
-        {{"GHOSTTY_RESOURCES_DIR=/x"}, "ghostty"},
-        {{"LC_TERMINAL=iTerm2"}, "iTerm.app"},
-        {{"ITERM_SESSION_ID=w0"}, "iTerm.app"},
-        {{"TERM_PROGRAM=tmux", "TERM=tmux-256color"}, ""},
         {{"TERM_PROGRAM=tmux", "TERM=tmux-256color", "KITTY_WINDOW_ID=1"}, "kitty"},
         {{"TERM_PROGRAM=screen", "WEZTERM_PANE=0"}, "WezTerm"},
         {{"KITTY_WINDOW_ID=1", "TERM_PROGRAM=vscode"}, "vscode"}, // VS Code started from kitty
         {{"TERM_PROGRAM=vscode", "CURSOR_TRACE_ID=1"}, ""},
         {{"TERM_PROGRAM=vscode", "VSCODE_GIT_ASKPASS_NODE=/opt/Cursor/cursor"}, ""},
-        {{"TERM_PROGRAM=vscode", "VSCODE_GIT_ASKPASS_NODE=/usr/share/code/code"}, "vscode"},
         {{"TERM_PROGRAM=ghostty", "CURSOR_TRACE_ID=1"}, "ghostty"}, // started from Cursor's terminal
         {{"MY_TERM_PROGRAM=Hyper", "TERM_PROGRAMS=Hyper", "TERM_PROGRAM"}, ""},
     };
     for (auto [block, expected] : cases) {
-        const std::string_view last = block.empty() ? "" : block.back();
         block.push_back(nullptr);
-        EXPECT_EQ(terminalOf(Environment(block.data())), expected) << last;
+        EXPECT_EQ(terminalOf(Environment(block.data())), expected) << block.front();
     }
 }
 
@@ -65,37 +54,25 @@ TEST(HomeFolder, IsThatOfTheUserDatabaseWithoutTheVariable)
     }
 }
 
-using Sockets = std::vector<std::string>;
-
-Sockets socketsOf(std::vector<const char*> block)
-{
-    block.push_back(nullptr);
-    return sessionBusSockets(Environment(block.data()), 1000);
-}
-
 TEST(BusAddress, NamesTheSockets)
 {
-    const std::vector<std::pair<std::string, Sockets>> cases = {
+    const std::vector<std::pair<std::string, std::vector<std::string>>> cases = {
+        {"", {"/run/r/bus"}},
         {"unix:path=/run/user/7/bus", {"/run/user/7/bus"}},
-        {"unix:guid=00ff,path=/a", {"/a"}},
         {"unix:path=/a%20b%2c%3B,guid=1", {"/a b,;"}},
         {"unix:abstract=/tmp/x", {std::string("\0/tmp/x", 7)}},
         {"unix:path=/a;tcp:host=h,port=1;unix:abstract=b;;", {"/a", std::string("\0b", 2)}},
         {"unix:runtime=yes", {"/run/r/bus"}},
         {"autolaunch:", {}},
-        {"unixexec:path=/bin/sh", {}},
-        {"unix:tmpdir=/tmp", {}},
-        {"unix:path=/a%2", {}},
         {"unix:path=/a%zz", {}},
-        {"path=/a", {}},
-        {"nonsense", {}},
     };
     for (const auto& [address, expected] : cases) {
         const std::string variable = "DBUS_SESSION_BUS_ADDRESS=" + address;
-        EXPECT_EQ(socketsOf({variable.c_str(), "XDG_RUNTIME_DIR=/run/r"}), expected) << address;
+        const std::array<const char*, 3> block = {variable.c_str(), "XDG_RUNTIME_DIR=/run/r", nullptr};
+        EXPECT_EQ(sessionBusSockets(Environment(block.data()), 1000), expected) << address;
     }
-    EXPECT_EQ(socketsOf({"XDG_RUNTIME_DIR=/run/r", "DBUS_SESSION_BUS_ADDRESS="}), Sockets{"/run/r/bus"});
-    EXPECT_EQ(socketsOf({}), Sockets{"/run/user/1000/bus"});
+    const std::array<const char*, 1> empty = {};
+    EXPECT_EQ(sessionBusSockets(Environment(empty.data()), 1000).front(), "/run/user/1000/bus");
 }
 
 }
