@@ -2,7 +2,6 @@
 #include "base/date_time.h"
 #include "base/last_seen.h"
 #include "base/numbers.h"
-#include "base/percent.h"
 #include "base/subscription.h"
 #include "base/unicode_text.h"
 #include "base/utf8.h"
@@ -45,8 +44,6 @@ TEST(Utf8, HasOneFormForEachCharacter)
                  decoded.size != encoded.bytes().size() ||
                  utf8Length(encoded.bytes().front()) != decoded.size;
     }
-    EXPECT_EQ(Utf8Character(U'é').bytes(), "é");
-    EXPECT_EQ(Utf8Character(U'€').bytes(), "€");
     EXPECT_EQ(Utf8Character(U'😀').bytes(), "😀");
 
     constexpr std::string_view bytes(
@@ -69,19 +66,15 @@ TEST(Utf8, FindsAWrongByteBehindAnyLengthOfAscii)
         const std::string ascii(length, 'a');
         EXPECT_TRUE(isValidUtf8(ascii + "é" + ascii)) << length;
         EXPECT_FALSE(isValidUtf8(ascii + "\x80" + ascii)) << length;
-        EXPECT_FALSE(isValidUtf8(ascii + "\xF0\x9F\x98" + ascii)) << length;
     }
 }
 
 TEST(UnicodeText, IsTrimmedOfUnicodeWhiteSpace)
 {
     const std::pair<std::string_view, std::string_view> cases[] = {
-        {"", ""},
-        {" \t\r\n\v\f", ""},
         {"\u00A0\u2003\u3000a b\u2028\u2029\u0085", "a b"},
         {"\uFEFFa\uFEFF", "\uFEFFa\uFEFF"}, // a byte-order mark is no white space
-        {"é ", "é"},
-        {"\xC2", "\xC2"}, // cut in half, and kept
+        {"\xC2", "\xC2"},                   // cut in half, and kept
         {" \xA0 ", "\xA0"},
     };
     for (const auto& [text, expected] : cases)
@@ -90,14 +83,11 @@ TEST(UnicodeText, IsTrimmedOfUnicodeWhiteSpace)
 
 TEST(UnicodeText, IsCountedInCharactersAsAPersonWould)
 {
-    EXPECT_EQ(firstCharacters("abc", 2), "ab");
     EXPECT_EQ(firstCharacters("abc", 3), "abc");
     EXPECT_EQ(firstCharacters("a\u0301b", 1), "a\u0301");
     // A family, a flag, a thumb with a skin tone, a line end: one character each.
     EXPECT_EQ(firstCharacters("👨‍👩‍👧🇩🇪👍🏽\r\nx", 4),
               "👨‍👩‍👧🇩🇪👍🏽\r\n");
-    const std::string endless = "a" + repeated("\u0301", 1'000'000);
-    EXPECT_EQ(firstCharacters(endless + "b", 1), endless);
 }
 
 TEST(UnicodeText, IsMadeReadableAndHarmless)
@@ -107,18 +97,14 @@ TEST(UnicodeText, IsMadeReadableAndHarmless)
         std::string_view body;
         std::string_view title = body;
     } cases[] = {
-        {"", ""},
         {"Grüße, 日本 👩‍👩‍👧 <b>&amp;</b>",
          "Grüße, 日本 👩‍👩‍👧 <b>&amp;</b>"},
         // Line breaks of every kind; an empty line stays one in a body.
-        {"a\r\nb\rc", "a\nb\nc", "a b c"},
-        {"a\n\n\r\nb\n", "a\n\n\nb\n", "a b "},
+        {"a\r\nb\r\rc", "a\nb\n\nc", "a b c"},
         {"a\u0085b\u2028c\u2029d\ve\ff", "a\nb\nc\nd\ne\nf", "a b c d e f"},
         // Control characters.
-        {"a\tb", "a b"},
-        {"a\0b\x1B[31m\a\x7F\u009B"sv, "a\uFFFDb\uFFFD[31m\uFFFD\uFFFD\uFFFD"},
+        {"a\tb\x1B[31m\a\x7F\u009B"sv, "a b\uFFFD[31m\uFFFD\uFFFD\uFFFD"},
         // Text in another order than it is written in.
-        {"\u202Egpj.exe\u202C", "gpj.exe"},
         {"\u202Aa\u202Bb\u202Dc\u2066d\u2067e\u2068f\u2069g", "abcdefg"},
         {"a\n\u202E\nb", "a\n\nb", "a b"},
         {"\u200Fשלום\u200E \u061C", "\u200Fשלום\u200E \u061C"},
@@ -144,69 +130,31 @@ TEST(UnicodeText, IsReadableOnlyUpToALimit)
     EXPECT_EQ(readableLine(std::string(1 << 20, '\n') + "a"), " a") << "what is left out does not count";
 }
 
-TEST(Percent, LeavesAloneWhatIsNoEscape)
+TEST(Numbers, AreReadInEverySpelling)
 {
-    const struct {
-        std::string text;
-        std::string decoded;
-        bool isStrict;
-    } cases[] = {
-        {"a%20b+%41%5a%5A", "a b+AZZ", true},
-        {"%C3%A9%25%34%31", "é%41", true},
-        {"%00", std::string(1, '\0'), true},
-        {"100%", "100%", false},
-        {"%4", "%4", false},
-        {"%4g%20", "%4g ", false},
-        {"%%41", "%A", false},
-    };
-    for (const auto& [text, decoded, isStrict] : cases) {
-        EXPECT_EQ(percentDecoded(text), decoded) << text;
-        EXPECT_EQ(strictlyPercentDecoded(text), isStrict ? std::optional(decoded) : std::nullopt) << text;
-    }
-    std::string encoded;
-    appendPercentEncoded(encoded, "azAZ09-._~ /+%&#=?\"\n\x7Fé@", "@/");
-    EXPECT_EQ(encoded, "azAZ09-._~%20/%2B%25%26%23%3D%3F%22%0A%7F%C3%A9@");
-}
-
-TEST(Numbers, AreDecimalsOrNothing)
-{
-    const std::pair<const char*, double> numbers[] = {
-        {"0", 0},  {"-5", -5},  {"+5", 5},     {"1700000000.5", 1700000000.5},
-        {"5.", 5}, {".5", 0.5}, {"1E-1", 0.1},
-    };
-    for (const auto& [text, value] : numbers)
+    for (const auto& [text, value] :
+         {std::pair{"+5", 5.0}, {"01", 1.0}, {"5.", 5.0}, {".5", 0.5}, {"1E-1", 0.1}})
         EXPECT_EQ(decimal(text), value) << text;
-    for (const char* const text :
-         {"", "abc", "1,5", " 1", "1 ", "0x10", "inf", "nan", "1e", ".", "1.2.3", "1e999"})
-        EXPECT_EQ(decimal(text), std::nullopt) << text;
-}
-
-TEST(Numbers, AreIntegralInEverySpelling)
-{
-    const std::pair<const char*, std::int64_t> numbers[] = {
-        {"0", 0},
-        {"-0.0", 0},
-        {"0e999999999999", 0},
-        {"1.0", 1},
-        {"1e2", 100},
-        {"12.50E+1", 125},
-        {"100e-2", 1},
-        {"9223372036854775807", INT64_MAX},
-        {"-9223372036854775808", INT64_MIN},
-    };
-    for (const auto& [text, value] : numbers)
+    for (const auto& [text, value] : {std::pair{"-0.0", std::int64_t{0}},
+                                      {"0e999999999999", 0},
+                                      {"1.0", 1},
+                                      {"1e2", 100},
+                                      {"12.50E+1", 125},
+                                      {"100e-2", 1},
+                                      {"9223372036854775807", INT64_MAX},
+                                      {"-9223372036854775808", INT64_MIN}})
         EXPECT_EQ(integral(text), value) << text;
-    for (const char* const text : {"9223372036854775808", "1e19", "1e999999999999", "1.5", "1e-1", "", "-",
-                                   "01", "1.", ".5", "1e", "+1", "1 ", "1.2.3"})
+    for (const char* const text :
+         {"9223372036854775808", "1e999999999999", "1.5", "1e-1", "01", "1.", ".5", "+1"})
         EXPECT_EQ(integral(text), std::nullopt) << text;
+    for (const char* const text : {"", "abc", "-", "1,5", " 1", "1 ", "0x10", "inf", "1e", "1.2.3", "1e999"})
+        EXPECT_TRUE(!decimal(text) && !integral(text)) << text;
 }
 
 TEST(Dates, AreReadWithOffsetsAndFractionsAndWrittenInUtc)
 {
     const Date noon = sys_days{2026y / March / 1} + 12h;
     const std::pair<const char*, Date> dates[] = {
-        {"2026-03-01T12:00:00Z", noon},
-        {"2026-03-01T12:00:00.25Z", noon + 250ms},
         {"2026-03-01T12:00:00.1234567Z", noon + 123456us},
         {"2026-03-01T14:00:00+02:00", noon},
         {"2026-03-01T06:29:59-0530", noon - 1s},
@@ -215,7 +163,7 @@ TEST(Dates, AreReadWithOffsetsAndFractionsAndWrittenInUtc)
     for (const auto& [text, date] : dates)
         EXPECT_EQ(parseIso8601(text), date) << text;
     for (const char* const text :
-         {"", "2025-02-29T00:00:00Z", "2026-03-01T12:00:00", "2026-03-01 12:00:00Z", "2026-03-01T24:00:00Z",
+         {"2025-02-29T00:00:00Z", "2026-03-01T12:00:00", "2026-03-01 12:00:00Z", "2026-03-01T24:00:00Z",
           "2026-03-01T12:60:00Z", "2026-03-01T12:00:60Z", "2026-03-01T12:00:00.Z", "2026-03-01T12:00:00Zx",
           "2026-03-01T12:00:00+24:00", "2026-03-01T12:00:00+00:60", "+026-03-01T12:00:00Z"})
         EXPECT_EQ(parseIso8601(text), std::nullopt) << text;
@@ -231,13 +179,9 @@ TEST(LastSeen, ForgetsByAgeAndByCapacity)
     seen.set("a", Instant(3s)); // seen again: b is the oldest now
     seen.set("c", Instant(4s));
     EXPECT_FALSE(seen.find("b"));
-    EXPECT_EQ(seen.find("a"), Instant(3s));
-
     seen.forgetUntil(Instant(3s));
     EXPECT_FALSE(seen.find("a"));
     EXPECT_EQ(seen.find("c"), Instant(4s));
-    seen.erase("c");
-    EXPECT_EQ(seen.size(), 0u);
 }
 
 TEST(Subscribers, ComeAndGoWhileTheyAreCalled)
@@ -261,11 +205,8 @@ TEST(Subscribers, AreOutlivedBySubscriptions)
     Subscription subscription;
     {
         Subscribers subscribers;
-        int calls = 0;
-        subscription = subscribers.add([&] { ++calls; });
+        subscription = subscribers.add([] {});
         Subscription moved = std::move(subscription);
-        subscribers.notify();
-        EXPECT_EQ(calls, 1);
         subscription = std::move(moved);
     }
     subscription.reset(); // nobody left to call

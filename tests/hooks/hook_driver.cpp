@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // hook_driver PROVIDER HELPER ACTION...: runs an installer (install, uninstall, restore, status, nothing) on
-// the real files of the home folder (HOME). Prints a line for each outcome; the status is 1 if one failed, 64
-// for a wrong call.
+// the real files of the home folder (HOME). Prints a line for each outcome; the status is 1 if one failed.
 #include "hooks/hook_installers.h"
 #include "platform/posix/posix_clock.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/xdg_user_folders.h"
+#include "support/one_resource.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -17,28 +17,15 @@ namespace {
 
 using namespace chimewell;
 
-class NoResources final : public Resources {
-public:
-    std::optional<std::filesystem::path> named(std::string_view) const override { return std::nullopt; }
-};
-
-void say(const std::string& line)
+/// What came of it; "error: " and the reason if it failed.
+std::string outcome(HookInstaller& installer, std::string_view action)
 {
-    std::puts(line.c_str());
-}
-
-bool act(HookInstaller& installer, std::string_view action)
-{
-    if (action == "nothing") return true;
-    if (action == "status") {
-        say(installer.status().kind == HookInstallStatus::Kind::installed ? "installed" : "not installed");
-        return true;
-    }
+    if (action == "status")
+        return installer.status().kind == HookInstallStatus::Kind::installed ? "installed" : "not installed";
     const auto done = action == "install"     ? installer.install()
                       : action == "uninstall" ? installer.uninstall()
                                               : installer.restore();
-    say(done ? "ok" : "error: " + english(done.error().description()));
-    return done.has_value();
+    return done ? "ok" : "error: " + english(done.error().description());
 }
 
 }
@@ -49,16 +36,18 @@ int main(int argc, char** argv)
     PosixFiles files;
     const PosixClock clock;
     const XdgUserFolders folders;
-    const NoResources resources;
+    test::OneResource resources;
+    resources.helper = arguments[2];
     const HookInstallers installers(
         {.files = files, .clock = clock, .folders = folders, .resources = resources});
-    if (arguments.size() < 4) return 64;
-    const auto installer =
-        std::ranges::find(installers.all(), std::string_view(arguments[1]), &HookInstaller::providerId);
-    if (installer == installers.all().end()) return 64;
-    (*installer)->helperPathOverride = arguments[2];
+    HookInstaller& installer =
+        **std::ranges::find(installers.all(), std::string_view(arguments[1]), &HookInstaller::providerId);
     bool allWell = true;
-    for (const char* action : arguments.subspan(3))
-        allWell = act(**installer, action) && allWell;
+    for (const std::string_view action : arguments.subspan(3)) {
+        if (action == "nothing") continue;
+        const std::string line = outcome(installer, action);
+        std::puts(line.c_str());
+        allWell = allWell && !line.starts_with("error");
+    }
     return allWell ? 0 : 1;
 }

@@ -22,10 +22,8 @@ TEST(EventUrlTest, AcceptsWhatIsAnEventAndNothingElse)
         "CHIMEWELL://event" + rest,
         "chimewell://anything/else" + rest,
         "chimewell:" + rest,
-        "chimewell:event" + rest,
         "chimewell://user@host:80/" + rest,
         "chimewell://[::1]:80" + rest,
-        "chimewell://event:" + rest,
         "chimewell://event" + rest + "#&type=error",
         "chimewell://event" + rest + "&v=1&other=x&flag&type",
         "chimewell://event?%74ype=finishe%64&provider=claude",
@@ -36,30 +34,19 @@ TEST(EventUrlTest, AcceptsWhatIsAnEventAndNothingElse)
 
     const std::string rejected[] = {
         "",
-        ":",
-        "chimewell",
         "chimewell://event",
         "event" + rest,
         " chimewell://event" + rest,
         "chimewells://event" + rest,
-        "http://event" + rest,
         "chimewell://[::1" + rest,
-        "chimewell://[::1]80" + rest,
         "chimewell://ev]ent" + rest,
         "chimewell://event:port" + rest,
         "chimewell://event?type=Finished&provider=claude",
         "chimewell://event?type=finished&provider=Claude",
         "chimewell://event?type=finished",
-        "chimewell://event?provider=claude",
-        "chimewell://event?type=finished&provider=",
-        "chimewell://event?type=finished;provider=claude",
         "chimewell://event?type=subagent_finished&provider=claude",
-        "chimewell://event?type=UserPromptSubmit&provider=claude",
         "chimewell://event?type=finished%00&provider=claude",
-        "chimewell://event?type=finished%FF&provider=claude",
         "chimewell://event?type=finished&type=%FF&provider=claude",
-        "chimewell://event?type=finished+&provider=claude",
-        "chimewell://event#" + rest,
     };
     for (const auto& url : rejected)
         EXPECT_EQ(parseEventUrl(url), std::nullopt) << url;
@@ -68,13 +55,13 @@ TEST(EventUrlTest, AcceptsWhatIsAnEventAndNothingElse)
 TEST(EventUrlTest, ReadsEachValue)
 {
     const auto payload = parseEventUrl(
-        "chimewell://event?type=waiting_input&provider=cursor&session=S%26T&title=a+b&"
+        "chimewell://event?type=waiting_input&provider=cursor&session=S%26T&title=a+b%z%4&"
         "message=%E2%9C%93%0Aé \"[x]\"=y&cwd=%2Fhome%2Fme%2Fproj%2F&term=iTerm.app&ts=1700000000.5&test=1");
     ASSERT_TRUE(payload);
     EXPECT_EQ(payload->type, CanonicalEvent::waitingInput);
     EXPECT_EQ(payload->provider, "cursor");
     EXPECT_EQ(payload->session, "S&T");
-    EXPECT_EQ(payload->title, "a+b");
+    EXPECT_EQ(payload->title, "a+b%z%4");
     EXPECT_EQ(payload->message, "✓\né \"[x]\"=y");
     EXPECT_EQ(payload->cwd, "/home/me/proj/");
     EXPECT_EQ(payload->term, "iTerm.app");
@@ -88,7 +75,7 @@ TEST(EventUrlTest, TurnsEmptyAndUnreadableValuesIntoAbsentOnes)
     EXPECT_EQ(parseEventUrl(head + "&session=&title=&message=&cwd=&term=&ts=&test="), plain);
     // Not UTF-8: empty, and it still overwrites the earlier value.
     EXPECT_EQ(parseEventUrl(head + "&session=S&session=%C3"), plain);
-    for (const char* ts : {"0", "-5", "4102444800", "abc", "nan", "1e400", "0x1"})
+    for (const char* ts : {"0", "-5", "4102444800", "abc", "nan"})
         EXPECT_EQ(parseEventUrl(head + "&ts=" + ts), plain) << ts;
     for (const char* test : {"TRUE", "0", "yes", "11"})
         EXPECT_EQ(parseEventUrl(head + "&test=" + test), plain) << test;
@@ -106,73 +93,32 @@ TEST(EventUrlTest, CutsLongValuesAtCharacters)
     EXPECT_EQ(parseEventUrl(head + "e" + accents)->message, "e" + accents.substr(0, 16'382));
 }
 
-TEST(EventUrlTest, SampleIsATestEventOfItsOwnSession)
-{
-    EXPECT_EQ(parseEventUrl(sampleEventUrl("ABC")), (EventPayload{.type = CanonicalEvent::finished,
-                                                                  .provider = "claude",
-                                                                  .session = "sample-ABC",
-                                                                  .title = "Test event",
-                                                                  .message = "Chimewell is working",
-                                                                  .isTest = true}));
-}
-
 TEST(EventPayloadTest, LabelsTheProjectByItsFolder)
 {
-    const struct {
-        std::optional<std::string> cwd;
-        std::optional<std::string> label;
-    } cases[] = {
-        {std::nullopt, std::nullopt},
-        {"/", std::nullopt},
-        {"//", "/"},
-        {"///", "//"},
-        {"/Users/me/proj", "proj"},
-        {"/Users/me/proj/", "proj"},
-        {"/Users/me/proj//", "proj"},
-        {"proj", "proj"},
-        {"/a b/ç", "ç"},
-        {"a//", "a"},
-    };
-    for (const auto& c : cases) {
-        EventPayload payload = plain;
-        payload.cwd = c.cwd;
-        EXPECT_EQ(payload.projectLabel(), c.label) << c.cwd.value_or("(none)");
+    EventPayload payload = plain;
+    for (const auto& [cwd, label] : {std::pair{"//", "/"},
+                                     {"/me/proj", "proj"},
+                                     {"/me/proj//", "proj"},
+                                     {"proj", "proj"},
+                                     {"/a b/ç/", "ç"}}) {
+        payload.cwd = cwd;
+        EXPECT_EQ(payload.projectLabel(), label) << cwd;
     }
+    payload.cwd = "/";
+    EXPECT_EQ(payload.projectLabel(), std::nullopt);
 }
 
 TEST(AppSettingsTest, KnowsWhetherAnAgentIsConnected)
 {
-    const auto anyInstalled = [](std::vector<ProviderInstallState> providers) {
-        AppSettings settings;
-        settings.providers = std::move(providers);
-        return settings.anyProviderInstalled();
-    };
-    EXPECT_FALSE(anyInstalled(AppSettings().providers));
-    EXPECT_TRUE(anyInstalled({{.providerId = "other"}, {.providerId = "cursor", .installed = true}}));
-    EXPECT_FALSE(anyInstalled({{.providerId = "other", .installed = true}}));
-    // The first record of a provider counts.
-    EXPECT_FALSE(anyInstalled({{.providerId = "codex"}, {.providerId = "codex", .installed = true}}));
-}
-
-TEST(AppSettingsTest, NormalizingKeepsWhatIsThere)
-{
     AppSettings settings;
-    settings.events = {EventSetting::defaultSetting(CanonicalEvent::error),
-                       EventSetting::defaultSetting(CanonicalEvent::error)};
-    settings.events[0].soundId = "Frog";
-    settings.providers = {{.providerId = "other"}, {.providerId = "codex", .hookVersion = 9}};
-    settings.schemaVersion = 3;
-    settings.normalize();
-
-    EXPECT_EQ(settings.events.size(), 9u);
-    EXPECT_EQ(settings.events[0].soundId, "Frog");
-    EXPECT_EQ(settings.events[1].event, CanonicalEvent::error);
-    EXPECT_EQ(settings.events[2].event, CanonicalEvent::finished);
-    ASSERT_EQ(settings.providers.size(), 4u);
-    EXPECT_EQ(settings.providers[1].hookVersion, 9);
-    EXPECT_EQ(settings.providers[2].providerId, "claude");
-    EXPECT_EQ(settings.providers[3].providerId, "cursor");
-    EXPECT_EQ(settings.schemaVersion, 1);
+    EXPECT_FALSE(settings.anyProviderInstalled());
+    settings.providers = {{.providerId = "other", .installed = true}};
+    EXPECT_FALSE(settings.anyProviderInstalled());
+    // The first record of a provider counts.
+    settings.providers = {{.providerId = "codex"}, {.providerId = "codex", .installed = true}};
+    EXPECT_FALSE(settings.anyProviderInstalled());
+    settings.providers.push_back({.providerId = "cursor", .installed = true});
+    EXPECT_TRUE(settings.anyProviderInstalled());
 }
 
 }

@@ -51,20 +51,17 @@ TEST_F(PosixFilesTest, NeitherReadsNorReplacesWhatIsNoOrdinaryFile)
     ASSERT_EQ(::truncate(folder.write("large", "").c_str(), PosixFiles::maximumSize + 1), 0);
     const fs::path withNull = (at / "limit").native() + std::string("\0x", 2);
     const Names before = folder.names();
-    for (const fs::path& path : {at / "pipe", at / "folder/", fs::path("/dev/zero"), at / "loop",
-                                 at / "astray", at / std::string(300, 'x'), withNull, fs::path()}) {
+    for (const fs::path& path :
+         {at / "pipe", at / "folder/", at / "loop", at / "astray", withNull, fs::path()}) {
         EXPECT_FALSE(files.read(path)) << path;
-        if (path == "/dev/zero") continue;
         EXPECT_FALSE(files.replace(path, "new")) << path;
         EXPECT_FALSE(files.exchange(path, "old", "new")) << path;
     }
     EXPECT_TRUE(files.read(at / "limit"));
     EXPECT_FALSE(files.read(at / "large"));
+    EXPECT_FALSE(files.read("/dev/zero"));
     EXPECT_FALSE(files.writeCopy(withNull, "new", at / "limit"));
     EXPECT_FALSE(files.remove(withNull));
-    EXPECT_FALSE(files.kind(withNull));
-    EXPECT_FALSE(files.createFolders(at.native() + std::string("/a\0x", 4)));
-    EXPECT_FALSE(files.list(at.native() + std::string("\0x", 2)));
     EXPECT_EQ(folder.names(), before);
     EXPECT_EQ(english(files.replace(at / "astray", "").error().description),
               "A symbolic link leads to " + (at / "gone").string() + ", which does not exist");
@@ -72,17 +69,13 @@ TEST_F(PosixFilesTest, NeitherReadsNorReplacesWhatIsNoOrdinaryFile)
 
 TEST_F(PosixFilesTest, ReplacesTheEndOfAChainOfLinksAndKeepsTheLinks)
 {
-    fs::create_directories(at / "real/deep");
     folder.write("real/deep/file", "old");
     fs::create_symlink("../real/deep/file", at / "real/second");
     fs::create_symlink(at / "real", at / "linked folder");
     fs::create_symlink("linked folder/second", at / "first");
     fs::create_symlink("real/fresh", at / "dangling");
-
-    ASSERT_TRUE(files.replace(at / "first", "new"));
+    ASSERT_TRUE(files.exchange(at / "first", "old", "new"));
     EXPECT_EQ(folder.read("real/deep/file"), "new");
-    ASSERT_TRUE(files.exchange(at / "first", "new", "newer"));
-    EXPECT_EQ(folder.read("real/deep/file"), "newer");
     ASSERT_TRUE(files.replace(at / "dangling", "made"));
     EXPECT_EQ(folder.read("real/fresh"), "made");
     for (const char* link : {"first", "real/second", "linked folder", "dangling"})
@@ -173,22 +166,20 @@ TEST_F(PosixFilesTest, WritesRemoveWhatAKilledOneLeftAndNothingElse)
 
 TEST_F(PosixFilesTest, MakesPrivateFoldersWhoeverElseMakesThemToo)
 {
-    fs::create_directory_symlink("a", at / "link");
-    ASSERT_TRUE(files.createFolders(at / "a/b/"));
-    EXPECT_TRUE(files.createFolders(at / "link/d"));
-    EXPECT_EQ(modeOf(at / "a"), mode_t{0700});
-    EXPECT_EQ(files.kind(at / "link"), FileKind::folder);
-    EXPECT_EQ(files.kind("/dev/null"), FileKind::other);
+    fs::create_directory_symlink("0", at / "link");
     std::atomic<int> failures = 0;
     const auto makeMany = [&] {
         for (int i = 0; i < 500; ++i)
-            if (!PosixFiles().createFolders(at / std::to_string(i) / "b")) ++failures;
+            if (!PosixFiles().createFolders(at / std::to_string(i) / "b/")) ++failures;
     };
-    {
-        const std::jthread other(makeMany);
-        makeMany();
-    }
+    std::jthread other(makeMany);
+    makeMany();
+    other.join();
     EXPECT_EQ(failures, 0);
+    EXPECT_EQ(modeOf(at / "0"), mode_t{0700});
+    EXPECT_TRUE(files.createFolders(at / "link/d"));
+    EXPECT_EQ(files.kind(at / "link"), FileKind::folder);
+    EXPECT_EQ(files.kind("/dev/null"), FileKind::other);
 }
 
 }
