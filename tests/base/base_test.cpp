@@ -81,15 +81,6 @@ TEST(UnicodeText, IsTrimmedOfUnicodeWhiteSpace)
         EXPECT_EQ(trimmed(text), expected) << testing::PrintToString(text);
 }
 
-TEST(UnicodeText, IsCountedInCharactersAsAPersonWould)
-{
-    EXPECT_EQ(firstCharacters("abc", 3), "abc");
-    EXPECT_EQ(firstCharacters("a\u0301b", 1), "a\u0301");
-    // A family, a flag, a thumb with a skin tone, a line end: one character each.
-    EXPECT_EQ(firstCharacters("👨‍👩‍👧🇩🇪👍🏽\r\nx", 4),
-              "👨‍👩‍👧🇩🇪👍🏽\r\n");
-}
-
 TEST(UnicodeText, IsMadeReadableAndHarmless)
 {
     const struct {

@@ -10,7 +10,6 @@
 
 #include <csignal>
 #include <cstring>
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -161,16 +160,12 @@ TEST_F(HookProcess, DoesNotStartAnApplicationThatTheUserQuit)
 {
     bus.offer(applicationId, bus.recorder());
     auto environment = bus.environment();
-    const auto& home = bus.folder.path();
-    for (const auto& [variable, data] :
-         {std::pair<std::string, std::filesystem::path>{"XDG_DATA_HOME=relative", home / ".local/share"},
-          {"XDG_DATA_HOME=" + (home / "data").string(), home / "data"}}) {
-        environment.push_back(variable);
-        std::filesystem::create_directories(data / applicationFolderName);
-        std::ofstream(data / applicationFolderName / dormantMarkerName).put('\n');
+    for (const char* const data : {".local/share", "data"}) {
+        const auto file =
+            bus.folder.write(std::filesystem::path(data) / applicationFolderName / dormantMarkerName, "\n");
         expectQuiet(runHook(finished, environment, {.text = payload("silent")}));
-        std::filesystem::remove_all(data);
-        environment.pop_back();
+        std::filesystem::remove(file);
+        environment.push_back("XDG_DATA_HOME=" + (bus.folder.path() / "data").string());
     }
     expectQuiet(runHook(finished, environment, {.text = payload("loud")}));
     EXPECT_EQ(bus.nextRecord(), "ready");

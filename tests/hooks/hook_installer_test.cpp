@@ -93,9 +93,6 @@ TEST_F(HookInstallerTest, MakesTheFileAndItsFolder)
     EXPECT_EQ(file(claude), claudeFile);
     EXPECT_EQ(claude.status().kind, Status::installed);
     EXPECT_FALSE(look(claude).offersRestore);
-    EXPECT_EQ(cursor.install()->hookVersion, 1);
-    EXPECT_EQ(codex.install()->hookVersion, 1);
-    EXPECT_EQ(file(codex), notifyLine);
 }
 
 TEST_F(HookInstallerTest, AddsAndRemovesItsEntriesInJson)
@@ -258,7 +255,6 @@ TEST_F(HookInstallerTest, TellsWhatWouldChange)
     ASSERT_TRUE(claude.install());
     EXPECT_TRUE(claude.changesByInstall()->empty());
     EXPECT_EQ(claude.changesByUninstall()->size(), 5U);
-
     file(codex) = notifyLine;
     const std::string line = notifyLine.substr(0, notifyLine.size() - 1);
     EXPECT_EQ(codex.changesByUninstall(), (std::vector{HookChange{HookChange::Kind::removed, line}}));

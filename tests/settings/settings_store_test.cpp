@@ -158,6 +158,7 @@ TEST_F(SettingsStoreTest, UpdatesTheFirstEntry)
     store.updateProvider("new", [](ProviderInstallState& state) { state.hookVersion = 2; });
     EXPECT_TRUE(store.settings().anyProviderInstalled());
     EXPECT_EQ(store.settings().providers.back().hookVersion, 2);
+    EXPECT_EQ(open().settings(), store.settings());
 
     store.update([](AppSettings& settings) { settings.events.clear(); });
     const int writes = files.writes;

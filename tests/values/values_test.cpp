@@ -86,6 +86,10 @@ TEST(EventUrlTest, CutsLongValuesAtCharacters)
 {
     const std::string head = "chimewell://event?type=finished&provider=claude&message=";
     EXPECT_EQ(parseEventUrl(head + std::string(600, 'x'))->message, std::string(512, 'x'));
+    // A family, a flag, a thumb with a skin tone, a line end: one character each.
+    const std::string four = "👨‍👩‍👧🇩🇪👍🏽\r\n";
+    EXPECT_EQ(parseEventUrl(head + std::string(508, 'x') + four + "x")->message,
+              std::string(508, 'x') + four);
     // One character of a megabyte: an "e" with acute accents of two bytes each.
     std::string accents;
     for (int i = 0; i < 500'000; ++i)
