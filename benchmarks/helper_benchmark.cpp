@@ -85,8 +85,8 @@ public:
         auto arguments = command.arguments;
         const auto argumentBlock = pointers(arguments);
         const auto environmentBlock = pointers(environment_);
-        const Descriptor input(open(inputFile.c_str(), O_RDONLY | O_CLOEXEC));
-        const Descriptor nothing(open("/dev/null", O_RDWR | O_CLOEXEC));
+        const FileDescriptor input(open(inputFile.c_str(), O_RDONLY | O_CLOEXEC));
+        const FileDescriptor nothing(open("/dev/null", O_RDWR | O_CLOEXEC));
         const pid_t pid = fork();
         if (pid == 0) {
             dup2(input.get(), STDIN_FILENO);
@@ -264,7 +264,7 @@ void reportDelivery(RecordedBus& bus, Runner& runner)
 {
     constexpr int calls = 10000;
     constexpr int batch = 16;
-    const Descriptor nothing(open("/dev/null", O_RDONLY | O_CLOEXEC));
+    const FileDescriptor nothing(open("/dev/null", O_RDONLY | O_CLOEXEC));
     int arrived = 0;
     for (int sent = 0; sent < calls; sent += batch) {
         for (int i = 0; i < batch; ++i)

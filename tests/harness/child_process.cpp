@@ -33,21 +33,15 @@ void connect(int descriptor, int stream)
 
 }
 
-void Descriptor::reset(int descriptor)
-{
-    if (descriptor_ >= 0) close(descriptor_);
-    descriptor_ = descriptor;
-}
-
 Pipe::Pipe()
 {
     std::array<int, 2> ends{-1, -1};
     if (pipe2(ends.data(), O_CLOEXEC) != 0) return;
-    read.reset(ends[0]);
-    write.reset(ends[1]);
+    read = FileDescriptor(ends[0]);
+    write = FileDescriptor(ends[1]);
 }
 
-std::string readLine(const Descriptor& from, std::string& pending)
+std::string readLine(const FileDescriptor& from, std::string& pending)
 {
     for (;;) {
         const auto end = pending.find('\n');
@@ -125,8 +119,8 @@ Finished run(std::vector<std::string> command, const Input& input, std::optional
                           .output = fromProgram.write.get(),
                           .errors = fromProgram.write.get()},
                          std::move(environment));
-    toProgram.read.reset();
-    fromProgram.write.reset();
+    toProgram.read.close();
+    fromProgram.write.close();
 
     Finished finished;
     std::size_t written = 0;
@@ -134,7 +128,7 @@ Finished run(std::vector<std::string> command, const Input& input, std::optional
         const bool hasMore = toProgram.write.isOpen() && written < input.text.size();
         if (toProgram.write.isOpen() && !hasMore) {
             finished.tookAllInput = true;
-            if (input.then == Input::Then::end) toProgram.write.reset();
+            if (input.then == Input::Then::end) toProgram.write.close();
             if (input.then == Input::Then::moreWithoutEnd) written = 0;
         }
         std::array<pollfd, 2> entries = {
@@ -144,7 +138,7 @@ Finished run(std::vector<std::string> command, const Input& input, std::optional
         if (entries[1].revents != 0) {
             const ssize_t count =
                 write(toProgram.write.get(), input.text.data() + written, input.text.size() - written);
-            if (count < 0 && errno != EAGAIN) toProgram.write.reset();
+            if (count < 0 && errno != EAGAIN) toProgram.write.close();
             written += static_cast<std::size_t>(std::max<ssize_t>(0, count));
         }
         if (entries[0].revents == 0) continue;

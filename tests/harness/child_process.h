@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/posix/file_descriptor.h"
+
 #include <sys/types.h>
 
 #include <chrono>
@@ -10,33 +12,17 @@
 
 namespace chimewell::test {
 
-/// An open file; closed with this object.
-class Descriptor {
-public:
-    explicit Descriptor(int descriptor = -1) : descriptor_(descriptor) {}
-    ~Descriptor() { reset(); }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    int get() const { return descriptor_; }
-    bool isOpen() const { return descriptor_ >= 0; }
-    void reset(int descriptor = -1);
-
-private:
-    int descriptor_;
-};
-
 /// Both ends are close-on-exec, so that a process has only the streams it was given.
 struct Pipe {
     Pipe();
 
-    Descriptor read;
-    Descriptor write;
+    FileDescriptor read;
+    FileDescriptor write;
 };
 
 /// Takes the next whole line out of `pending`, without its end, reading on until there is one. Empty after
 /// thirty seconds and at the end of the file.
-std::string readLine(const Descriptor& from, std::string& pending);
+std::string readLine(const FileDescriptor& from, std::string& pending);
 
 /// Variables as "NAME=value".
 using Environment = std::vector<std::string>;

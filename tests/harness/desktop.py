@@ -16,7 +16,7 @@ in front of XDG_DATA_DIRS; --work keeps the home folder and logs in DIR.
 Without a command, the services join the environment of the caller, and the bus knows no services of the machine. The
 variables that lead to them are printed, then "ready", or a line saying what is missing. Each line of standard input is
 then one order, answered by "done" or "failed"; everything ends with the input:
-    start PROGRAM | kill PROGRAM | raise PROGRAM SIGNAL | offer BUS_NAME [COMMAND] | withdraw BUS_NAME
+    start PROGRAM | kill PROGRAM | raise PROGRAM SIGNAL | offer BUS_NAME [COMMAND]
 """
 import argparse
 import ctypes
@@ -347,14 +347,6 @@ class Session:
             write(service, f"[D-BUS Service]\nName={name}\nExec={command}\n")
         elif not service.exists():
             write(service, (MACHINE_SERVICES / service.name).read_text())
-        self.reload()
-
-    def withdraw(self, name):
-        (self.folder / "services" / f"{name}.service").unlink()
-        self.reload()
-
-    @staticmethod
-    def reload():
         output("dbus-send", "--session", "--print-reply", "--dest=org.freedesktop.DBus", "/",
                "org.freedesktop.DBus.ReloadConfig")
 
@@ -366,8 +358,7 @@ class Session:
                 if order == "raise":
                     self.processes[argument].send_signal(int(*rest))
                 else:
-                    {"start": self.start, "kill": self.kill, "offer": self.offer, "withdraw": self.withdraw}[order](
-                        argument, *rest)
+                    {"start": self.start, "kill": self.kill, "offer": self.offer}[order](argument, *rest)
                 print("done", flush=True)
             except (Unavailable, OSError) as fault:
                 print(fault, file=sys.stderr)

@@ -18,8 +18,8 @@ std::vector<std::string> harnessCommand(const std::vector<std::string>& programs
 PrivateSession::PrivateSession(const std::vector<std::string>& programs)
     : harness_(harnessCommand(programs), {.input = orders_.read.get(), .output = answers_.write.get()})
 {
-    orders_.read.reset();
-    answers_.write.reset();
+    orders_.read.close();
+    answers_.write.close();
     for (;;) {
         const std::string line = readLine(answers_.read, pending_);
         if (line == "ready") return;

@@ -33,7 +33,6 @@ public:
     void offer(const std::string& busName, const std::string& program);
     /// The same with the machine's own service of that name; false where it is not installed.
     bool offerInstalled(const std::string& busName) { return command("offer " + busName); }
-    void withdraw(const std::string& busName) { command("withdraw " + busName); }
 
 private:
     bool command(const std::string& line);

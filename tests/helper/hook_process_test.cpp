@@ -128,7 +128,7 @@ TEST(HookProcessWithoutBus, GivesUp)
     const std::string folder = own.path();
     sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
     std::strncpy(address.sun_path, (folder + "/mute").c_str(), sizeof address.sun_path - 1);
-    const Descriptor mute(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    const FileDescriptor mute(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
     ASSERT_TRUE(mute.isOpen());
     ASSERT_EQ(bind(mute.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
     ASSERT_EQ(listen(mute.get(), 5), 0);

@@ -14,7 +14,7 @@ RecordedBus::RecordedBus() : PrivateSession({"dbus-daemon"})
 {
     const std::string records = folder.path() / "records";
     mkfifo(records.c_str(), 0600);
-    records_.reset(open(records.c_str(), O_RDWR | O_CLOEXEC));
+    records_ = FileDescriptor(open(records.c_str(), O_RDWR | O_CLOEXEC));
 }
 
 Environment RecordedBus::environment() const

@@ -29,7 +29,7 @@ public:
     const TemporaryFolder folder;
 
 private:
-    Descriptor records_;
+    FileDescriptor records_;
     std::string pending_;
 };
 
