@@ -1,14 +1,10 @@
 // SPDX-License-Identifier: MIT
-// What every SpeechSynthesizer does: the fake of the other tests, and the real one with a scripted speech
-// service and with a real one, whose log says what was spoken.
+// What every SpeechSynthesizer does: the fake of the other tests, and the real one with a real
+// speech service, whose log says what was spoken.
 #include "harness/private_session.h"
 #include "harness/wait_until.h"
 #include "platform/linux/speech/ssip_speech_synthesizer.h"
 #include "support/recording_speech.h"
-#include "support/scripted_speech_service.h"
-#include "support/temporary_folder.h"
-
-#include <QString>
 
 #include <algorithm>
 #include <cstdlib>
@@ -47,24 +43,6 @@ private:
     RecordingSpeech fake_;
 };
 
-class ScriptedService : public Service {
-public:
-    ScriptedService() { service_.endsAtOnce = true; }
-    SpeechSynthesizer& synthesizer() override { return synthesizer_; }
-    Texts spoken() const override
-    {
-        Texts texts;
-        for (const auto& each : service_.spoken)
-            texts.push_back(each.text.substr(0, each.text.find('\r')));
-        return texts;
-    }
-
-private:
-    TemporaryFolder folder_;
-    ScriptedSpeechService service_{folder_.path() / "speech"};
-    SsipSpeechSynthesizer synthesizer_{{.socket = folder_.path() / "speech", .program = QString()}, "en"};
-};
-
 class RealService : public Service {
 public:
     std::string unavailable() const override { return session_.unavailable(); }
@@ -91,7 +69,6 @@ private:
 
 std::unique_ptr<Service> make(const std::string& kind)
 {
-    if (kind == "Scripted") return std::make_unique<ScriptedService>();
     if (kind == "Real") return std::make_unique<RealService>();
     return std::make_unique<Service>();
 }
@@ -130,7 +107,7 @@ TEST_P(SpeechSynthesizerContract, ListsEachVoiceOnce)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Services, SpeechSynthesizerContract, ::testing::Values("Fake", "Scripted", "Real"),
+INSTANTIATE_TEST_SUITE_P(Services, SpeechSynthesizerContract, ::testing::Values("Fake", "Real"),
                          [](const auto& kind) { return kind.param; });
 
 }

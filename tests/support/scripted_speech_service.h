@@ -4,10 +4,12 @@
 #include <QByteArray>
 #include <QLocalServer>
 #include <QLocalSocket>
+#include <QObject>
+#include <QString>
 
-#include <deque>
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace chimewell::test {
@@ -15,45 +17,79 @@ namespace chimewell::test {
 /// Answers like a speech service, or as badly as a test wants it, and says nothing aloud.
 class ScriptedSpeechService {
 public:
-    explicit ScriptedSpeechService(const std::filesystem::path& socket);
+    explicit ScriptedSpeechService(const std::filesystem::path& socket)
+    {
+        QObject::connect(&server_, &QLocalServer::newConnection, &server_, [this] { accept(); });
+        server_.listen(QString::fromStdString(socket.string()));
+    }
 
     struct Spoken {
         std::string text; ///< As it came, line breaks and dots included.
         std::string voice;
-        bool operator==(const Spoken&) const = default;
     };
     std::vector<Spoken> spoken;
     std::vector<std::string> commands; ///< Of all connections, texts excluded.
-    QByteArray voiceRows = "249-German\tde\tnone\r\n249-German+Andrea\tde\tAndrea\r\n";
+    int connections = 0;
     bool answers = true;
     bool endsAtOnce = false; ///< Even before it tells the number of what ended.
-    QByteArray firstWords;   ///< Said to everyone who connects.
 
-    /// The oldest utterance that still is spoken comes to its end, as the service tells it: 702, or 703.
-    void end(int event = 702);
-    int connections() const { return static_cast<int>(clients_.size()); }
-    void disconnectAll();
+    /// What is spoken comes to its end, as the service tells it: 702, or 703.
+    void end(int event = 702)
+    {
+        const QByteArray code = QByteArray::number(event);
+        socket_->write(code + '-' + QByteArray::number(spoken_) + "\r\n" + code + "-1\r\n" + code +
+                       " OVER\r\n");
+    }
 
 private:
-    struct Client {
-        QLocalSocket* socket;
-        std::string voice;
-        std::string text;
-        bool sendsText = false;
-    };
+    void accept()
+    {
+        socket_ = server_.nextPendingConnection();
+        ++connections;
+        voice_.clear();
+        QObject::connect(socket_, &QLocalSocket::readyRead, &server_, [this] {
+            while (socket_->canReadLine())
+                handleLine(socket_->readLine().toStdString());
+        });
+    }
 
-    void accept();
-    void handleLine(Client& client, const std::string& line);
-    void takeText(Client& client);
+    void handleLine(const std::string& line)
+    {
+        if (!answers) return;
+        if (sendsText_) {
+            text_ += line;
+            if (line == ".\r\n") takeText();
+            return;
+        }
+        const std::string command = line.substr(0, line.find('\r'));
+        commands.push_back(command);
+        // A variant, and rows of which parts are missing, are not voices.
+        const char* const voiceRows =
+            "249-English (America)\ten-US\tnone\r\n249-German\tde\tnone\r\n249-German+Andrea\tde\tAndrea\r\n"
+            "249-C++\ten_GB\r\n249-\tde\tnone\r\n249-x\t\tnone\r\n249-\r\n249 OK VOICE LIST SENT\r\n";
+        const std::string setVoice = "SET self SYNTHESIS_VOICE ";
+        if (command.starts_with(setVoice)) voice_ = command.substr(setVoice.size());
+        sendsText_ = command == "SPEAK";
+        socket_->write(sendsText_                           ? "230 OK RECEIVING DATA\r\n"
+                       : command == "LIST SYNTHESIS_VOICES" ? voiceRows
+                                                            : "209 OK SET\r\n");
+    }
+
+    void takeText()
+    {
+        spoken.push_back({.text = std::exchange(text_, {}), .voice = voice_});
+        sendsText_ = false;
+        ++spoken_;
+        if (endsAtOnce) end();
+        socket_->write("225-" + QByteArray::number(spoken_) + "\r\n225 OK MESSAGE QUEUED\r\n");
+    }
 
     QLocalServer server_;
-    std::deque<Client> clients_; // also those that are gone
-    struct Running {
-        Client* client;
-        int message;
-    };
-    std::deque<Running> running_;
-    int messages_ = 0;
+    QLocalSocket* socket_ = nullptr; // the newest
+    std::string voice_;
+    std::string text_;
+    bool sendsText_ = false;
+    int spoken_ = 0;
 };
 
 }

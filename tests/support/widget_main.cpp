@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The main function of tests of windows, on a screen that nobody sees. The user's session and home stay out
-// of reach.
+// The main function of tests that need Qt's event loop or windows, on a screen that nobody sees. The user's
+// session and home stay out of reach.
 #include <QApplication>
 #include <QFile>
 #include <QTemporaryDir>
@@ -11,8 +11,9 @@ int main(int argc, char** argv)
 {
     const QTemporaryDir home;
     qputenv("HOME", home.path().toLocal8Bit());
-    for (const char* variable : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME",
-                                 "XDG_CURRENT_DESKTOP", "DISPLAY", "WAYLAND_DISPLAY", "QT_STYLE_OVERRIDE"})
+    for (const char* variable :
+         {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME", "XDG_CURRENT_DESKTOP",
+          "DISPLAY", "WAYLAND_DISPLAY", "QT_STYLE_OVERRIDE", "PULSE_SERVER"})
         qunsetenv(variable);
     qputenv("XDG_RUNTIME_DIR", home.path().toLocal8Bit());
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent/bus");

@@ -6,8 +6,10 @@
 #include "support/environment_variable.h"
 #include "support/temporary_folder.h"
 
+#include <filesystem>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -22,36 +24,27 @@ std::string entryText(const std::string& lines)
     return "[Desktop Entry]\nType=Application\nName=Name\nIcon=icon\n" + lines;
 }
 
-/// An empty entry for a text that is none.
-DesktopEntry parsed(const std::string& text)
-{
-    return DesktopEntry::parse(text).value_or(DesktopEntry());
-}
-
 TEST(DesktopEntry, ReadsItsOwnGroupOnly)
 {
-    const DesktopEntry entry = parsed("# comment\n"
-                                      "[Other]\nName=wrong\n"
-                                      "[Desktop Entry]\r\n"
-                                      "Name = two\\swords \n"
-                                      "Name[de]=zwei\nName=again\nno entry\n"
-                                      "Hidden=false\nNoDisplay=true\n"
-                                      "OnlyShowIn=KDE;X\\;Y;\n"
-                                      "Icon=a\\\\b\\q\\\n"
-                                      "[Desktop Action new]\nExec=wrong\n");
-    EXPECT_EQ(entry.text("Name"), "two words");
-    EXPECT_EQ(entry.text("Name[de]"), "zwei");
-    EXPECT_EQ(entry.text("Exec"), "");
-    EXPECT_EQ(entry.text("Icon"), "a\\b\\q\\");
-    EXPECT_EQ(entry.list("OnlyShowIn"), (Words{"KDE", "X;Y"}));
-    EXPECT_TRUE(entry.flag("NoDisplay"));
-    EXPECT_FALSE(entry.flag("Hidden", true));
-    EXPECT_TRUE(entry.flag("Missing", true));
-    EXPECT_FALSE(DesktopEntry::parse("[Other]\nName=x\n"));
+    const auto entry = DesktopEntry::parse("[Other]\nName=wrong\n"
+                                           "[Desktop Entry]\r\n"
+                                           "#Name=comment\nName = two\\swords \n"
+                                           "Name[de]=zwei\nName=again\nno entry\n"
+                                           "OnlyShowIn=KDE;X\\;Y;\n"
+                                           "Icon=a\\\\b\\q\\\n"
+                                           "[Desktop Action new]\nExec=wrong\n");
+    ASSERT_TRUE(entry);
+    EXPECT_EQ(entry->text("Name"), "two words");
+    EXPECT_EQ(entry->text("Icon"), "a\\b\\q\\");
+    EXPECT_EQ(entry->text("Exec"), "");
+    EXPECT_EQ(entry->list("OnlyShowIn"), (Words{"KDE", "X;Y"}));
 }
 
 TEST(DesktopEntry, SplitsAndExpandsItsCommandAsTheStandardSays)
 {
+    const auto commandLine = [](const std::string& exec) {
+        return DesktopEntry::parse(entryText("Exec=" + exec + "\n"))->commandLine("/x y/a.desktop");
+    };
     const struct {
         std::string exec;
         std::optional<Words> words;
@@ -69,15 +62,9 @@ TEST(DesktopEntry, SplitsAndExpandsItsCommandAsTheStandardSays)
         {"%f", {}},
     };
     for (const auto& each : cases)
-        EXPECT_EQ(parsed(entryText("Exec=" + each.exec + "\n")).commandLine("/x y/a.desktop"), each.words)
-            << each.exec;
-    for (const Words& command : {
-             Words{"/home/a b/$x/`y`/\"z\"/\\n/50%/ü/'q'/#1/*/chimewell", "", "--flag", "%u"},
-             Words{" leading", "tab\tnew\nline\rend "},
-         }) {
-        const std::string written = execValue(command);
-        EXPECT_EQ(parsed(entryText("Exec=" + written + "\n")).commandLine("/x"), command) << written;
-    }
+        EXPECT_EQ(commandLine(each.exec), each.words) << each.exec;
+    const Words odd{"/home/a b/$x/`y`/\"z\"/\\n/50%/ü/'q'/#1/*/chimewell", "", "%u", "a\tb\nc\r "};
+    EXPECT_EQ(commandLine(execValue(odd)), odd);
 }
 
 TEST(DesktopEntry, IsFoundInTheFirstFolderThatHasIt)
@@ -88,33 +75,25 @@ TEST(DesktopEntry, IsFoundInTheFirstFolderThatHasIt)
     const EnvironmentVariable shared("XDG_DATA_DIRS", path + "/a:" + path + "/b");
     const XdgUserFolders folders;
     PosixFiles files;
-    for (const char* file : {"a/applications/kitty", "b/applications/kitty", "b/applications/kde/sub/x-y",
-                             "a/applications/deleted", "a/applications/untried", "a/applications/broken"})
-        folder.write(std::string(file) + ".desktop", entryText(std::string("Exec=") + file + "\n"));
-    folder.write("own/applications/deleted.desktop", entryText("Hidden=true\n"));
-    folder.write("own/applications/untried.desktop", entryText("Exec=x\nTryExec=/no/such/program\n"));
-    folder.write("own/applications/broken.desktop", "no entry");
-    folder.write("own/applications/tried.desktop", entryText("Exec=x\nTryExec=sh\n"));
-    const struct {
-        const char* id;
-        std::optional<std::string> exec;
-    } cases[] = {
-        {"kitty", "a/applications/kitty"},
-        {"kde-sub-x-y", "b/applications/kde/sub/x-y"},
-        {"tried", "x"},
-        {"deleted", {}},
-        {"untried", {}},
-        {"broken", {}},
-        {"Kitty", {}},
-        {"none", {}},
-        {"", {}},
+    const auto install = [&](const std::string& file, const std::string& lines) {
+        folder.write(file + ".desktop", entryText("Exec=x\n" + lines));
+        return std::filesystem::path(path) / (file + ".desktop");
     };
-    for (const auto& each : cases) {
-        const auto found = findDesktopEntry(each.id, folders, files);
-        EXPECT_EQ(found.transform([](const auto& entry) { return entry.entry.text("Exec"); }), each.exec)
-            << each.id;
+    const auto kitty = install("a/applications/kitty", "");
+    const auto inner = install("b/applications/kde/sub/x-y", "");
+    const auto tried = install("own/applications/tried", "TryExec=sh\n");
+    for (const char* name : {"kitty", "deleted", "untried", "broken"})
+        install(std::string("b/applications/") + name, "");
+    install("own/applications/deleted", "Hidden=true\n");
+    install("own/applications/untried", "TryExec=/no/such/program\n");
+    folder.write("own/applications/broken.desktop", "no entry");
+    const std::pair<const char*, std::filesystem::path> cases[] = {
+        {"kitty", kitty}, {"kde-sub-x-y", inner}, {"tried", tried}, {"deleted", ""},
+        {"untried", ""},  {"broken", ""},         {"Kitty", ""},    {"", ""}};
+    for (const auto& [id, file] : cases) {
+        const auto found = findDesktopEntry(id, folders, files);
+        EXPECT_EQ(found ? found->file : "", file) << id;
     }
-    EXPECT_EQ(findDesktopEntry("kitty", folders, files)->file, path + "/a/applications/kitty.desktop");
 }
 
 }

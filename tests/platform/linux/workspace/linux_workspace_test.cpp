@@ -8,10 +8,12 @@
 #include "platform/linux/freedesktop/activation.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/xdg_user_folders.h"
+#include "support/bus_object.h"
 #include "support/environment_variable.h"
+#include "support/program_folder.h"
 #include "support/temporary_folder.h"
 
-#include <QObject>
+#include <QDBusArgument>
 #include <QStringList>
 #include <QVariantMap>
 
@@ -26,30 +28,10 @@
 
 #include <gtest/gtest.h>
 
-#include <sys/stat.h>
-
 namespace chimewell::test {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-/// A file manager and a terminal on the bus, which open nothing.
-class RecordingPrograms : public QObject {
-    Q_OBJECT
-public:
-    QStringList calls;
-public Q_SLOTS:
-    // NOLINTBEGIN(readability-identifier-naming): names on the bus
-    void ShowFolders(const QStringList& uris, const QString& token) { add(u"folders"_s, uris, token); }
-    void ShowItems(const QStringList& uris, const QString& token) { add(u"items"_s, uris, token); }
-    void Activate(const QVariantMap& data) { calls += data.value(u"activation-token"_s).toString(); }
-    // NOLINTEND(readability-identifier-naming)
-private:
-    void add(const QString& call, const QStringList& uris, const QString& token)
-    {
-        calls += (QStringList(call) + uris + QStringList(token)).join(u' ');
-    }
-};
 
 const TerminalApplication& terminal(std::string_view term)
 {
@@ -64,43 +46,10 @@ protected:
         if (!bus.unavailable().empty()) GTEST_SKIP() << bus.unavailable();
     }
 
-    /// A program that writes its token, folder and arguments into `program`.log.
-    std::string reporting(const std::string& program)
-    {
-        return script(program, "exec > \"$0.part\"\necho \"token=$XDG_ACTIVATION_TOKEN"
-                               " startup=$DESKTOP_STARTUP_ID\"\npwd\nprintf '%s\\n' \"$@\"\n"
-                               "mv \"$0.part\" \"$0.log\"\n");
-    }
-    std::string script(const std::string& program, const std::string& commands)
-    {
-        const auto file = folder.write("bin/" + program, "#!/bin/sh\n" + commands);
-        ::chmod(file.c_str(), 0755);
-        return file;
-    }
-    bool hasRun(const std::string& program)
-    {
-        return std::filesystem::exists(folder.path() / "bin" / (program + ".log"));
-    }
-    /// What the program wrote; it may run again.
-    std::string report(const std::string& program)
-    {
-        EXPECT_TRUE(waitUntil([&] { return hasRun(program); })) << program;
-        std::string log = folder.read("bin/" + program + ".log");
-        std::filesystem::remove(folder.path() / "bin" / (program + ".log"));
-        return log;
-    }
     void install(const std::string& id, const std::string& lines)
     {
         folder.write("data/applications/" + id + ".desktop",
                      "[Desktop Entry]\nType=Application\nName=Terminal\n" + lines);
-    }
-    /// Offers `programs` on the bus.
-    QDBusConnection offer(const QString& service, const QString& object, const QString& interface)
-    {
-        QDBusConnection connection = bus.connection(service);
-        connection.registerObject(object, interface, &programs, QDBusConnection::ExportAllSlots);
-        connection.registerService(service);
-        return connection;
     }
     LinuxWorkspace workspace(const std::optional<std::string>& display = std::nullopt)
     {
@@ -114,11 +63,10 @@ protected:
     TemporaryFolder folder;
     const EnvironmentVariable home{"HOME", folder.path()};
     const EnvironmentVariable data{"XDG_DATA_HOME", folder.path() / "data"};
-    const EnvironmentVariable path{"PATH", (folder.path() / "bin").string() + ":/usr/bin:/bin"};
+    ProgramFolder programs;
     const EnvironmentVariable oldToken{"XDG_ACTIVATION_TOKEN", "ours"};
     const std::string homeLine = std::filesystem::canonical(folder.path()).string() + "\n";
     const std::string uri = "file://" + folder.path().string();
-    RecordingPrograms programs;
     PrivateBus bus;
     const XdgUserFolders folders = [] {
         const EnvironmentVariable shared("XDG_DATA_DIRS", "/none"); // nothing that the machine has
@@ -130,7 +78,7 @@ protected:
 
 TEST_F(LinuxWorkspaceTest, LaunchesByCommandLineInTheHomeFolderWithTheToken)
 {
-    install("kitty", "Exec=" + reporting("kitty") + " --title \"a b\" %U\nStartupNotify=true\n");
+    install("kitty", "Exec=" + programs.add("kitty") + " --title \"a b\" %U\nStartupNotify=true\n");
     LinuxWorkspace desktop = workspace();
     EXPECT_TRUE(desktop.isInstalled(terminal("kitty")));
     EXPECT_FALSE(desktop.isInstalled(terminal("Alacritty")));
@@ -138,76 +86,81 @@ TEST_F(LinuxWorkspaceTest, LaunchesByCommandLineInTheHomeFolderWithTheToken)
     EXPECT_FALSE(desktop.activateRunning(terminal("kitty")));
     tokens.put("permission");
     desktop.openActivating(terminal("kitty"));
-    EXPECT_EQ(report("kitty"), "token=permission startup=permission\n" + homeLine + "--title\na b\n");
+    EXPECT_EQ(programs.report("kitty"),
+              "token=permission startup=permission\n" + homeLine + "--title\na b\n");
 
     // Without a token the program does not inherit ours. Its own folder comes before the home folder.
     std::filesystem::create_directory(folder.path() / "elsewhere");
-    install("kitty", "Exec=" + reporting("kitty") + " x\nPath=" + folder.path().string() + "/elsewhere\n");
+    install("kitty", "Exec=" + programs.add("kitty") + " x\nPath=" + folder.path().string() + "/elsewhere\n");
     desktop.openActivating(terminal("kitty"));
-    EXPECT_EQ(report("kitty"), "token= startup=\n" +
-                                   std::filesystem::canonical(folder.path() / "elsewhere").string() +
-                                   "\nx\n");
+    EXPECT_EQ(programs.report("kitty"), "token= startup=\n" +
+                                            std::filesystem::canonical(folder.path() / "elsewhere").string() +
+                                            "\nx\n");
 }
 
 TEST_F(LinuxWorkspaceTest, ActivatesOverTheBusWhereTheApplicationAsksForIt)
 {
-    install("com.mitchellh.ghostty", "DBusActivatable=true\nExec=" + reporting("ghostty") + " x\n");
+    install("com.mitchellh.ghostty", "DBusActivatable=true\nExec=" + programs.add("ghostty") + " x\n");
     LinuxWorkspace desktop = workspace();
-    QDBusConnection service =
-        offer(u"com.mitchellh.ghostty"_s, u"/com/mitchellh/ghostty"_s, u"org.freedesktop.Application"_s);
+    const BusObject service(bus.connection(u"ghostty"_s), u"com.mitchellh.ghostty"_s,
+                            u"/com/mitchellh/ghostty"_s);
     tokens.put("permission");
     desktop.openActivating(terminal("ghostty"));
-    ASSERT_TRUE(waitUntil([&] { return !programs.calls.isEmpty(); }));
-    EXPECT_EQ(programs.calls, QStringList(u"permission"_s));
+    ASSERT_TRUE(waitUntil([&] { return !service.calls.empty(); }));
+    EXPECT_EQ(service.calls[0].member(), u"Activate"_s);
+    EXPECT_EQ(qdbus_cast<QVariantMap>(service.calls[0].arguments().value(0))[u"activation-token"_s],
+              u"permission"_s);
 
     // Nobody answers any more, so the command line is used. A second token proves that this is its launch.
-    service.unregisterService(u"com.mitchellh.ghostty"_s);
+    QDBusConnection::disconnectFromBus(u"ghostty"_s);
     tokens.put("second");
     desktop.openActivating(terminal("ghostty"));
-    EXPECT_EQ(report("ghostty"), "token=second startup=second\n" + homeLine + "x\n");
+    EXPECT_EQ(programs.report("ghostty"), "token=second startup=second\n" + homeLine + "x\n");
 }
 
 TEST_F(LinuxWorkspaceTest, AsksTheFileManagerForFoldersOnly)
 {
-    const QString manager = u"org.freedesktop.FileManager1"_s;
-    offer(manager, u"/org/freedesktop/FileManager1"_s, manager);
-    reporting("gio");
+    const BusObject manager(bus.connection(u"manager"_s), u"org.freedesktop.FileManager1"_s,
+                            u"/org/freedesktop/FileManager1"_s);
+    programs.add("gio");
     const std::filesystem::path odd = folder.path() / "50% a-b_c.d~e/\xFF\x01\n\\ü #?&;='\"+:@!";
     std::filesystem::create_directories(odd);
     const auto file = folder.write("file.desktop", "[Desktop Entry]\nType=Application\nExec=false\n");
     LinuxWorkspace desktop = workspace();
     SessionFocus focus(desktop);
-    script("stat",
-           "case $5 in */hanging) echo $$ >\"$0.id\"; exec sleep 600;; esac\nexec /usr/bin/stat \"$@\"\n");
+    programs.add(
+        "stat",
+        "case $5 in */hanging) echo $$ >\"$0.id\"; exec sleep 600;; esac\nexec /usr/bin/stat \"$@\"\n");
     focus.focusSession(std::nullopt, folder.path() / "hanging"); // like on a server that does not answer
     focus.focusSession(std::nullopt, folder.path() / "none");
     tokens.put("permission");
     focus.focusSession(std::nullopt, odd);
-    ASSERT_TRUE(waitUntil([&] { return programs.calls.size() == 1; }));
+    ASSERT_TRUE(waitUntil([&] { return manager.calls.size() == 1; }));
     focus.focusSession(std::nullopt, file);
-    ASSERT_TRUE(waitUntil([&] { return programs.calls.size() == 2; }));
+    ASSERT_TRUE(waitUntil([&] { return manager.calls.size() == 2; }));
     const QString base = QString::fromStdString(uri);
-    EXPECT_EQ(programs.calls,
-              (QStringList{u"folders "_s + base +
-                               u"/50%25%20a-b_c.d~e/%FF%01%0A%5C%C3%BC%20%23%3F%26%3B%3D%27%22%2B%3A%40%21"
-                               " permission"_s,
-                           u"items "_s + base + u"/file.desktop "_s}));
-    EXPECT_FALSE(hasRun("gio"));
-    const int asking = std::stoi(folder.read("bin/stat.id"));
+    const QString oddUri =
+        base + u"/50%25%20a-b_c.d~e/%FF%01%0A%5C%C3%BC%20%23%3F%26%3B%3D%27%22%2B%3A%40%21"_s;
+    EXPECT_EQ(manager.calls[0].member(), u"ShowFolders"_s);
+    EXPECT_EQ(manager.calls[0].arguments(), (QVariantList{QStringList(oddUri), u"permission"_s}));
+    EXPECT_EQ(manager.calls[1].member(), u"ShowItems"_s);
+    EXPECT_EQ(manager.calls[1].arguments(), (QVariantList{QStringList(base + u"/file.desktop"_s), u""_s}));
+    EXPECT_FALSE(programs.hasRun("gio"));
+    const int asking = std::stoi(programs.read("stat.id"));
     EXPECT_TRUE(waitUntil([&] { return ::kill(asking, 0) != 0; })) << "the hanging process is not ended";
 }
 
 TEST_F(LinuxWorkspaceTest, WithoutAFileManagerTheUsersChoiceOpensTheFolder)
 {
-    reporting("gio");
+    programs.add("gio");
     std::filesystem::create_directory(folder.path() / "a b");
     LinuxWorkspace desktop = workspace();
     tokens.put("permission");
     EXPECT_TRUE(desktop.openFolder(folder.path() / "a b"));
-    EXPECT_EQ(report("gio"),
+    EXPECT_EQ(programs.report("gio"),
               "token=permission startup=permission\n" + homeLine + "open\n" + uri + "/a%20b\n");
     desktop.reveal(folder.write("a b/file", ""));
-    EXPECT_EQ(report("gio"), "token= startup=\n" + homeLine + "open\n" + uri + "/a%20b\n");
+    EXPECT_EQ(programs.report("gio"), "token= startup=\n" + homeLine + "open\n" + uri + "/a%20b\n");
 }
 
 /// With a real window manager and real windows.
@@ -282,55 +235,15 @@ TEST_F(LinuxWorkspaceOnScreenTest, TheMostRecentlyUsedWindowOfAClassComesForward
 
 TEST_F(LinuxWorkspaceOnScreenTest, BringsARunningTerminalForwardInsteadOfStartingAnother)
 {
-    install("kitty", "Exec=" + reporting("kitty") + "\n");
-    LinuxWorkspace desktop = workspace(std::getenv("DISPLAY"));
+    install("kitty", "Exec=" + programs.add("kitty") + "\n");
     open("kitty", "terminal");
     open("Other", "other");
-    tokens.put("first");
-    desktop.openActivating(terminal("kitty"));
+    tokens.put("permission");
+    workspace(std::getenv("DISPLAY")).openActivating(terminal("kitty"));
     EXPECT_TRUE(comesForward("terminal"));
-
-    // Only the second call, without the window, starts the program. The first one's token is spent.
-    windows.front().raise(SIGKILL);
-    ASSERT_TRUE(comesForward("other"));
-    ASSERT_FALSE(hasRun("kitty"));
-    desktop.openActivating(terminal("kitty"));
-    EXPECT_TRUE(report("kitty").starts_with("token= "));
-}
-
-TEST_F(LinuxWorkspaceOnScreenTest, ARealFileManagerIsStartedAndShowsTheFolder)
-{
-    if (run({"thunar", "--version"}).status != 0) GTEST_SKIP() << "thunar is not installed";
-    bus.offer("org.freedesktop.FileManager1",
-              std::string("/usr/bin/env GTK_USE_PORTAL=0 GDK_BACKEND=x11 NO_AT_BRIDGE=1 DISPLAY=") +
-                  std::getenv("DISPLAY") + " thunar --daemon");
-    std::filesystem::create_directory(folder.path() / "project ü");
-    EXPECT_TRUE(workspace().openFolder(folder.path() / "project ü"));
-    EXPECT_TRUE(comesForward("project ü"));
-}
-
-TEST(LinuxWorkspace, WithoutADesktopNothingIsFound)
-{
-    const PrivateBus session({"Xvfb"});
-    if (!session.unavailable().empty()) GTEST_SKIP() << session.unavailable();
-    const EnvironmentVariable empty("PATH", "/none");
-    const XdgUserFolders folders;
-    PosixFiles files;
-    ActivationTokens tokens;
-    // A display without a window manager, and none.
-    for (const std::string& display : std::vector<std::string>{std::getenv("DISPLAY"), ":none"}) {
-        LinuxWorkspace desktop({.folders = folders,
-                                .files = files,
-                                .tokens = tokens,
-                                .bus = QDBusConnection(u"never connected"_s),
-                                .xDisplay = display});
-        EXPECT_FALSE(desktop.activateRunning(terminal("kitty"))) << display;
-        EXPECT_FALSE(desktop.openFolder("/"));
-        desktop.reveal("/");
-    }
+    EXPECT_FALSE(programs.hasRun("kitty"));
+    EXPECT_EQ(tokens.take(), "") << "it is spent with the click";
 }
 
 }
 }
-
-#include "linux_workspace_test.moc"
