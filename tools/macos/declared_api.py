@@ -1,23 +1,17 @@
 # SPDX-License-Identifier: MIT
-"""What our headers in tools/macos/frameworks declare of Apple's interfaces, in the words of TypeScript.
+"""What our headers in tools/macos/frameworks declare of Apple's interfaces, as clang reads them, in the words of
+TypeScript."""
 
-The headers are written by hand in a plain style; whatever has another form is an error.
-"""
-
+import json
 import re
+import subprocess
 from dataclasses import dataclass, field
 from pathlib import Path
 
 FRAMEWORKS = Path(__file__).resolve().parent / "frameworks"
 
-_NOISE = re.compile(
-    r"//[^\n]*|/\*.*?\*/|^#(?:[^\n]*\\\n)*[^\n]*"  # comments, and what is for the preprocessor
-    r"|__attribute__\(\(.*?\)\)|\b(?:_Nullable|_Nonnull|nullable|__unsafe_unretained|__covariant|const|static)\b"
-    r'|\bNS_EXTERN\b|\bextern(?: "C")?|@optional|@class \w+;|\bstruct \w+;',
-    re.MULTILINE | re.DOTALL,
-)
+_QUALIFIERS = re.compile(r"\b(_N\w+|__strong|__autoreleasing|__unsafe_unretained|const|struct)\b")
 _NUMBERS = {"unsigned", "char", "short", "int", "long", "float", "double"}
-_GENERIC = {"ObjectType", "KeyType"}
 _WORDS = {
     "BOOL": "boolean", "SEL": "string", "Class": "id", "CFTypeRef": "id",
     "instancetype": "this", "NSString *": "string", "char *": "string",
@@ -33,132 +27,110 @@ class Type:
     settable: set[str] = field(default_factory=set)
 
 
-@dataclass
-class Declarations:
-    types: dict[str, Type] = field(default_factory=dict)
-    constants: dict[str, tuple[str | None, int | None]] = field(default_factory=dict)  # enumeration, value
-    variables: dict[str, str] = field(default_factory=dict)
-    functions: dict[str, str] = field(default_factory=dict)
-    classes: set[str] = field(default_factory=set)
-    frameworks: dict[str, str] = field(default_factory=dict)  # of each class, variable and function
-
-
 def method_name(selector: str) -> str:
     """The name that JavaScript has for a method: without colons, every further part with a capital."""
     first, *others = selector.rstrip(":").split(":")
     return first + "".join(part[0].upper() + part[1:] for part in others)
 
 
-def read_declarations(frameworks: Path = FRAMEWORKS) -> Declarations:
-    reader = _Reader()
-    base = ["CoreFoundation", "CoreServices", "Foundation"]  # their types are used by the others
-    for name in base + sorted({path.stem for path in frameworks.glob("*.framework")} - {*base}):
-        reader.read(name, (frameworks / f"{name}.framework/Headers/{name}.h").read_text())
-    return reader.declared
-
-
-class _Reader:
-    def __init__(self):
-        self.declared = Declarations()
+class Declarations:
+    def __init__(self, frameworks: Path = FRAMEWORKS):
+        self.types: dict[str, Type] = {}
+        self.constants: dict[str, tuple[str | None, int]] = {}  # enumeration, value
+        self.variables: dict[str, str] = {}
+        self.functions: dict[str, str] = {}
+        self.classes: set[str] = set()
         self._aliases: dict[str, str] = {}
         self._enums: set[str] = set()
-        self._forms = [
-            (r"typedef (?:NS|CF)_(?:ENUM|OPTIONS)\([^,]*, (\w+)\) \{(.*?)\};", self._enum),
-            (r"enum\s?(\w+)?\s?(?:: \w+ )?\{(.*?)\};", self._enum),
-            (r"typedef struct()() \{.*?\} \w+;", lambda *_: None),  # just for the compiler
-            (r"struct (\w+) \{(.*?)\};", self._struct),
-            (r"typedef ([^;]*?)(\w+);", lambda kind, name: self._aliases.update({name: kind.strip()})),
-            (r"@(interface|protocol) (\w+)([^-+@{]*)(.*?)@end", self._type),
-            (r"([\w *]*?)(\w+)\(([^)]*)\);", self._function),
-            (r"([\w *]*?)(\w+)(?: = [^;]*)?;", self._variable),
-        ]
+        self.headers = {header.stem: header.read_text() for header in frameworks.glob("*/Headers/*.h")}
+        imports = "".join(f"#import <{name}/{name}.h>\n" for name in self.headers)
+        command = ["clang++-19", "-x", "objective-c++", "-std=c++23", "-fobjc-arc", "-target", "arm64-apple-macos13",
+                   "-iframework", frameworks, "-fsyntax-only", "-Xclang", "-ast-dump=json", "-"]  # fmt: skip
+        read = subprocess.run(command, input=imports.encode(), stdout=subprocess.PIPE, check=True).stdout
+        for node in json.loads(read)["inner"]:
+            for each in node["inner"] if node["kind"] == "LinkageSpecDecl" else [node]:
+                take = getattr(self, "_" + each["kind"], None)
+                if take and "isImplicit" not in each:
+                    take(each, each.get("inner", []))
 
-    def read(self, framework: str, text: str) -> None:
-        self.declared.classes.update(re.findall(r"@(?:class|interface) (\w+)", text))
-        text = " ".join(_NOISE.sub("", text).replace("*", " * ").split())
-        self._framework = framework
-        while text:
-            found = next((f for f in ((re.match(p, text), take) for p, take in self._forms) if f[0]), None)
-            if not found:
-                raise SystemExit(f"{framework}.h: cannot read: {text[:100]}")
-            found[1](*found[0].groups(default=""))
-            text = text[found[0].end() :].strip()
+    def of_framework(self, framework: str, names) -> list[str]:
+        """Those classes, variables or functions that its header declares."""
+        text = self.headers[framework]
+        return [name for name in names if re.search(rf"@interface {name}\b|[ *]{name}( =|[;(])", text)]
 
-    def _enum(self, name: str, body: str) -> None:
+    def _TypedefDecl(self, node, _inner) -> None:
+        self._aliases[node["name"]] = node["type"]["qualType"]
+
+    def _EnumDecl(self, node, inner) -> None:
+        # Options are, in C++, the plain integer that was declared last, beside an enumeration without a name.
+        is_options = any(each["kind"] == "FlagEnumAttr" for each in inner)
+        name = next(reversed(self._aliases)) if is_options else node.get("name")
         self._enums.add(name)
-        value: int | None = -1
-        for case in filter(None, (part.strip() for part in body.split(","))):
-            constant, _, given = case.partition(" = ")
-            if given:  # the four characters of a code are told nowhere
-                value = None if "'" in given else eval(given.replace("ULL", ""))
-            else:
-                value += 1
-            self.declared.constants[constant] = (name or None, value)
+        value = -1
+        for case in inner:
+            if case["kind"] == "EnumConstantDecl":
+                value = _value(case, value + 1)
+                self.constants[case["name"]] = name, value
 
-    def _struct(self, name: str, body: str) -> None:
-        fields = re.findall(r"([^;]+?)(\w+);", body)
-        self.declared.types[name] = Type(members={name: self._spell(kind) for kind, name in fields})
+    def _CXXRecordDecl(self, node, inner) -> None:
+        fields = {each["name"]: self._spell(each["type"]["qualType"]) for each in inner if each["kind"] == "FieldDecl"}
+        if fields and "name" in node:
+            self.types[node["name"]] = Type(members=fields)
 
-    def _type(self, kind: str, name: str, parents: str, body: str) -> None:
-        if kind == "interface":
-            self.declared.frameworks[name] = self._framework
-        into = self.declared.types.setdefault(name, Type())
-        into.parents += [word for word in re.findall(r"\w+", parents) if word not in _GENERIC]
-        for attributes, kind, member in re.findall(r"@property (?:\(([^)]*)\) )?([^;]*?)(\w+);", body):
-            key = ("static " if "class" in attributes else "") + member
-            into.members[key] = self._spell(kind)
-            if "readonly" not in attributes:
-                into.settable.add(key)
-        for level, text in re.findall(r"(?<![\w)*] )([-+]) ?(\([^;]*);", body):
-            kind, text = _parenthesised(text)
-            selector, arguments = "", []
-            while ":" in text:
-                part, _, text = text.partition(":")
-                argument, text = _parenthesised(text.strip())
-                selector += part.strip() + ":"
-                arguments.append(self._spell(argument))
-                text = text.strip().partition(" ")[2]
-            key = ("static " if level == "+" else "") + method_name(selector or text.strip())
-            into.members[key] = f"({', '.join(arguments)}) => {self._spell(kind)}"
+    def _ObjCInterfaceDecl(self, node, inner) -> None:
+        self.classes.add(node["name"])
+        self._ObjCProtocolDecl(node, inner)
 
-    def _function(self, kind: str, name: str, arguments: str) -> None:
-        spelled = [self._spell(re.sub(r"\w+$", "", part)) for part in arguments.split(",") if part != "void"]
-        self.declared.functions[name] = f"({', '.join(spelled)}) => {self._spell(kind)}"
-        self.declared.frameworks[name] = self._framework
+    def _ObjCProtocolDecl(self, node, inner) -> None:
+        into = self.types.setdefault(node["name"], Type())
+        above = [node.get("super", {}), *node.get("protocols", [])]
+        into.parents += [each["name"] for each in above if "name" in each]
+        for member in inner:
+            if member["kind"] == "ObjCPropertyDecl":
+                key = ("static " if "class" in member else "") + member["name"]
+                into.members[key] = self._spell(member["type"]["qualType"])
+                if "readonly" not in member:
+                    into.settable.add(key)
+            if member["kind"] == "ObjCMethodDecl" and "isImplicit" not in member:
+                key = ("" if member["instance"] else "static ") + method_name(member["name"])
+                into.members[key] = self._signature(member, member["returnType"]["qualType"])
 
-    def _variable(self, kind: str, name: str) -> None:
-        self.declared.variables[name] = self._spell(kind)
-        self.declared.frameworks[name] = self._framework
+    def _FunctionDecl(self, node, _inner) -> None:
+        self.functions[node["name"]] = self._signature(node, node["type"]["qualType"].split(" (")[0])
+
+    def _VarDecl(self, node, _inner) -> None:
+        self.variables[node["name"]] = self._spell(node["type"]["qualType"])
+
+    def _signature(self, node, result: str) -> str:
+        arguments = [each["type"]["qualType"] for each in node.get("inner", []) if each["kind"] == "ParmVarDecl"]
+        return f"({', '.join(map(self._spell, arguments))}) => {self._spell(result)}"
 
     def _spell(self, kind: str) -> str:
-        kind = kind.strip()
-        if block := re.match(r"(.*?) ?\( ?\^ ?\) ?\((.*)\)$", kind):
-            arguments = [re.sub(r"(?<=[ *])\w+$", "", part) for part in block[2].split(",") if part != "void"]
+        kind = " ".join(_QUALIFIERS.sub("", kind).replace("*", " * ").split())
+        if block := re.match(r"(.*?) \(\^ ?\)\((.*)\)$", kind):
+            arguments = block[2].split(",") if block[2] else []
             return f"({', '.join(map(self._spell, arguments))}) => {self._spell(block[1])}"
         while re.search(r"<.*> \*", kind):
             kind = re.sub(r"<[^<>]*>", "", kind)
-        kind = kind.replace("struct ", "").replace("  ", " ")
+        kind = " ".join(kind.split())
         if kind in _WORDS:
             return _WORDS[kind]
         if kind in self._enums:
             return kind
-        if kind in self._aliases:
+        if self._aliases.get(kind, kind) != kind:
             return self._spell(self._aliases[kind])
         if promised := re.fullmatch(r"(?:id|KeyType) ?< ?(\w+) ?>", kind):
             return promised[1]
         if kind.startswith("__CF"):  # CoreFoundation's own objects
             return "id"
-        if kind.endswith("]") or (kind.endswith("*") and kind.removesuffix(" *") not in self.declared.classes):
-            return "pointer"
         name = kind.removesuffix(" *")
-        return "number" if set(name.split()) <= _NUMBERS else re.sub(r"<.*", "", name)
+        if kind != name and name not in self.classes:
+            return "pointer"
+        return "number" if set(name.split()) <= _NUMBERS else name
 
 
-def _parenthesised(text: str) -> tuple[str, str]:
-    """What stands in the parentheses with which the text begins, and what follows them."""
-    depth = 0
-    for place, character in enumerate(text):
-        depth += (character == "(") - (character == ")")
-        if depth == 0:
-            return text[1:place], text[place + 1 :]
-    raise ValueError(text)
+def _value(case, following: int) -> int:
+    """The value that is given to a case, or the one that follows the case before."""
+    for each in case.get("inner", []):
+        return int(each["value"]) if "value" in each else _value(each, following)
+    return following
