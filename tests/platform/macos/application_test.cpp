@@ -2,6 +2,7 @@
 #include "app/macos/application.h"
 
 #include "objective_c.h"
+#include "platform/posix/file_descriptor.h"
 #include "support/temporary_folder.h"
 #include "ui/look/words.h"
 #include "ui/panel/panel_window.h"
@@ -11,6 +12,7 @@
 #include <QTimer>
 #include <QUrl>
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -52,7 +54,6 @@ const Event reopen{'aevt', 'rapp'};
 const Event quit{'aevt', 'quit'};
 
 std::map<Event, std::pair<Id, const char*>> handlers; ///< Of Apple events: objects and selectors.
-std::vector<Value> timers;                            ///< Of the run loop.
 
 /// Where an Apple event keeps what it is about.
 std::string place(const char* message, Word keyword)
@@ -71,53 +72,35 @@ protected:
         reset();
         home = folder.path();
         handlers = {{openUrl, {object(), "ignore"}}}; // the toolkit's
-        timers.clear();
         shared("sharedWorkspace").set("notificationCenter", object());
-        implement(
-            "timerWithTimeInterval:repeats:block:",
-            +[](Id, const char*, double, bool, void (^block)(Id)) -> Id {
-                timers.push_back(object({{"block", Word(keep(block))}}));
-                return timers.back();
-            });
-        implement("invalidate", +[](Id timer, const char*) { Value(timer).set("invalidate", true); });
-        implement(
-            "URLForDirectory:inDomain:appropriateForURL:create:error:", +[](Id, const char*) -> Id {
-                return object({{"path", std::string_view(home + "/Support")}});
-            });
-        implement(
-            "getNotificationSettingsWithCompletionHandler:",
-            +[](Id, const char*, void (^done)(Id)) { done(object({{"authorizationStatus", 2}})); });
-        implement(
-            "setEventHandler:andSelector:forEventClass:andEventID:",
-            +[](Id, const char*, Id handler, const char* selector, std::uint32_t type, std::uint32_t id) {
-                handlers[{type, id}] = {handler, selector};
-            });
-        implement(
-            "removeEventHandlerForEventClass:andEventID:",
-            +[](Id, const char*, std::uint32_t type, std::uint32_t id) { handlers.erase({type, id}); });
+        implement("URLForDirectory:inDomain:appropriateForURL:create:error:", [](Id, const char*) -> Id {
+            return object({{"path", std::string_view(home + "/Support")}});
+        });
+        implement("getNotificationSettingsWithCompletionHandler:",
+                  [](Id, const char*, void (^done)(Id)) { done(object({{"authorizationStatus", 2}})); });
+        implement("setEventHandler:andSelector:forEventClass:andEventID:",
+                  [](Id, const char*, Id handler, const char* selector, std::uint32_t type,
+                     std::uint32_t id) { handlers[{type, id}] = {handler, selector}; });
+        implement("removeEventHandlerForEventClass:andEventID:",
+                  [](Id, const char*, std::uint32_t type, std::uint32_t id) { handlers.erase({type, id}); });
         for (const char* message : {parameter, attribute})
-            implement(
-                message, +[](Id event, const char* selector, std::uint32_t keyword) -> Id {
-                    return Value(event)[place(selector, keyword)];
-                });
+            implement(message, [](Id event, const char* selector, std::uint32_t keyword) -> Id {
+                return Value(event)[place(selector, keyword)];
+            });
         // AppKit measures upwards from the bottom left corner of the primary screen.
         implement(
-            "statusItemWithLength:", +[](Id bar, const char*, double) -> Id { return Value(bar)["item"]; });
-        implement("bounds", +[](Id, const char*) { return ScreenArea{0, 0, 26, 20}; });
-        implement(
-            "convertRect:toView:", +[](Id, const char*, ScreenArea area, Id) {
-                return ScreenArea{area.x + 2, area.y + 2, area.width, area.height};
+            "statusItemWithLength:", [](Id bar, const char*, double) -> Id { return Value(bar)["item"]; });
+        implement("bounds", [](Id, const char*) { return ScreenArea{0, 0, 26, 20}; });
+        for (const char* conversion : {"convertRect:toView:", "convertRectToScreen:"})
+            implement(conversion, [](Id, const char*, ScreenArea area) {
+                return ScreenArea{area.x + 501, area.y + 486, area.width, area.height};
             });
-        implement(
-            "convertRectToScreen:", +[](Id, const char*, ScreenArea area) {
-                return ScreenArea{area.x + 1000, area.y + 970, area.width, area.height};
-            });
-        implement("frame", +[](Id, const char*) { return ScreenArea{0, 0, 1920, 1000}; });
+        implement("frame", [](Id, const char*) { return ScreenArea{0, 0, 1920, 1000}; });
         shared("screens").set("firstObject", object());
         shared("systemStatusBar").set("item", object({{"button", button}}));
         application = std::make_unique<Application>(translator);
-        EXPECT_EQ(handlers.size(), 1U); // before the toolkit has registered
-        EXPECT_TRUE(timers.empty());    // nothing is timed before the launch, which may take long
+        EXPECT_EQ(handlers.size(), 1U);    // before the toolkit has registered
+        EXPECT_TRUE(madeTimers().empty()); // nothing is timed before the launch, which may take long
         launch();
         runMainQueue();
     }
@@ -141,7 +124,7 @@ protected:
     static std::string folderOfBanner()
     {
         const Value request = shared("currentNotificationCenter")["addNotificationRequest"];
-        return request["content"]["userInfo"].dictionaryTexts()["cwd"];
+        return request["content"]["userInfo"].texts()["cwd"];
     }
     /// Runs the event loop, in which `quit` is to end it.
     bool isDormantAfter(const std::function<void()>& request) const
@@ -160,8 +143,8 @@ protected:
     /// Lets every timer of the run loop fire.
     static void ringTimers()
     {
-        for (const Value& timer : std::exchange(timers, {}))
-            if (!timer["invalidate"].as<bool>()) timer["block"].as<void (^)(Id)>()(timer);
+        for (const Value& timer : std::exchange(madeTimers(), {}))
+            if (!timer["isInvalid"].as<bool>()) ring(timer);
     }
 
     const TemporaryFolder folder;
@@ -245,7 +228,10 @@ TEST_F(ApplicationTest, StaysBehindWhenTheSystemReopensIt)
 
 TEST_F(ApplicationTest, RegistersAndTakesAway)
 {
-    EXPECT_TRUE(fs::exists(folder.path() / "Support/Chimewell/running"));
+    const FileDescriptor running(::open((folder.path() / "Support/Chimewell/running").c_str(), O_RDWR));
+    struct flock lock = {};
+    lock.l_type = F_WRLCK;
+    EXPECT_EQ(::fcntl(running.get(), F_OFD_SETLK, &lock), -1) << "the lock by which the helper knows it";
     EXPECT_NE(shared("currentNotificationCenter")["delegate"], Value(nullptr));
     EXPECT_EQ(handlers.size(), 3U);
     application.reset();

@@ -9,24 +9,26 @@
 #include <cstdlib>
 #include <cstring>
 #include <deque>
+#include <iterator>
 #include <memory>
 #include <utility>
+#include <vector>
 
 namespace chimewell::test::objc {
 
 // What the compiler emits for a class that it compiles.
 
-struct Method {
+struct CompiledMethod {
     const char* name;
     const char* types;
-    const void* implementation;
+    const void* address;
 };
 
 struct MethodList {
     std::uint32_t entrySize;
     std::uint32_t count;
-    const Method* begin() const { return reinterpret_cast<const Method*>(this + 1); }
-    const Method* end() const { return begin() + count; }
+    const CompiledMethod* begin() const { return reinterpret_cast<const CompiledMethod*>(this + 1); }
+    const CompiledMethod* end() const { return begin() + count; }
 };
 
 struct ClassData {
@@ -70,7 +72,6 @@ namespace {
 
 struct FrameworkObject : Object {
     std::map<std::string, Value> properties = {};
-    std::vector<std::pair<Value, Value>> entries = {}; ///< Of a dictionary.
 };
 
 struct Observer {
@@ -83,7 +84,7 @@ struct Observer {
 std::vector<Observer> observers;
 std::vector<void (^)()> mainQueue;
 std::map<std::string, Value> sharedObjects;
-std::map<std::string, const void*> implementations;
+std::map<std::string, Method> methods;
 
 /// Memory for strings, blocks and instances of compiled classes, kept for good.
 void* allocate(std::size_t size)
@@ -98,9 +99,9 @@ FrameworkObject* newObject(const Class* type)
     return &all.emplace_back(FrameworkObject{{type}});
 }
 
-FrameworkObject& known(Id object)
+std::map<std::string, Value>& propertiesOf(Id object)
 {
-    return *static_cast<FrameworkObject*>(object);
+    return static_cast<FrameworkObject*>(object)->properties;
 }
 
 Id allocateInstance(const Class* type)
@@ -119,13 +120,6 @@ Id makeArray(const Class* type, const char* /*selector*/, const Id* items, std::
     return array;
 }
 
-Id valueOfKey(Id dictionary, const char* /*selector*/, Id wanted)
-{
-    for (const auto& [key, value] : known(dictionary).entries)
-        if (key == Value(wanted)) return value;
-    return nullptr;
-}
-
 struct EnumerationState {
     std::size_t done;
     Id* items;
@@ -135,10 +129,10 @@ struct EnumerationState {
 std::size_t enumerate(Id collection, const char* /*selector*/, EnumerationState* state, Id* buffer,
                       std::size_t length)
 {
-    const auto& entries = known(collection).entries;
+    const auto& properties = propertiesOf(collection);
     std::size_t given = 0;
-    for (; given < length && state->done < entries.size(); ++given)
-        buffer[given] = entries[state->done++].first;
+    for (; given < length && state->done < properties.size(); ++given)
+        buffer[given] = Value(std::next(properties.begin(), std::ptrdiff_t(state->done++))->first);
     state->items = buffer;
     static constexpr std::size_t unchanged = 0;
     state->mutations = &unchanged;
@@ -162,9 +156,9 @@ Id storeArguments(Id receiver, const char* selector, Word first, Word second, Wo
     return nullptr;
 }
 
-Id makeObject(const Class* type, const char* selector, Word first, Word second, Word third, Word fourth)
+Id makeObject(Id type, const char* selector, Word first, Word second, Word third, Word fourth)
 {
-    const Id object = newObject(type);
+    const Id object = newObject(static_cast<const Class*>(type));
     storeArguments(object, selector, first, second, third, fourth);
     return object;
 }
@@ -175,38 +169,39 @@ Id addObserver(Id center, const char* /*selector*/, Id name, Id /*object*/, Id /
     return observers.back().observation;
 }
 
-template<typename Function>
-const void* address(Function* function)
-{
-    return reinterpret_cast<const void*>(function);
-}
-
-const std::map<std::string, const void*> builtIn = {
-    {"alloc", address(allocateInstance)},
-    {"init", address(+[](Id object) { return object; })},
-    {"class", address(+[](Id type) { return type; })},
-    {"isKindOfClass:",
-     address(+[](Id object, const char*, const void* type) { return object->type == type; })},
+const std::map<std::string, Method> builtIn = {
+    {"alloc", allocateInstance},
+    {"init", [](Id object) { return object; }},
+    {"class", [](Id type) { return type; }},
+    {"isKindOfClass:", [](Id object, const char*, const void* type) { return object->type == type; }},
     {"initWithBytes:length:encoding:",
-     address(+[](Id, const char*, const char* bytes, std::size_t length) -> Id {
+     [](Id, const char*, const char* bytes, std::size_t length) -> Id {
          return isValidUtf8({bytes, length}) ? Value(std::string_view(bytes, length)) : Value(nullptr);
-     })},
-    {"UTF8String", address(+[](const String* text) { return text->characters; })},
+     }},
+    {"UTF8String", [](const String* text) { return text->characters; }},
     {"isEqualToString:",
-     address(+[](Id one, const char*, Id other) { return Value(one).text() == Value(other).text(); })},
-    {"arrayWithObjects:count:", address(makeArray)},
-    {"objectForKeyedSubscript:", address(valueOfKey)},
-    {"setObject:forKeyedSubscript:", address(+[](Id dictionary, const char*, Id value, Id key) {
-         known(dictionary).entries.emplace_back(key, value);
-     })},
-    {"addOperationWithBlock:", address(+[](Id queue, const char*, void (^task)()) {
+     [](Id one, const char*, Id other) { return Value(one).text() == Value(other).text(); }},
+    {"arrayWithObjects:count:", makeArray},
+    {"objectForKeyedSubscript:",
+     [](Id dictionary, const char*, Id key) -> Id { return Value(dictionary)[Value(key).text()]; }},
+    {"setObject:forKeyedSubscript:",
+     [](Id dictionary, const char*, Id value, Id key) { Value(dictionary).set(Value(key).text(), value); }},
+    {"addOperationWithBlock:",
+     [](Id queue, const char*, void (^task)()) {
          if (queue == Id(shared("mainQueue"))) mainQueue.push_back(keep(task));
-     })},
-    {"addObserverForName:object:queue:usingBlock:", address(addObserver)},
-    {"removeObserver:", address(+[](Id, const char*, Id observation) {
+     }},
+    {"timerWithTimeInterval:repeats:block:",
+     [](Id, const char*, double interval, bool, void (^block)(Id)) -> Id {
+         madeTimers().push_back(object({{"seconds", long(interval)}, {"block", Word(keep(block))}}));
+         return madeTimers().back();
+     }},
+    {"invalidate", [](Id timer, const char*) { Value(timer).set("isInvalid", true); }},
+    {"addObserverForName:object:queue:usingBlock:", addObserver},
+    {"removeObserver:",
+     [](Id, const char*, Id observation) {
          std::erase_if(observers, [&](const Observer& each) { return Id(each.observation) == observation; });
-     })},
-    {"countByEnumeratingWithState:objects:count:", address(enumerate)},
+     }},
+    {"countByEnumeratingWithState:objects:count:", enumerate},
 };
 
 }
@@ -236,21 +231,18 @@ Value UNNotificationDefaultActionIdentifier = "UNNotificationDefaultActionIdenti
 /// The function that a message calls.
 const void* chimewell_method(Id receiver, const char* selector)
 {
-    if (!receiver) return address(+[]() -> Word { return 0; });
+    if (!receiver) return Method([]() -> Word { return 0; }).address;
     const auto* type = static_cast<const Class*>(receiver->type);
     const bool isClass = !type || (type->data && (type->data->flags & isMetaclass) != 0);
     const std::string_view name = selector;
     for (; type && type->data; type = type->superclass)
         if (type->data->methods)
-            for (const Method& method : *type->data->methods)
-                if (method.name == name) return method.implementation;
-    if (const auto found = implementations.find(selector); found != implementations.end())
-        return found->second;
-    const bool hasArguments = name.contains(':');
-    if (isClass && hasArguments) return address(makeObject);
-    if (isClass) return address(+[](Id, const char* method) -> Id { return shared(method); });
-    if (hasArguments) return address(storeArguments);
-    return address(+[](Id object, const char* property) -> Id { return Value(object)[property]; });
+            for (const CompiledMethod& method : *type->data->methods)
+                if (method.name == name) return method.address;
+    if (const auto found = methods.find(selector); found != methods.end()) return found->second.address;
+    if (name.contains(':')) return Method(isClass ? makeObject : storeArguments).address;
+    if (isClass) return Method([](Id, const char* method) -> Id { return shared(method); }).address;
+    return Method([](Id object, const char* property) -> Id { return Value(object)[property]; }).address;
 }
 
 void objc_storeStrong(Id* place, Id object)
@@ -372,14 +364,14 @@ Value::Value(std::string_view text)
 Value Value::operator[](const std::string& property) const
 {
     if (word_ == 0) return nullptr;
-    const auto& properties = known(*this).properties;
+    const auto& properties = propertiesOf(*this);
     const auto found = properties.find(property);
     return found == properties.end() ? nullptr : found->second;
 }
 
 void Value::set(const std::string& property, Value value) const
 {
-    known(*this).properties.insert_or_assign(property, value);
+    propertiesOf(*this).insert_or_assign(property, value);
 }
 
 std::string Value::text() const
@@ -389,26 +381,19 @@ std::string Value::text() const
     return {string->characters, string->length};
 }
 
-std::map<std::string, std::string> Value::dictionaryTexts() const
+std::map<std::string, std::string> Value::texts() const
 {
     std::map<std::string, std::string> result;
     if (word_ == 0) return result;
-    for (const auto& [key, value] : known(*this).entries)
-        result.emplace(key.text(), value.text());
+    for (const auto& [key, value] : propertiesOf(*this))
+        result.emplace(key, value.text());
     return result;
 }
 
 Value object(const std::map<std::string, Value>& properties)
 {
-    FrameworkObject* const made = newObject(&NSObjectClass);
-    made->properties = properties;
-    return Id(made);
-}
-
-Value dictionary(const std::vector<std::pair<Value, Value>>& entries)
-{
-    const Value made = object();
-    known(made).entries = entries;
+    const Id made = newObject(&NSObjectClass);
+    propertiesOf(made) = properties;
     return made;
 }
 
@@ -421,8 +406,9 @@ void reset()
 {
     observers.clear();
     mainQueue.clear();
+    madeTimers().clear();
     sharedObjects.clear();
-    implementations = builtIn;
+    methods = builtIn;
     shared("mainBundle").set("bundleIdentifier", "app.chimewell.Chimewell");
 }
 
@@ -432,15 +418,26 @@ void runMainQueue()
         task();
 }
 
+std::vector<Value>& madeTimers()
+{
+    static std::vector<Value> all;
+    return all;
+}
+
+void ring(Value timer)
+{
+    timer["block"].as<void (^)(Id)>()(timer);
+}
+
 void notify(Value center, const std::string& notification)
 {
     for (const Observer& each : std::vector(observers))
         if (each.center == center && each.notification == notification) each.block(object());
 }
 
-void implementAt(const std::string& selector, const void* function)
+void implement(const std::string& selector, Method method)
 {
-    implementations[selector] = function;
+    methods.insert_or_assign(selector, method);
 }
 
 }

@@ -6,7 +6,6 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
-#include <utility>
 #include <vector>
 
 /// Runs Objective-C on Linux as clang compiles it for Apple's runtime, on x86-64, and stands for the
@@ -14,14 +13,13 @@
 ///
 /// What a message to a framework does follows from its name, unless a test says otherwise with `implement`:
 ///
-///     +sharedWorkspace                      returns the same object each time: shared("sharedWorkspace")
-///     +requestWithIdentifier:content:...    returns a new object with the properties "identifier",
-///     "content", ... -setTitle:                            sets the property "title" -title reads it; nil or
-///     zero if nobody has set it -openURL:                             leaves its argument in the property
-///     "openURL"
+///   - `+sharedWorkspace` returns the same object each time: shared("sharedWorkspace").
+///   - `+requestWithIdentifier:content:` returns a new object with the properties "identifier" and "content".
+///   - `-setTitle:` sets the property "title", which `-title` reads. It is nil or zero until it is set.
+///   - `-openURL:` leaves its argument in the property "openURL".
 ///
-/// Strings, arrays and dictionaries work. Nothing is ever released: that ARC does its work is taken for
-/// granted.
+/// Strings work. Arrays and dictionaries do too: the properties of an array are called "0", "1" and so on,
+/// those of a dictionary have its keys. Nothing is ever released, so memory management isn't tested.
 namespace chimewell::test::objc {
 
 using Word = std::uintptr_t;
@@ -56,16 +54,15 @@ public:
     void set(const std::string& property, Value value) const;
     /// Of a string; empty for nil.
     std::string text() const;
-    std::map<std::string, std::string> dictionaryTexts() const;
+    /// Of a dictionary of strings; empty for nil.
+    std::map<std::string, std::string> texts() const;
 
 private:
     Word word_;
 };
 
-/// A new object with these properties.
+/// A new object, or dictionary, with these properties.
 Value object(const std::map<std::string, Value>& properties = {});
-/// A new dictionary.
-Value dictionary(const std::vector<std::pair<Value, Value>>& entries);
 /// What a class method of that name returns.
 Value shared(const std::string& classMethod);
 /// A fresh Mac: forgets the shared objects, what was implemented, queued and observed. The program has a
@@ -73,16 +70,23 @@ Value shared(const std::string& classMethod);
 void reset();
 /// Runs what was queued for the main thread.
 void runMainQueue();
+/// Every timer that was made, in their order, with the properties "seconds" and "isInvalid".
+std::vector<Value>& madeTimers();
+void ring(Value timer);
 /// Tells those who observe a notification at that center, in the order of their registration.
 void notify(Value center, const std::string& notification);
 
-void implementAt(const std::string& selector, const void* function);
-/// Lets each message of that name call `function`, which gets the receiver, the selector and the arguments.
-template<typename Function>
-void implement(const std::string& selector, Function* function)
-{
-    implementAt(selector, reinterpret_cast<const void*>(function));
-}
+/// A function or a lambda: what a message calls, with the receiver, the selector and the arguments.
+struct Method {
+    template<typename Function>
+    Method(Function function) // NOLINT(google-explicit-constructor): written as the function
+        : address(reinterpret_cast<const void*>(+function))
+    {
+    }
+    const void* address;
+};
+/// Lets each message of that name call `method`.
+void implement(const std::string& selector, Method method);
 
 }
 
