@@ -34,14 +34,14 @@ struct FakeSystem {
     RecordingLoginItem loginItem;
     RecordingActivation activation;
 
-    Ports ports() { return ports(translator, locale); }
-    Ports ports(const Translator& words, const UserLocale& times)
+    Ports ports() { return ports(translator); }
+    Ports ports(const Translator& words)
     {
         return {.files = files,
                 .clock = time,
                 .timers = time,
                 .random = random,
-                .locale = times,
+                .locale = locale,
                 .translator = words,
                 .folders = home,
                 .resources = resources,

@@ -9,19 +9,10 @@ namespace chimewell::test {
 
 /// What windows need, on a system of fakes.
 struct WindowsOnFakes {
-    WindowsOnFakes() : WindowsOnFakes(nullptr) {}
-    /// `locale` instead of the fake one.
-    explicit WindowsOnFakes(const UserLocale* locale)
-        : services(system.ports(translator, locale ? *locale : system.locale))
-    {
-        services.actions.onQuit = [this] { ++quits; };
-    }
-
     FakeSystem system;
     QtTranslator translator{Wording::linuxDesktop, "en"};
     Words words{translator};
-    Services services;
-    int quits = 0;
+    Services services{system.ports(translator)};
 };
 
 }

@@ -27,7 +27,6 @@ TEST(Translation, IsInTheFirstLanguageThatThereIs)
         {texts::reveal, "Im Finder zeigen", "Reveal in Finder", Wording::macOS},
         {{texts::everyMinutes, 1}, "Abstand: 1 Minute", "Every 1 minute"},
         {{texts::everyMinutes, 7}, "Abstand: 7 Minuten", "Every 7 minutes"},
-        {{texts::moreInSettings, 3}, "3 weitere in Einstellungen ▸ Verlauf", "3 more in Settings ▸ Recent"},
         {{texts::installTitle, {std::string("%n Codex")}},
          "Hooks für %n Codex installieren?",
          "Install %n Codex hooks?"},
