@@ -32,7 +32,7 @@ test_packages=(
     libgtest-dev clang-19 clang-tidy-19 clang-format-19 ccache
     libclang-rt-19-dev libdbus-1-dev
     appstream man-db shellcheck unicode-data
-    trayer dex dconf-service gsettings-desktop-schemas xfconf
+    dex dconf-service gsettings-desktop-schemas xfconf
     git strace golang-github-burntsushi-toml-dev
 )
 

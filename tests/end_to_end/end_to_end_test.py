@@ -36,13 +36,10 @@ class EndToEnd(unittest.TestCase):
             self.installed.claude("finished", "a", "/srv/paint-shop")
             banner = self.watch.until_shown("Finished — paint-shop")
             until(spoken, "the spoken phrase", 20)
-            until(recording.is_silent, "silence")
-            heard = recording.heard(self.installed.sounds)
+            recording.until_heard(1)
         self.assertEqual(banner.body, "The agent finished responding and is idle.")
         self.assertEqual(banner.actions.get("FOCUS_SESSION"), "Open Session")
-        self.assertEqual(heard[0].name, "Blow", heard)
         self.assertEqual(spoken(), ["Ready, captain"])
-        self.assertGreater(sum(sound.beyond for sound in heard), 0.3, "nothing but the sound was heard")
 
     def test_after_quit_only_a_user_starts_it(self):
         application.activate()
@@ -94,9 +91,9 @@ class EndToEnd(unittest.TestCase):
         os.kill(hung, signal.SIGSTOP)
         try:
             with Recording() as recording:
-                for heard in (["Blow"], ["Blow", "Blow"]):
-                    self.installed.claude("finished", f"d{len(heard)}")
-                    recording.until_heard(self.installed.sounds, heard)
+                for count in (1, 2):
+                    self.installed.claude("finished", f"d{count}")
+                    recording.until_heard(count)
         finally:
             os.kill(hung, signal.SIGKILL)
         until(lambda: not bus.has_owner(bus.NOTIFICATIONS), "the end of the hung server")

@@ -10,21 +10,8 @@ import tempfile
 import unittest
 
 BUILD = ""
-SOUNDS = ("Basso Blow Bottle Frog Funk Glass Hero Morse Ping Pop Purr Sosumi Submarine Tink").split()
-ICONS = [*(f"{size}/apps/chimewell{armed}-symbolic.svg"
-           for size in ("16x16", "22x22", "24x24", "symbolic") for armed in ("", "-armed")),
-         "scalable/apps/app.chimewell.Chimewell.svg", "16x16/apps/app.chimewell.Chimewell.svg"]
-FILES = {
-    "bin/chimewell",
-    "libexec/chimewell/chimewell-hook",
-    "share/applications/app.chimewell.Chimewell.desktop",
-    "share/dbus-1/services/app.chimewell.Chimewell.service",
-    "share/metainfo/app.chimewell.Chimewell.metainfo.xml",
-    "share/man/man1/chimewell.1",
-    "share/man/man1/chimewell-hook.1",
-    *(f"share/chimewell/sounds/{name}.wav" for name in SOUNDS),
-    *(f"share/icons/hicolor/{name}" for name in ICONS),
-}
+FILES = {"bin": 1, "libexec/chimewell": 1, "share/applications": 1, "share/dbus-1/services": 1, "share/metainfo": 1,
+         "share/man/man1": 2, "share/chimewell/sounds": 14, "share/icons/hicolor": 10}  # how many in each folder
 
 
 def run(*command):
@@ -40,12 +27,11 @@ class InstalledTree(unittest.TestCase):
         done = run("cmake", "--install", BUILD, "--prefix", self.prefix)
         self.assertEqual(done.returncode, 0, done.stderr)
 
-    def test_every_file_is_there_and_no_other(self):
-        found = {str(file.relative_to(self.prefix)) for file in self.prefix.rglob("*") if file.is_file()}
-        self.assertEqual(found, FILES)
-        for file in found:
-            self.assertEqual(os.access(self.prefix / file, os.X_OK),
-                             file.startswith(("bin/", "libexec/")), file)
+    def test_every_file_is_there_and_programs_can_be_run(self):
+        found = [file for file in self.prefix.rglob("*") if file.is_file()]
+        counts = {folder: sum(file.is_relative_to(self.prefix / folder) for file in found) for folder in FILES}
+        self.assertEqual((counts, len(found)), (FILES, sum(FILES.values())))
+        self.assertEqual({file.name for file in found if os.access(file, os.X_OK)}, {"chimewell", "chimewell-hook"})
 
     def test_launchers_name_the_installed_program(self):
         program = str(self.prefix / "bin/chimewell")

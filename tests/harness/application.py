@@ -56,8 +56,7 @@ def write_settings(events=(), **settings):
 
 def stored():
     """The stored settings; a file of ours holds little until the application writes its first change."""
-    return {"events": [], "globalMuted": False, "launchAtLogin": False, "remindersEnabled": True,
-            **json.loads(SETTINGS.read_text())}
+    return {"events": [], "globalMuted": False, **json.loads(SETTINGS.read_text())}
 
 
 class Installation:
@@ -67,7 +66,6 @@ class Installation:
         self.prefix = pathlib.Path(os.environ["HOME"], ".local")
         self.program = self.prefix / "bin/chimewell"
         self.helper = self.prefix / "libexec/chimewell/chimewell-hook"
-        self.sounds = self.prefix / "share/chimewell/sounds"
         subprocess.run(["cmake", "--install", build, "--prefix", self.prefix], check=True, stdout=subprocess.DEVNULL)
         subprocess.run(["update-desktop-database", self.prefix / "share/applications"], check=True)
         bus.call_bus("ReloadConfig")

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 """demonstrate.py BUILD SCREENSHOT, inside a desktop of desktop.py: installs what is built in BUILD, starts it for the
 first time, skips its walkthrough, sends one event through its helper, and prints what the notification server got,
-which sound was heard and what was spoken. Beside SCREENSHOT go one of the walkthrough and one of the panel."""
+for how long it was heard and what was spoken. Beside SCREENSHOT go one of the walkthrough and one of the panel."""
 import os
 import pathlib
 import subprocess
@@ -49,22 +49,19 @@ def main():
         icon.click()
         window(process, "Chimewell").until_shows(banner.title)
         photograph(screenshot)
-        until(recording.is_silent, "silence")
-        heard = recording.heard(installed.sounds)
+        recording.until_heard(1)
+        heard = recording.heard()
 
-    names = [sound.name for sound in heard if sound.name]
-    other = sum(sound.beyond for sound in heard)
     print()
     print(f"Banner title: {banner.title}")
     print(f"Banner body:  {banner.body}")
     print(f"Button:       {', '.join(label for label in banner.actions.values() if label)}")
-    print(f"Heard:        {', '.join(names)} (by comparison with its file)")
-    print(f"              and {other:.1f} s that are none of the sounds")
+    print(f"Heard:        {sum(heard):.1f} s, recorded from the sound server")
     for phrase in spoken():
         print(f'Spoken:       "{phrase}" (the speech service reports its end)')
     print(f"Screenshots:  {screenshot} and {screenshot.with_stem('walkthrough')}")
     application.end()
-    return 0 if spoken() and other > 0.5 and names else 1
+    return 0 if spoken() else 1
 
 
 if __name__ == "__main__":

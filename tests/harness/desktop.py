@@ -2,16 +2,15 @@
 # SPDX-License-Identifier: MIT
 """Runs real services of a Linux desktop away from the user's own session, and leaves nothing of them behind.
 
-    desktop.py [--screen WxH] [--share DIR] [--work DIR] PROGRAM... -- COMMAND [ARGUMENT...]
+    desktop.py [--screen WxH] [--work DIR] PROGRAM... -- COMMAND [ARGUMENT...]
     desktop.py PROGRAM...
 
 PROGRAM is a service to start: Xvfb, pulseaudio, speech-dispatcher (which runs once somebody wants to speak),
-dbus-daemon, at-spi (the accessibility bus), openbox, xfce4-panel (a tray for StatusNotifier and XEmbed icons), trayer
-(a tray for XEmbed icons only), dunst, xfce4-notifyd.
+dbus-daemon, at-spi (the accessibility bus), openbox, xfce4-panel (a tray), dunst, xfce4-notifyd.
 
 With a command, the command sees a whole desktop with a home folder and the machine's D-Bus services, except those for
-banners and shells: which of these exist is chosen by the programs alone. The status is the command's. --share puts DIR
-in front of XDG_DATA_DIRS; --work keeps the home folder and logs in DIR.
+banners and shells: which of these exist is chosen by the programs alone. The status is the command's. --work keeps the
+home folder and logs in DIR.
 
 Without a command, the services join the environment of the caller, and the bus knows no services of the machine. The
 variables that lead to them are printed, then "ready", or a line saying what is missing. Each line of standard input is
@@ -66,19 +65,15 @@ PANEL = """<?xml version="1.0" encoding="UTF-8"?>
       <property name="plugin-ids" type="array">
         <value type="int" value="1"/>
         <value type="int" value="2"/>
-        <value type="int" value="3"/>
       </property>
     </property>
   </property>
   <property name="plugins" type="empty">
-    <property name="plugin-1" type="string" value="tasklist">
-      <property name="show-handle" type="bool" value="false"/>
-    </property>
-    <property name="plugin-2" type="string" value="separator">
+    <property name="plugin-1" type="string" value="separator">
       <property name="expand" type="bool" value="true"/>
       <property name="style" type="uint" value="0"/>
     </property>
-    <property name="plugin-3" type="string" value="systray">
+    <property name="plugin-2" type="string" value="systray">
       <property name="square-icons" type="bool" value="true"/>
     </property>
   </property>
@@ -93,23 +88,11 @@ NOTIFYD = """<?xml version="1.0" encoding="UTF-8"?>
 </channel>
 """
 DUNST = """[global]
-    width = 320
-    offset = 12x12
     origin = bottom-right
-    font = DejaVu Sans 10
-    show_indicators = yes
     mouse_left_click = do_action, close_current
-    mouse_middle_click = close_all
-    mouse_right_click = close_current
-    notification_limit = 20
     idle_threshold = 0
-    markup = full
-[urgency_low]
-    timeout = 60
 [urgency_normal]
     timeout = 60
-[urgency_critical]
-    timeout = 0
 """
 # One engine, so that no other is loaded and none can take its place; the log tells what was spoken.
 SPEECH = """LogLevel 5
@@ -186,8 +169,6 @@ class Session:
         own.mkdir(parents=True, exist_ok=True)
         (self.folder / "home-services").symlink_to(own)
         data = os.environ.get("XDG_DATA_DIRS") or "/usr/local/share:/usr/share"
-        if self.options.share:
-            data = f"{os.path.realpath(self.options.share)}:{data}"
         for name, value in {
                 "HOME": home, "XDG_RUNTIME_DIR": self.folder, "XDG_DATA_DIRS": data, "XDG_SESSION_TYPE": "x11",
                 "XDG_CURRENT_DESKTOP": "X-Virtual", "GDK_BACKEND": "x11", "QT_QPA_PLATFORM": "xcb", "LANG": "C.UTF-8",
@@ -288,11 +269,6 @@ class Session:
         write(self.configuration("xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml"), PANEL)
         self.spawn("xfce4-panel", "--sm-client-disable", ready=lambda: has_owner("org.kde.StatusNotifierWatcher"))
 
-    def embedding_tray(self):
-        self.spawn("trayer", "--edge", "top", "--align", "right", "--widthtype", "request", "--height", "28",
-                   "--SetDockType", "true", "--expand", "true",
-                   ready=lambda: "trayer" in output("xwininfo", "-root", "-tree"))
-
     def dunst(self):
         write(self.configuration("dunst/dunstrc"), DUNST)
         self.spawn("dunst", "-conf", str(self.configuration("dunst/dunstrc")),
@@ -307,8 +283,8 @@ class Session:
         self.spawn("xfce4-notifyd", path=found and found[1], ready=lambda: has_owner("org.freedesktop.Notifications"))
 
     PROGRAMS = {"Xvfb": screen, "pulseaudio": sound, "speech-dispatcher": speech, "dbus-daemon": bus,
-                "at-spi": accessibility, "openbox": window_manager, "xfce4-panel": panel, "trayer": embedding_tray,
-                "dunst": dunst, "xfce4-notifyd": notifyd}
+                "at-spi": accessibility, "openbox": window_manager, "xfce4-panel": panel, "dunst": dunst,
+                "xfce4-notifyd": notifyd}
 
     # Orders
 
@@ -399,7 +375,6 @@ def main():
         arguments, command = arguments[:at], arguments[at + 1:]
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--screen", default="1280x800")
-    parser.add_argument("--share")
     parser.add_argument("--work")
     parser.add_argument("programs", nargs="+", choices=Session.PROGRAMS)
     options = parser.parse_args(arguments)

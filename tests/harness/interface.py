@@ -1,6 +1,5 @@
 # SPDX-License-Identifier: MIT
 """The application's windows as assistive technology sees and uses them (AT-SPI), and its icon in the tray."""
-import re
 import subprocess
 
 import gi
@@ -42,14 +41,6 @@ class Element:
     def has(self, state):
         self.node.clear_cache()
         return self.node.get_state_set().contains(state)
-
-    @property
-    def is_checked(self):
-        return self.has(State.CHECKED)
-
-    @property
-    def is_enabled(self):
-        return self.has(State.ENABLED)
 
     @property
     def is_showing(self):
@@ -112,16 +103,6 @@ class Element:
     def click(self):
         x, y, width, height = self.area
         output("xdotool", "mousemove", str(x + width // 2), str(y + height // 2), "click", "1")
-
-    def write(self, text):
-        until_at_rest(lambda: self.area, f"the field {self.name!r}")
-        self.node.get_component_iface().grab_focus()
-        until(lambda: self.has(State.FOCUSED), f"the field {self.name!r} focused")
-        self.node.get_editable_text_iface().set_text_contents(text)
-
-    def step(self, by):
-        value = self.node.get_value_iface()
-        value.set_current_value(value.get_current_value() + by)
 
     def choose(self, entry):
         """An entry of a picker."""
@@ -201,23 +182,3 @@ class StatusNotifierIcon:
         path, number = self.menu()[label]
         bus.call(self._name, path, "com.canonical.dbusmenu", "Event", "(isvu)", number, "clicked",
                  GLib.Variant("i", 0), 0)
-
-
-class EmbeddedIcon:
-    """A small window of ours inside the host's."""
-
-    def click(self):
-        # The host takes it in, moves and resizes it.
-        shown = until_at_rest(self._place, "its icon in the tray")[0]
-        output("xdotool", "mousemove", "--window", shown, "5", "5", "click", "1")
-
-    @staticmethod
-    def _place():
-        """The window, and where it shows; None while it does not."""
-        # Small, and inside another window: not one of those that are ordinary windows.
-        for found, width, height in re.findall(r"^\s+(0x[0-9a-f]+) .*\(\"chimewell\".*?\)\s+(\d+)x(\d+)\+",
-                                               output("xwininfo", "-root", "-tree"), re.M):
-            said = output("xwininfo", "-id", found)
-            if 8 < int(width) < 64 and int(height) < 64 and "IsViewable" in said:
-                return found, *re.findall(r"(?:Absolute upper-left [XY]|Width|Height): +(-?\d+)", said)
-        return None

@@ -19,23 +19,17 @@ class Unavailable(Exception):
     """npm could not install the agents."""
 
 
-def _version(folder):
-    try:
-        return json.loads((folder / "package.json").read_text())["version"]
-    except OSError:
-        return None
-
-
 class Agents:
     def __init__(self, cache, server):
         """Installs what the folder `cache` does not hold yet (some 640 MB); raises Unavailable."""
         self._server = server
         cache = pathlib.Path(cache).absolute()
         modules = cache / "node_modules"
-        missing = [f"{name}@{version}" for name, version in PACKAGES.items()
-                   if _version(modules / name) != version]
-        if missing:
-            self._install(cache, missing)
+        installed = cache / "installed"
+        wanted = [f"{name}@{version}" for name, version in PACKAGES.items()]
+        if not installed.exists() or installed.read_text().split() != wanted:
+            self._install(cache, wanted)
+            installed.write_text(" ".join(wanted))
         self.claude_program = modules / "@anthropic-ai/claude-code/bin/claude.exe"
         self._codex_script = modules / "@openai/codex/bin/codex.js"
         if subprocess.run([self.claude_program, "--version"], capture_output=True, check=False).returncode:
