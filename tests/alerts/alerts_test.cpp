@@ -15,7 +15,6 @@
 #include <map>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace chimewell::test {
@@ -48,16 +47,6 @@ TEST(SoundPlayerTest, PlaysOnlyExactNamesThatExist)
     EXPECT_EQ(sounds.played.size(), 13u); // all but the silent one and the missing one
 }
 
-TEST(VoiceAnnouncerTest, SpeaksTrimmedTextAndNothingBlank)
-{
-    RecordingSpeech speech;
-    const EnglishTranslator translator;
-    VoiceAnnouncer voice(speech, translator);
-    voice.speak(std::string(" \n\u00A0"), std::nullopt);
-    voice.speak(std::string("\n done \u2028"), "Anna");
-    EXPECT_EQ(speech.spoken, (std::vector<RecordingSpeech::Utterance>{{"done", "Anna"}}));
-}
-
 TEST(VoiceAnnouncerTest, OffersTheVoicesOfTheSpokenLanguage)
 {
     RecordingSpeech speech;
@@ -81,37 +70,11 @@ TEST(VoiceAnnouncerTest, OffersTheVoicesOfTheSpokenLanguage)
 
 class NotificationServiceTest : public ::testing::Test {
 protected:
-    using Session = std::pair<std::optional<std::string>, std::optional<std::string>>; ///< term, cwd
-
-    NotificationServiceTest()
-    {
-        service.onOpenSession = [this](const auto& term, const auto& cwd) { opened.emplace_back(term, cwd); };
-    }
-
     RecordingNotificationCenter center;
     FixedRandom random;
     const EnglishTranslator translator;
     NotificationService service{center, random, translator};
-    std::vector<Session> opened;
 };
-
-TEST_F(NotificationServiceTest, ShowsThePermissionOfTheSystem)
-{
-    const std::pair<NotificationPermission, AuthStatus> table[] = {
-        {NotificationPermission::denied, AuthStatus::denied},
-        {NotificationPermission::authorized, AuthStatus::authorized},
-        {NotificationPermission::provisional, AuthStatus::provisional},
-        {NotificationPermission::ephemeral, AuthStatus::authorized},
-        {NotificationPermission::notDetermined, AuthStatus::notDetermined},
-        {NotificationPermission::unknown, AuthStatus::notDetermined},
-    };
-    EXPECT_EQ(service.status(), AuthStatus::notDetermined);
-    for (const auto& [permission, status] : table) {
-        center.permission = permission;
-        service.refreshStatus();
-        EXPECT_EQ(service.status(), status);
-    }
-}
 
 TEST_F(NotificationServiceTest, FollowsTheSystemAndTellsOfChangesOnly)
 {
@@ -132,16 +95,6 @@ TEST_F(NotificationServiceTest, FollowsTheSystemAndTellsOfChangesOnly)
     EXPECT_EQ(service.status(), AuthStatus::unavailable);
 }
 
-TEST_F(NotificationServiceTest, AsksTheUserOnce)
-{
-    center.permission = NotificationPermission::notDetermined;
-    center.userAnswers = NotificationPermission::denied;
-    service.requestAuthorization();
-    service.requestAuthorization();
-    EXPECT_EQ(center.requests, 1);
-    EXPECT_EQ(service.status(), AuthStatus::denied);
-}
-
 TEST_F(NotificationServiceTest, PostsBannersThatNeverReplaceOneAnother)
 {
     service.configure();
@@ -160,15 +113,6 @@ TEST_F(NotificationServiceTest, PostsBannersThatNeverReplaceOneAnother)
     EXPECT_EQ(center.posted[0].categoryIdentifier, "AGENT_EVENT");
     EXPECT_EQ(center.posted[0].userInfo, (std::map<std::string, std::string>{{"cwd", "/proj"}}));
     EXPECT_EQ(center.posted[1].userInfo, (std::map<std::string, std::string>{{"term", "kitty"}}));
-}
-
-TEST_F(NotificationServiceTest, OpensTheSessionOfAClickedBanner)
-{
-    service.configure();
-    center.respond({"FOCUS_SESSION", {{"cwd", "/proj"}, {"term", "kitty"}}});
-    center.respond({defaultNotificationAction, {}});
-    center.respond({"dismiss", {{"cwd", "/proj"}}});
-    EXPECT_EQ(opened, (std::vector<Session>{{"kitty", "/proj"}, {std::nullopt, std::nullopt}}));
 }
 
 }

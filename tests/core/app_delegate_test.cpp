@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -46,22 +45,12 @@ TEST_F(AppDelegateTest, StartedByHandClearsTheMarkerOnce)
 
 TEST_F(AppDelegateTest, StartedByAnyUrlKeepsTheMarker)
 {
-    for (const auto& url : {std::optional<std::string>("chimewell://event?type=finished&provider=claude"),
-                            std::optional<std::string>("nonsense"), std::optional<std::string>()}) {
-        URLEventHandler fresh{services.router, services.reopens};
-        AppDelegate started{{.activation = system.activation,
-                             .urls = fresh,
-                             .notifications = services.notifications,
-                             .marker = services.marker,
-                             .timers = time}};
-        files.contents[markerFile] = "before";
-        fresh.handleURLEvent(url);
-        started.applicationDidFinishLaunching();
-        time.advance(1s);
-        EXPECT_TRUE(fresh.didHandleLaunchEvent());
-        EXPECT_TRUE(markerStands());
-    }
-    EXPECT_EQ(services.history.entries().size(), 1u); // only the one that was an event alerted
+    files.contents[markerFile] = "before";
+    services.urls.handleURLEvent("nonsense");
+    delegate.applicationDidFinishLaunching();
+    time.advance(1s);
+    EXPECT_TRUE(markerStands());
+    EXPECT_TRUE(services.history.entries().empty());
 }
 
 TEST_F(AppDelegateTest, OnlyTheUsersQuitLeavesTheMarker)
@@ -88,8 +77,12 @@ TEST_F(AppDelegateTest, AClickedBannerAndASampleReachTheirServices)
 {
     delegate.applicationDidFinishLaunching();
     system.workspace.installed = {"net.kovidgoyal.kitty"};
-    system.center.respond({"FOCUS_SESSION", {{"term", "kitty"}}});
-    EXPECT_EQ(system.workspace.asked, (std::vector<std::string>{"open net.kovidgoyal.kitty"}));
+    system.workspace.paths["/proj"] = FileKind::folder;
+    system.center.respond({"FOCUS_SESSION", {{"term", "kitty"}, {"cwd", "/proj"}}});
+    system.center.respond({defaultNotificationAction, {{"cwd", "/proj"}}});
+    system.center.respond({"dismiss", {{"cwd", "/proj"}}});
+    EXPECT_EQ(system.workspace.asked,
+              (std::vector<std::string>{"open net.kovidgoyal.kitty", "folder /proj"}));
 
     services.actions.playSample();
     ASSERT_EQ(system.center.posted.size(), 1u);

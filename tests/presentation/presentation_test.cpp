@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "presentation/event_looks.h"
-#include "presentation/onboarding_steps.h"
 #include "presentation/panel_model.h"
 #include "presentation/settings_model.h"
-#include "values/sound_option.h"
 #include "values/texts.h"
 
 #include "support/fake_system.h"
@@ -50,8 +47,6 @@ TEST(PanelModel, IconAndHeaderTellWhetherAlertsWillCome)
         EXPECT_EQ(english(panelHeader(settings).status), c.status);
         EXPECT_EQ(panelHeader(settings).isListening, c.status == "Listening");
     }
-    EXPECT_EQ(muteIcon(true), "bell.slash.fill");
-    EXPECT_EQ(muteIcon(false), "bell.fill");
 }
 
 TEST(PanelModel, ShowsSixAlertsAndCountsTheOthers)
@@ -70,36 +65,6 @@ TEST(PanelModel, ShowsSixAlertsAndCountsTheOthers)
     EXPECT_EQ(english(*panelMore(history)), "2 more in Settings ▸ Recent");
 }
 
-TEST(PanelModel, ARowOffersItsSessionWhenThereIsOne)
-{
-    FakeSystem system;
-    EventHistory history(system.time, system.random);
-    history.add({.type = CanonicalEvent::error, .provider = "claude"}, false);
-    history.add({.type = CanonicalEvent::error, .provider = "claude", .message = "It broke", .term = "kitty"},
-                true);
-    system.time.advance(60s);
-    const auto rows = panelRows(history, system.locale, system.time.now());
-    EXPECT_TRUE(rows[0].hasSession());
-    EXPECT_EQ(english(rows[0].message), "It broke");
-    EXPECT_FALSE(rows[1].hasSession());
-    EXPECT_EQ(english(rows[1].message), "The agent reported an error."); // never blank
-    EXPECT_EQ(rows[1].relativeTime, "60 seconds ago");
-    EXPECT_EQ(rows[1].timeText, "14:05 (60 seconds ago)");
-    RecentRow row = rows[0];
-    row.term = row.cwd = "";
-    EXPECT_FALSE(row.hasSession());
-}
-
-TEST(EventLooks, PreviewNeedsSomethingToHear)
-{
-    EventSetting setting = EventSetting::defaultSetting(CanonicalEvent::finished);
-    EXPECT_TRUE(canPreview(setting));
-    setting.soundId = silentSoundId;
-    EXPECT_FALSE(canPreview(setting));
-    setting.speak = true;
-    EXPECT_TRUE(canPreview(setting));
-}
-
 TEST(ReminderChoices, OtherIntervalsAreWholeMinutes)
 {
     EXPECT_EQ(reminderPreset(180), 3U);
@@ -113,29 +78,6 @@ TEST(ReminderChoices, OtherIntervalsAreWholeMinutes)
     EXPECT_EQ(storedSeconds(7), 420);
     EXPECT_EQ(storedSeconds(0), 60);
     EXPECT_EQ(storedSeconds(1000), 3600);
-}
-
-TEST(Phrases, AreFilledOnce)
-{
-    EXPECT_EQ(english({texts::everyMinutes, 1}), "Every 1 minute");
-    EXPECT_EQ(english({texts::everyMinutes, 7}), "Every 7 minutes");
-    EXPECT_EQ(
-        english({texts::nothingToReveal, {std::string("/home/%2/%n"), std::string("Cursor")}},
-                Wording::linuxDesktop),
-        "Nothing to show yet — /home/%2/%n doesn’t exist. It’s created when you Install (Cursor may not be "
-        "set up on this computer).");
-}
-
-TEST(OnboardingSteps, LeadFromTheFirstToTheLast)
-{
-    std::vector<OnboardingStep> seen = {OnboardingStep::welcome};
-    while (const auto next = stepAfter(seen.back())) {
-        EXPECT_EQ(stepBefore(*next), seen.back());
-        seen.push_back(*next);
-    }
-    EXPECT_EQ(seen.back(), OnboardingStep::sounds);
-    EXPECT_EQ(seen.size(), 5U);
-    EXPECT_EQ(stepBefore(OnboardingStep::welcome), std::nullopt);
 }
 
 TEST(UserActionsTest, LaunchAtLoginStoresTheChoiceAndReportsTheSystemsRefusal)

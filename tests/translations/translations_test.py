@@ -1,7 +1,6 @@
 # SPDX-License-Identifier: MIT
 """translations_test.py SOURCE_FOLDER: every text of the sources is translated, whole, into each language of
 resources/translations. Reads the sources by itself, so that a text that the translation tools pass over is missed."""
-import collections
 import pathlib
 import re
 import sys
@@ -10,7 +9,7 @@ import xml.etree.ElementTree
 
 SOURCES = pathlib.Path()
 LITERALS = r'((?:"(?:[^"\\]|\\.)*"\s*)+)'
-CONTEXT = "chimewell::texts" # in which src/ui/look/words.cpp asks for a text
+CONTEXT = "chimewell::texts"  # in which src/ui/look/words.cpp asks for a text
 TEXT = r"\b(?:Text|onLinux)\(\s*" + LITERALS + r"\)"
 MANY = r'\bmany\(\s*"chimewell::texts",\s*' + LITERALS + r"\)"
 PARTS = r"%[0-9n]|\*\*"
@@ -25,52 +24,38 @@ def found(pattern):
     return {joined(text) for file in files for text in re.findall(pattern, file.read_text(encoding="utf-8"))}
 
 
-class Translation:
-    """One message of a file of translations."""
-    def __init__(self, context, message):
-        self.key = (context, message.findtext("source"))
-        inside = message.find("translation")
-        self.is_finished = inside.get("type") is None
-        self.is_counted = message.get("numerus") == "yes"
-        self.forms = [form.text or "" for form in inside.findall("numerusform")] or [inside.text or ""]
-
-
 class Translations(unittest.TestCase):
     maxDiff = None
 
     def setUp(self):
-        self.languages = {}
-        for file in sorted((SOURCES / "resources/translations").glob("*.ts")):
-            root = xml.etree.ElementTree.parse(file).getroot()
-            self.languages[root.get("language")] = [Translation(context.findtext("name"), message)
-                                                    for context in root.iter("context")
+        files = (SOURCES / "resources/translations").glob("*.ts")
+        languages = [xml.etree.ElementTree.parse(file).getroot() for file in files]
+        self.messages = {language.get("language"): [(context.findtext("name"), message)
+                                                    for context in language.iter("context")
                                                     for message in context.iter("message")]
-        self.assertIn("de", self.languages)
+                         for language in languages}
+        self.assertIn("de", self.messages)
 
     def test_every_text_is_translated_and_nothing_else_is(self):
-        texts = {(CONTEXT, text) for text in found(TEXT) | found(MANY)}
+        texts, counted = found(TEXT), found(MANY)
         self.assertGreater(len(texts), 150)
-        for language, translations in self.languages.items():
+        for language, messages in self.messages.items():
             with self.subTest(language):
-                self.assertEqual(sorted(texts), sorted(translation.key for translation in translations))
+                self.assertEqual(sorted((context, message.findtext("source")) for context, message in messages),
+                                 sorted((CONTEXT, text) for text in texts | counted))
+                self.assertEqual({message.findtext("source") for _, message in messages
+                                  if message.get("numerus") == "yes"}, counted)
 
-    def test_no_translation_is_left_unfinished(self):
-        unfinished = [(language, translation.key) for language, translations in self.languages.items()
-                      for translation in translations if not translation.is_finished or not all(translation.forms)]
-        self.assertEqual(unfinished, [])
-
-    def test_nothing_of_a_text_is_lost(self):
-        for language, translations in self.languages.items():
-            for translation in translations:
-                parts = collections.Counter(re.findall(PARTS, translation.key[1]))
-                for form in translation.forms:
-                    with self.subTest(language, text=form):
-                        self.assertEqual(collections.Counter(re.findall(PARTS, form)), parts)
-
-    def test_counts_are_counted(self):
-        for language, translations in self.languages.items():
-            counted = {translation.key[1] for translation in translations if translation.is_counted}
-            self.assertEqual(counted, found(MANY), language)
+    def test_every_translation_is_finished_and_whole(self):
+        for language, messages in self.messages.items():
+            for _, message in messages:
+                text, translation = message.findtext("source"), message.find("translation")
+                forms = translation.findall("numerusform") or [translation]
+                with self.subTest(language, text=text):
+                    self.assertIsNone(translation.get("type"))
+                    for form in forms:
+                        self.assertTrue(form.text)
+                        self.assertEqual(sorted(re.findall(PARTS, form.text)), sorted(re.findall(PARTS, text)))
 
 
 if __name__ == "__main__":
