@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace chimewell {
 
@@ -16,21 +18,39 @@ struct ScreenArea {
     bool operator==(const ScreenArea&) const = default;
 };
 
+/// What the user can ask for in the icon's menu.
+enum class IconCommand : std::uint8_t { openPanel, toggleMute, playSample, openSettings, quit };
+
+/// Texts are already translated.
+struct IconMenuEntry {
+    IconCommand command = IconCommand::openPanel;
+    std::string label;
+    std::optional<bool> isChecked = std::nullopt; ///< Absent for an entry that can't be checked.
+    bool beginsGroup = false;                     ///< A separator is above it.
+    std::string tooltip = {};
+    bool operator==(const IconMenuEntry&) const = default;
+};
+
 struct StatusIconState {
-    bool isArmed = false; ///< Alerts will come: the bell has a badge.
-    bool isMuted = false; ///< Checks "Mute all" in the icon's menu, on systems where it has one.
-    std::string label;    ///< The tooltip, and what a screen reader says. Already translated.
+    bool isArmed = false;            ///< Alerts will come: the bell has a badge.
+    std::string label;               ///< The tooltip, and what a screen reader says. Already translated.
+    std::vector<IconMenuEntry> menu; ///< Not shown where a click is all that an icon takes.
     bool operator==(const StatusIconState&) const = default;
 };
 
 /// Our icon in the menu bar or the desktop's panel, for as long as this object lives.
 class StatusIcon {
 public:
+    struct Handlers {
+        /// The user clicked the icon. `icon` is its place; absent where nobody tells.
+        std::function<void(const std::optional<ScreenArea>& icon)> clicked;
+        /// The user chose an entry of its menu.
+        std::function<void(IconCommand command)> chosen;
+    };
+
     virtual ~StatusIcon() = default;
     virtual void show(const StatusIconState& state) = 0;
-    /// `clicked` runs when the user clicks the icon or asks for the panel in its menu. It gets the icon's
-    /// place, as well as that is known.
-    virtual void setClickHandler(std::function<void(const ScreenArea& icon)> clicked) = 0;
+    virtual void setHandlers(Handlers handlers) = 0;
 };
 
 }

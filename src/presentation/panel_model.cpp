@@ -16,10 +16,22 @@ PanelHeader panelHeader(const AppSettings& settings)
 
 StatusIconState statusIconState(const AppSettings& settings, const Translator& translator)
 {
-    return {.isArmed = !settings.globalMuted && settings.anyProviderInstalled(),
-            .isMuted = settings.globalMuted,
-            .label = translator.translate(
-                {texts::titleAndDetail, {texts::panelName, panelHeader(settings).status}})};
+    const auto entry = [&](IconCommand command, const Text& label) {
+        return IconMenuEntry{.command = command, .label = translator.translate(label)};
+    };
+    StatusIconState state{.isArmed = !settings.globalMuted && settings.anyProviderInstalled(),
+                          .label = translator.translate(
+                              {texts::titleAndDetail, {texts::panelName, panelHeader(settings).status}}),
+                          .menu = {entry(IconCommand::openPanel, texts::openPanel),
+                                   entry(IconCommand::toggleMute, texts::muteAll),
+                                   entry(IconCommand::playSample, texts::playSample),
+                                   entry(IconCommand::openSettings, texts::openSettings),
+                                   entry(IconCommand::quit, texts::quit)}};
+    state.menu[1].isChecked = settings.globalMuted;
+    state.menu[1].beginsGroup = true;
+    state.menu.back().beginsGroup = true;
+    state.menu.back().tooltip = translator.translate(texts::quitTooltip);
+    return state;
 }
 
 bool RecentRow::hasSession() const

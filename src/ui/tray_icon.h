@@ -1,35 +1,31 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/services.h"
 #include "ports/status_icon.h"
 
 #include <QMenu>
 #include <QObject>
 #include <QSystemTrayIcon>
 
-#include <functional>
-
-class QAction;
+#include <optional>
 
 namespace chimewell {
 
-/// The icon in the panel of a Linux desktop. Its menu offers what the panel window does, for desktops that
-/// only show menus.
+/// The icon in a panel that takes icons as windows of their own (freedesktop.org, System Tray Protocol), by
+/// Qt.
 class TrayIcon final : public QObject, public StatusIcon {
     Q_OBJECT
 public:
-    TrayIcon(Services& services, const std::function<void()>& openSettings);
+    TrayIcon();
 
     void show(const StatusIconState& state) override;
-    void setClickHandler(std::function<void(const ScreenArea& icon)> clicked) override;
+    void setHandlers(Handlers handlers) override;
 
 private:
-    ScreenArea place() const;
+    std::optional<ScreenArea> place() const;
 
-    std::function<void(const ScreenArea&)> clicked_;
+    Handlers handlers_;
     QMenu menu_;
-    QAction* muteAll_ = nullptr;
     QSystemTrayIcon icon_;
 };
 

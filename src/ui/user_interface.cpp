@@ -6,11 +6,11 @@
 #include "ui/look/chimewell_style.h"
 #include "ui/look/colours.h"
 #include "ui/onboarding/onboarding_window.h"
+#include "ui/panel/panel_place.h"
 #include "ui/settings/settings_window.h"
 
 #include <QApplication>
 #include <QEvent>
-#include <QRectF>
 
 #include <utility>
 
@@ -43,9 +43,8 @@ void UserInterface::setIcon(std::unique_ptr<StatusIcon> icon)
 {
     icon_ = std::move(icon);
     if (!icon_) return;
-    icon_->setClickHandler([this](const ScreenArea& place) {
-        openPanel(QRectF(place.x, place.y, place.width, place.height).toAlignedRect());
-    });
+    icon_->setHandlers({.clicked = [this](const auto& place) { click(place); },
+                        .chosen = [this](IconCommand command) { perform(command); }});
     showState();
 }
 
@@ -66,24 +65,41 @@ void UserInterface::activate()
     else if (icon_)
         openSettings();
     else
-        openPanel({});
+        openPanel(std::nullopt);
 }
 
-void UserInterface::openPanel(const QRect& icon)
+void UserInterface::click(const std::optional<ScreenArea>& icon)
 {
-    prepareLook();
-    if (panel_) {
-        // A second click on the icon closes it.
-        if (icon.isEmpty())
-            bringForward(*panel_);
-        else
-            panel_->close();
-        return;
+    if (panel_)
+        panel_->close();
+    else
+        openPanel(icon);
+}
+
+void UserInterface::perform(IconCommand command)
+{
+    switch (command) {
+    case IconCommand::openPanel:
+        return openPanel(std::nullopt);
+    case IconCommand::toggleMute:
+        return services_.actions.setMuted(!services_.store.settings().globalMuted);
+    case IconCommand::playSample:
+        return services_.actions.playSample();
+    case IconCommand::openSettings:
+        return openSettings();
+    case IconCommand::quit:
+        return services_.actions.quit();
     }
-    const auto form = icon.isEmpty() ? PanelWindow::Form::window : PanelWindow::Form::popUp;
-    panel_ = new PanelWindow(services_, windows(), form);
+}
+
+void UserInterface::openPanel(const std::optional<ScreenArea>& icon)
+{
+    if (panel_) return bringForward(*panel_);
+    prepareLook();
+    panel_ =
+        new PanelWindow(services_, windows(), icon_ ? PanelWindow::Form::popUp : PanelWindow::Form::window);
     addKeys(*panel_);
-    panel_->showBeside(icon);
+    panel_->showBeside(panelAnchor(icon));
     services_.actions.comeForward();
 }
 

@@ -9,7 +9,6 @@
 
 #include <QObject>
 #include <QPointer>
-#include <QRect>
 
 #include <cstdint>
 #include <memory>
@@ -37,7 +36,6 @@ public:
     void start();
     /// Call it when the user starts the application while it is running.
     void activate();
-    void openPanel(const QRect& icon);
     void openSettings();
     void openOnboarding();
 
@@ -48,6 +46,10 @@ private:
     bool eventFilter(QObject* watched, QEvent* event) override;
     Windows windows();
     void addKeys(QWidget& window);
+    void click(const std::optional<ScreenArea>& icon);
+    void perform(IconCommand command);
+    /// Beside the icon; as an ordinary window where there is no icon.
+    void openPanel(const std::optional<ScreenArea>& icon);
     void bringForward(QWidget& window);
     void showState();
     void prepareLook();

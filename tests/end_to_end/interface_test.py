@@ -11,7 +11,7 @@ import unittest
 import application
 from application import DORMANT_MARKER, stored
 from bus import BannerWatch, has_owner
-from interface import StatusNotifierIcon, press_keys, until_closed, until_in_front, window
+from interface import StatusNotifierIcon, output, press_keys, until_closed, until_in_front, window
 from waiting import until
 
 HOME = pathlib.Path(os.environ["HOME"])
@@ -149,6 +149,25 @@ class Panel(InterfaceTest):
         self.open_panel().find("Quit", "button").press()
         application.until_ended()
         self.assertTrue(DORMANT_MARKER.exists())
+
+    @unittest.skipUnless(has_owner(StatusNotifierIcon.WATCHER), "there is no bell")
+    def test_a_second_click_on_the_bell_closes_the_panel(self):
+        self.start()
+        icon = StatusNotifierIcon()
+        width = int(output("xdotool", "getdisplaygeometry").split()[0])
+
+        def until_open_at_the_bell():
+            left, top, wide, _ = self.window("Chimewell").area
+            self.assertTrue(top < 48 and width - 16 < left + wide <= width, f"the panel is at {left}, {top}")
+
+        for _ in range(2):
+            icon.click()
+            until_open_at_the_bell()
+            icon.click()
+            self.until_closed("Chimewell")
+        output("xdotool", "mousemove", "300", "400")
+        icon.activate()
+        until_open_at_the_bell()
 
 
 if __name__ == "__main__":

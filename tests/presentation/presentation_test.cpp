@@ -40,10 +40,11 @@ TEST(PanelModel, IconAndHeaderTellWhetherAlertsWillCome)
          {Case{false, "", false, "Setup needed"}, Case{false, "cursor", true, "Listening"},
           Case{true, "cursor", false, "Listening"}, Case{false, "other", false, "Setup needed"}}) {
         const AppSettings settings = settingsWith(c.muted, c.installed);
-        EXPECT_EQ(
-            statusIconState(settings, translator),
-            (StatusIconState{.isArmed = c.isArmed, .isMuted = c.muted, .label = "Chimewell — " + c.status}))
-            << c.installed;
+        const StatusIconState icon = statusIconState(settings, translator);
+        EXPECT_EQ(icon.isArmed, c.isArmed) << c.installed;
+        EXPECT_EQ(icon.label, "Chimewell — " + c.status);
+        EXPECT_EQ(icon.menu[1].label, "Mute all");
+        EXPECT_EQ(icon.menu[1].isChecked, c.muted);
         EXPECT_EQ(english(panelHeader(settings).status), c.status);
         EXPECT_EQ(panelHeader(settings).isListening, c.status == "Listening");
     }

@@ -234,7 +234,8 @@ TEST(EveryWindow, CutsNoTextNamesEachControlOnceAndSaysAllInTheUsersLanguage)
         SCOPED_TRACE(in.name);
         FilledWindows windows(in);
         const QRegularExpression names = windows.names();
-        const TrayIcon icon(windows.services, [] {});
+        TrayIcon icon;
+        icon.show(statusIconState(windows.services.store.settings(), windows.translator));
         windows.forEach([&](const QWidget& window) {
             expectNothingIsCut(window);
             expectControlsAreNamedOnce(window);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/linux/application.h"
 
+#include "platform/linux/tray/status_notifier_item.h"
 #include "platform/posix/temporary_file.h"
 #include "ui/tray_icon.h"
 
@@ -24,7 +25,8 @@ std::optional<std::string> xDisplay()
 
 Application::Application(const QDBusConnection& bus, FreedesktopApplication& host,
                          const Translator& translator, const Installation& installation)
-    : locale_({.words = translator.language(), .time = IcuUserLocale::timeOfEnvironment()}),
+    : bus_(bus),
+      locale_({.words = translator.language(), .time = IcuUserLocale::timeOfEnvironment()}),
       resources_({installation.programs}),
       center_(bus, timers_, tokens_),
       sounds_(installation.sounds),
@@ -48,7 +50,7 @@ Application::Application(const QDBusConnection& bus, FreedesktopApplication& hos
                  .activation = activation_}),
       signals_([this] { endWithSession(); }),
       interface_(services_, UserInterface::Palette::oursIfPlain),
-      trayHost_(bus, [this](bool isThere) { showIcon(isThere); }),
+      trayHost_(bus, [this](TrayKind kind) { showIcon(kind); }),
       appearance_(bus, [this](std::optional<bool> isDark) { interface_.setDark(isDark); })
 {
     services_.actions.onQuit = [this] { quitByUser(); };
@@ -72,11 +74,11 @@ Application::Application(const QDBusConnection& bus, FreedesktopApplication& hos
     interface_.start();
 }
 
-void Application::showIcon(bool hasHost)
+void Application::showIcon(TrayKind kind)
 {
-    interface_.setIcon(nullptr); // a host never sees two icons
-    if (hasHost)
-        interface_.setIcon(std::make_unique<TrayIcon>(services_, [this] { interface_.openSettings(); }));
+    interface_.setIcon(nullptr); // no host sees two icons
+    if (kind == TrayKind::statusNotifier) interface_.setIcon(std::make_unique<StatusNotifierItem>(bus_));
+    if (kind == TrayKind::selection) interface_.setIcon(std::make_unique<TrayIcon>());
 }
 
 void Application::act(const std::string& action)

@@ -10,9 +10,9 @@
 #include "platform/linux/session/freedesktop_application.h"
 #include "platform/linux/session/icu_user_locale.h"
 #include "platform/linux/session/termination_signals.h"
-#include "platform/linux/session/tray_host.h"
 #include "platform/linux/sound/pulse_system_sounds.h"
 #include "platform/linux/speech/ssip_speech_synthesizer.h"
+#include "platform/linux/tray/tray_host.h"
 #include "platform/linux/workspace/linux_workspace.h"
 #include "platform/posix/installed_resources.h"
 #include "platform/posix/posix_clock.h"
@@ -50,11 +50,12 @@ private Q_SLOTS:
     void endWithSession();
 
 private:
-    void showIcon(bool hasHost);
+    void showIcon(TrayKind kind);
     void act(const std::string& action);
     void quitByUser();
 
     // Members are created in this order.
+    QDBusConnection bus_;
     XdgUserFolders folders_;
     PosixFiles files_;
     PosixClock clock_;

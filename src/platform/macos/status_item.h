@@ -17,7 +17,7 @@ public:
 
     /// In the menu bar's own colour.
     void show(const StatusIconState& state) override;
-    void setClickHandler(std::function<void(const ScreenArea& icon)> clicked) override;
+    void setHandlers(Handlers handlers) override;
 
 private:
     ScreenArea place() const;

@@ -40,10 +40,10 @@ StatusItem::~StatusItem()
     [NSStatusBar.systemStatusBar removeStatusItem:item_->item];
 }
 
-void StatusItem::setClickHandler(std::function<void(const ScreenArea&)> clicked)
+void StatusItem::setHandlers(Handlers handlers)
 {
     item_->target.clicked = ^{
-        clicked(place());
+        handlers.clicked(place());
     };
 }
 

@@ -100,7 +100,14 @@ void PanelWindow::paintEvent(QPaintEvent*)
 
 void PanelWindow::mousePressEvent(QMouseEvent* event)
 {
-    if (form_ == Form::popUp && !rect().contains(event->pos())) close();
+    isLeaving_ = form_ == Form::popUp && !rect().contains(event->pos());
+}
+
+void PanelWindow::mouseReleaseEvent(QMouseEvent*)
+{
+    // Not on the press: that would end the grab, and the icon's host would take the release for a click on
+    // the icon, which opens the panel again.
+    if (isLeaving_) close();
 }
 
 void PanelWindow::changeEvent(QEvent* event)

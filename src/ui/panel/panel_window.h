@@ -29,6 +29,7 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -39,6 +40,7 @@ private:
     PanelContent* content_;
     QRect anchor_;
     bool isGrabbing_ = false; ///< The mouse, if the platform allows.
+    bool isLeaving_ = false;  ///< A button was pressed outside.
 };
 
 }

@@ -4,7 +4,7 @@
 #include "harness/wait_until.h"
 #include "platform/linux/session/desktop_appearance.h"
 #include "platform/linux/session/freedesktop_application.h"
-#include "platform/linux/session/tray_host.h"
+#include "platform/linux/tray/tray_host.h"
 #include "support/bus_object.h"
 
 #include <QDBusMessage>
@@ -78,16 +78,17 @@ TEST_F(FreedesktopSessionTest, FollowsTraysThatComeAndGo)
 {
     const QString name = u"org.kde.StatusNotifierWatcher"_s;
     const QString path = u"/StatusNotifierWatcher"_s;
-    std::vector<bool> told;
-    const auto hears = [&](bool isThere) {
-        return waitUntil([&] { return !told.empty() && told.back() == isThere; });
+    using enum TrayKind;
+    std::vector<TrayKind> told;
+    const auto hears = [&](TrayKind kind) {
+        return waitUntil([&] { return !told.empty() && told.back() == kind; });
     };
     const BusObject first(bus.connection(u"first panel"_s), name, path, {variant(true)});
-    const TrayHost host(connection, [&](bool isThere) { told.push_back(isThere); });
+    const TrayHost host(connection, [&](TrayKind kind) { told.push_back(kind); });
     EXPECT_TRUE(told.empty()); // never before the event loop
-    EXPECT_TRUE(hears(true));
+    EXPECT_TRUE(hears(statusNotifier));
     QDBusConnection::disconnectFromBus(u"first panel"_s); // it crashes
-    EXPECT_TRUE(hears(false));
+    EXPECT_TRUE(hears(none));
 
     QDBusConnection panel = bus.connection(u"second panel"_s);
     BusObject second(panel, name, path, {variant(false)}); // a watcher alone shows nothing yet
@@ -103,10 +104,10 @@ TEST_F(FreedesktopSessionTest, FollowsTraysThatComeAndGo)
     EXPECT_EQ(told.size(), 2U);
     tell(true);
     tell(true); // a second host changes nothing
-    EXPECT_TRUE(hears(true));
+    EXPECT_TRUE(hears(statusNotifier));
     tell(false);
-    EXPECT_TRUE(hears(false));
-    EXPECT_EQ(told, (std::vector{true, false, true, false}));
+    EXPECT_TRUE(hears(none));
+    EXPECT_EQ(told, (std::vector{statusNotifier, none, statusNotifier, none}));
 }
 
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/session/tray_host.h"
+#include "platform/linux/tray/tray_host.h"
 
 #include "platform/linux/freedesktop/dbus_call.h"
 
@@ -41,7 +41,7 @@ xcb_atom_t atom(xcb_connection_t* connection, std::string_view name)
 
 }
 
-TrayHost::TrayHost(QDBusConnection bus, std::function<void(bool)> changed)
+TrayHost::TrayHost(QDBusConnection bus, std::function<void(TrayKind)> changed)
     : bus_(std::move(bus)),
       watcher_(watcherName, bus_, QDBusServiceWatcher::WatchForOwnerChange),
       changed_(std::move(changed))
@@ -95,10 +95,10 @@ bool TrayHost::hasSelectionOwner()
 void TrayHost::tell(bool hasNotifierHost)
 {
     const bool hasOwner = hasSelectionOwner();
-    if (!kind_ && (hasNotifierHost || hasOwner))
-        kind_ = hasNotifierHost ? Kind::statusNotifier : Kind::selection;
-    const bool isThere = kind_ == Kind::selection ? hasOwner : hasNotifierHost;
-    if (std::exchange(isThere_, isThere) != isThere) changed_(isThere);
+    const TrayKind kind = hasNotifierHost ? TrayKind::statusNotifier
+                          : hasOwner      ? TrayKind::selection
+                                          : TrayKind::none;
+    if (std::exchange(kind_, kind) != kind) changed_(kind);
 }
 
 bool TrayHost::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*)
