@@ -235,7 +235,7 @@ TEST(EveryWindow, CutsNoTextNamesEachControlOnceAndSaysAllInTheUsersLanguage)
         FilledWindows windows(in);
         const QRegularExpression names = windows.names();
         TrayIcon icon;
-        icon.show(statusIconState(windows.services.store.settings(), windows.translator));
+        icon.show(statusIconState(windows.services.store.settings(), windows.services.ports.translator));
         windows.forEach([&](const QWidget& window) {
             expectNothingIsCut(window);
             expectControlsAreNamedOnce(window);
