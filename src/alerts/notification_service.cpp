@@ -69,10 +69,11 @@ void NotificationService::requestAuthorization()
     });
 }
 
-bool NotificationService::post(const Phrase& title, const Phrase& body, const std::optional<std::string>& cwd,
-                               const std::optional<std::string>& term)
+std::optional<std::string> NotificationService::post(const Phrase& title, const Phrase& body,
+                                                     const std::optional<std::string>& cwd,
+                                                     const std::optional<std::string>& term)
 {
-    if (!center_.isAvailable()) return false;
+    if (!center_.isAvailable()) return std::nullopt;
     NotificationRequest request{.identifier = random_.uuid(),
                                 .categoryIdentifier = categoryIdentifier,
                                 .title = readableLine(translator_.translate(title)),
@@ -81,7 +82,7 @@ bool NotificationService::post(const Phrase& title, const Phrase& body, const st
     if (cwd) request.userInfo.emplace(cwdKey, *cwd);
     if (term) request.userInfo.emplace(termKey, *term);
     center_.post(request);
-    return true;
+    return request.identifier;
 }
 
 void NotificationService::publish(NotificationPermission permission)

@@ -39,9 +39,11 @@ public:
     void refreshStatus();
     /// Asks the user unless that has been done before. Then reads the permission again.
     void requestAuthorization();
-    /// True when the banner was handed to the system, false when banners are unavailable.
-    bool post(const Phrase& title, const Phrase& body, const std::optional<std::string>& cwd,
-              const std::optional<std::string>& term);
+    /// The identifier of the banner that was handed to the system; absent when banners are unavailable.
+    std::optional<std::string> post(const Phrase& title, const Phrase& body,
+                                    const std::optional<std::string>& cwd,
+                                    const std::optional<std::string>& term);
+    void withdraw(const std::string& banner) { center_.withdraw(banner); }
     void openSystemSettings() { center_.openSystemSettings(); }
 
 private:

@@ -37,8 +37,8 @@ bool isIdlePrompt(const EventPayload& payload)
 
 void EventRouter::handle(const EventPayload& payload)
 {
-    // Before any filter: an event that raises no alert still ends or settles reminders.
-    updateReminders(payload);
+    // Before any filter: an event that raises no alert still ends a wait.
+    updateWaits(payload);
     if (isSilent(payload.type) || isIdlePrompt(payload)) return;
 
     const AppSettings& settings = with_.store.settings();
@@ -59,13 +59,17 @@ void EventRouter::fireReminder(const EventPayload& payload)
     alert(payload, *setting, Occasion::reminder);
 }
 
-void EventRouter::updateReminders(const EventPayload& payload)
+void EventRouter::updateWaits(const EventPayload& payload)
 {
+    const std::string key = payload.sessionKey();
     if (payload.type == CanonicalEvent::userActed) {
-        with_.reminders.cancel(payload.sessionKey());
-        with_.reminders.unsettle(payload.sessionKey());
+        with_.reminders.cancel(key);
+        with_.reminders.unsettle(key);
+        waitingBanners_.withdraw(key);
     } else if (payload.type == CanonicalEvent::finished) {
         with_.reminders.markSettled(payload, with_.clock.instant());
+        waitingBanners_.withdraw(key);
+        waitingBanners_.withdraw(noSessionKey);
     }
 }
 
@@ -87,11 +91,12 @@ void EventRouter::alert(const EventPayload& payload, const EventSetting& setting
     const bool isReminder = occasion == Occasion::reminder;
     if (isReminder || !payload.isTest) with_.history.add(payload, isReminder);
     with_.audio.play(setting);
-    // False only if banners are unavailable. The settings show that.
-    if (setting.showPopup)
-        static_cast<void>(with_.notifications.post(alertTitle(payload, isReminder),
-                                                   alertBody(payload.type, payload.message), payload.cwd,
-                                                   payload.term));
+    if (!setting.showPopup) return;
+    // Absent only if banners are unavailable. The settings show that.
+    const auto banner = with_.notifications.post(
+        alertTitle(payload, isReminder), alertBody(payload.type, payload.message), payload.cwd, payload.term);
+    if (banner && payload.type == CanonicalEvent::waitingInput)
+        waitingBanners_.add(payload.sessionKey(), *banner);
 }
 
 }

@@ -6,6 +6,7 @@
 #include "base/last_seen.h"
 #include "events/event_history.h"
 #include "events/reminder_manager.h"
+#include "events/waiting_banners.h"
 #include "ports/clock.h"
 #include "settings/settings_store.h"
 #include "values/event_payload.h"
@@ -27,7 +28,8 @@ public:
         ReminderManager& reminders;
         const Clock& clock;
     };
-    explicit EventRouter(Collaborators with) : with_(with) {} ///< All of them outlive the router.
+    /// All of them outlive the router.
+    explicit EventRouter(Collaborators with) : with_(with), waitingBanners_(with.notifications) {}
 
     void handle(const EventPayload& payload);
     /// Alerts once more for a payload that is still waiting. `ReminderManager`, which calls it, has checked
@@ -43,11 +45,13 @@ public:
 private:
     enum class Occasion { first, reminder };
 
-    void updateReminders(const EventPayload& payload);
+    /// Ends or settles the reminders of a session that no longer waits, and withdraws its banners.
+    void updateWaits(const EventPayload& payload);
     bool isRepeat(const EventPayload& payload);
     void alert(const EventPayload& payload, const EventSetting& setting, Occasion occasion);
 
     Collaborators with_;
+    WaitingBanners waitingBanners_;
     LastSeen lastPresentedAt_{throttleCapacity}; ///< By raw event name, "|" and session.
 };
 

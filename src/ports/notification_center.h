@@ -50,6 +50,9 @@ public:
     virtual void requestPermission(std::function<void()> done) = 0;
     /// Shows the banner at once, without a sound.
     virtual void post(const NotificationRequest& request) = 0;
+    /// Removes the banner, also from the system's list of past ones where it can. Does nothing for one that
+    /// is gone.
+    virtual void withdraw(const std::string& identifier) = 0;
     virtual void openSystemSettings() = 0;
     /// `changed` runs whenever the availability or the permission may have changed.
     virtual void setChangeHandler(std::function<void()> changed) = 0;

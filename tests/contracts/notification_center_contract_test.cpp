@@ -159,11 +159,11 @@ protected:
     NotificationCenter& center() { return desktop->center(); }
     void post(const std::string& title, const std::string& body)
     {
-        center().post({.identifier = title,
+        center().post({.identifier = title + body,
                        .categoryIdentifier = "AGENT_EVENT",
                        .title = title,
                        .body = body,
-                       .userInfo = {{"term", "kitty"}}});
+                       .userInfo = {{"term", title}}});
     }
     bool comesToShow(int count)
     {
@@ -188,7 +188,7 @@ TEST_P(NotificationCenterContract, ShowsABannerAsWrittenAndReportsItsClick)
     ASSERT_TRUE(comesToShow(1));
     desktop->click();
     ASSERT_TRUE(waitUntil([&] { return !responses.empty(); }));
-    EXPECT_EQ(responses, std::vector<std::string>{"kitty"});
+    EXPECT_EQ(responses, std::vector<std::string>{"Agent <b>is</b> done"});
     const std::string text = "Agent <b>is</b> done\na < b && <b>bold</b> &amp;";
     EXPECT_EQ(desktop->read().value_or(text), text);
 }
@@ -198,6 +198,19 @@ TEST_P(NotificationCenterContract, ABannerNeverReplacesAnother)
     for (int i = 0; i < 3; ++i)
         post("same", "text " + std::to_string(i)); // dunst itself joins those of the same text
     EXPECT_TRUE(comesToShow(3));
+}
+
+TEST_P(NotificationCenterContract, OnlyTheBannerThatIsWithdrawnGoesAway)
+{
+    post("answered", "");
+    post("stays", "");
+    ASSERT_TRUE(comesToShow(2));
+    center().withdraw("answered");
+    center().withdraw("answered");
+    ASSERT_TRUE(comesToShow(1));
+    desktop->click();
+    ASSERT_TRUE(waitUntil([&] { return !responses.empty(); }));
+    EXPECT_EQ(responses, std::vector<std::string>{"stays"});
 }
 
 TEST_P(NotificationCenterContract, ABannerIsNotLostWhileTheServerHangs)

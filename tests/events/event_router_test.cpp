@@ -68,7 +68,7 @@ TEST_F(EventRouterTest, AlertsInEveryWayThatIsSwitchedOn)
     router.handle(event(CanonicalEvent::finished));
     EXPECT_EQ(history.entries().size(), 2u);
     EXPECT_EQ(alerts(), 1u);
-    EXPECT_EQ(center.posted.size(), 1u);
+    EXPECT_TRUE(center.posted.empty()); // it no longer waits
 }
 
 TEST_F(EventRouterTest, ComposesTheBannerFromWhatThereIs)
@@ -230,6 +230,45 @@ TEST_F(EventRouterTest, UpdatesRemindersWhileMuted)
     time.advance(6s);
     router.handle(waiting());
     EXPECT_EQ(time.runningTimers(), 1u);
+}
+
+TEST_F(EventRouterTest, ABannerThatSaysWaitingGoesAwayWhenItIsNoLongerTrue)
+{
+    const struct {
+        CanonicalEvent type;
+        std::optional<std::string> session;
+        std::vector<std::optional<std::string>> stillShown;
+    } cases[] = {
+        {CanonicalEvent::userActed, "S", {"T", std::nullopt}},
+        {CanonicalEvent::userActed, std::nullopt, {"S", "T"}},
+        {CanonicalEvent::finished, "S", {"T"}}, // and those without a session, as the reminders do
+        {CanonicalEvent::error, "S", {"S", "T", std::nullopt}},
+        {CanonicalEvent::waitingInput, "S", {"S", "T", std::nullopt}},
+    };
+    for (const auto& c : cases) {
+        for (const auto& session : {std::optional<std::string>("S"), std::optional<std::string>("T"), {}}) {
+            EventPayload payload = event(CanonicalEvent::waitingInput, session);
+            payload.cwd = "/" + session.value_or("none");
+            router.handle(payload);
+        }
+        time.advance(185s); // each has a reminder's banner, too
+        EXPECT_EQ(center.posted.size(), 6u);
+        set([](AppSettings& settings) { settings.globalMuted = true; });
+        router.handle(event(c.type, c.session));
+        set([](AppSettings& settings) { settings.globalMuted = false; });
+        std::vector<std::string> shown, expected;
+        for (const NotificationRequest& banner : center.posted)
+            shown.push_back(banner.userInfo.at("cwd"));
+        for (int i = 0; i < 2; ++i)
+            for (const auto& session : c.stillShown)
+                expected.push_back("/" + session.value_or("none"));
+        EXPECT_EQ(shown, expected) << rawName(c.type);
+        for (const auto& session : c.stillShown)
+            router.handle(event(CanonicalEvent::userActed, session));
+        EXPECT_TRUE(center.posted.empty());
+        router.handle(event(CanonicalEvent::userActed)); // not settled any more
+    }
+    EXPECT_EQ(history.entries().size(), EventHistory::capacity); // which forgets none of them
 }
 
 TEST_F(EventRouterTest, RemindsOnlyWhereTheUserWantsIt)

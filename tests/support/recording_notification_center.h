@@ -3,11 +3,12 @@
 
 #include "ports/notification_center.h"
 
+#include <string>
 #include <vector>
 
 namespace chimewell::test {
 
-/// Remembers what was posted; the test plays the user and the system.
+/// Shows what was posted; the test plays the user and the system.
 class RecordingNotificationCenter : public NotificationCenter {
 public:
     bool isAvailable() const override { return available; }
@@ -28,6 +29,10 @@ public:
         done();
     }
     void post(const NotificationRequest& request) override { posted.push_back(request); }
+    void withdraw(const std::string& identifier) override
+    {
+        std::erase_if(posted, [&](const auto& each) { return each.identifier == identifier; });
+    }
     void openSystemSettings() override {}
     void setChangeHandler(std::function<void()> newChanged) override { changed = std::move(newChanged); }
 
@@ -37,7 +42,7 @@ public:
     NotificationPermission userAnswers = NotificationPermission::authorized;
     int requests = 0;
     NotificationCategory category;
-    std::vector<NotificationRequest> posted;
+    std::vector<NotificationRequest> posted; ///< And not withdrawn.
     std::function<void(const NotificationResponse&)> respond;
     std::function<void()> changed;
 };

@@ -56,6 +56,7 @@ public:
     void close(uint banner) { tell("NotificationClosed", banner, 2U); }
 
     std::vector<Banner> banners;
+    std::vector<uint> withdrawn;
     int capabilityQuestions = 0;
 
     QString introspect(const QString&) const override { return {}; }
@@ -73,6 +74,10 @@ public:
             banners.push_back(
                 {arguments, arguments[3].toString(), arguments[4].toString(), arguments[5].toStringList()});
             reply = message.createReply(static_cast<uint>(banners.size()));
+        } else if (message.member() == QStringLiteral("CloseNotification")) {
+            withdrawn.push_back(message.arguments().value(0).toUInt());
+            close(withdrawn.back());
+            reply = message.createReply();
         } else {
             return false;
         }

@@ -4,6 +4,7 @@
 #include "ports/notification_center.h"
 
 #include <memory>
+#include <string>
 
 namespace chimewell {
 
@@ -20,6 +21,7 @@ public:
     void readPermission(std::function<void(NotificationPermission)> done) override;
     void requestPermission(std::function<void()> done) override;
     void post(const NotificationRequest& request) override;
+    void withdraw(const std::string& identifier) override;
     void openSystemSettings() override;
     /// Runs when the application becomes active: the user may come back from System Settings.
     void setChangeHandler(std::function<void()> changed) override;

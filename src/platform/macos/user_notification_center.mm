@@ -173,6 +173,11 @@ void UserNotificationCenter::post(const NotificationRequest& request)
     [center() addNotificationRequest:made withCompletionHandler:nil];
 }
 
+void UserNotificationCenter::withdraw(const std::string& identifier)
+{
+    [center() removeDeliveredNotificationsWithIdentifiers:@[ foundationText(identifier) ]];
+}
+
 void UserNotificationCenter::openSystemSettings()
 {
     NSURL* const page = [NSURL URLWithString:@"x-apple.systempreferences:com.apple.preference.notifications"];

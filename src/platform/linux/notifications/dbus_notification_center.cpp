@@ -32,10 +32,9 @@ QString serverPath()
     return u"/org/freedesktop/Notifications"_s;
 }
 
-QDBusMessage serverCall(const char* method)
+QDBusMessage serverCall(const char* method, const QString& server = serverName())
 {
-    return QDBusMessage::createMethodCall(serverName(), serverPath(), serverName(),
-                                          QString::fromLatin1(method));
+    return QDBusMessage::createMethodCall(server, serverPath(), serverName(), QString::fromLatin1(method));
 }
 
 /// For servers that understand markup.
@@ -126,6 +125,22 @@ void DbusNotificationCenter::post(const NotificationRequest& request)
             sendWaiting();
         });
     proceed();
+}
+
+void DbusNotificationCenter::withdraw(const std::string& identifier)
+{
+    if (const auto banner = std::ranges::find(banners_, identifier, &Banner::identifier);
+        banner != banners_.end())
+        close(banner->id);
+    else if (std::erase_if(waiting_, [&](const auto& each) { return each.identifier == identifier; }) == 0 &&
+             unanswered_ > 0)
+        earlyWithdrawals_.insert(identifier);
+}
+
+void DbusNotificationCenter::close(uint id)
+{
+    // To this server alone: another one numbers its banners from 1 again, and none is to be started.
+    if (hasServer()) bus_.send(serverCall("CloseNotification", *owner_) << id);
 }
 
 void DbusNotificationCenter::findActivatable()
@@ -235,18 +250,19 @@ void DbusNotificationCenter::send(const NotificationRequest& request)
 {
     ++unanswered_;
     listenWhileNeeded();
-    callAsync(
-        bus_, notifyCall(request), this,
-        [this, userInfo = request.userInfo, asked = owner_.value_or(QString())](const QDBusMessage& reply) {
-            --unanswered_;
-            // An answer of a server that was replaced in the meantime names a banner that no longer exists.
-            // A reply does not name its sender in every version of Qt.
-            const QVariant id = firstArgument(reply);
-            if (id.isValid() && (asked.isEmpty() || asked == owner_)) remember(id.toUInt(), userInfo);
-            for (const QDBusMessage& signal : std::exchange(earlySignals_, {}))
-                onSignal(signal);
-            listenWhileNeeded();
-        });
+    callAsync(bus_, notifyCall(request), this,
+              [this, request, asked = owner_.value_or(QString())](const QDBusMessage& reply) {
+                  --unanswered_;
+                  // An answer of a server that was replaced in the meantime names a banner that no longer
+                  // exists. A reply does not name its sender in every version of Qt.
+                  const QVariant id = firstArgument(reply);
+                  if (id.isValid() && (asked.isEmpty() || asked == owner_)) remember(id.toUInt(), request);
+                  for (const QDBusMessage& signal : std::exchange(earlySignals_, {}))
+                      onSignal(signal);
+                  if (earlyWithdrawals_.erase(request.identifier) > 0) withdraw(request.identifier);
+                  if (unanswered_ == 0) earlyWithdrawals_.clear();
+                  listenWhileNeeded();
+              });
 }
 
 QDBusMessage DbusNotificationCenter::notifyCall(const NotificationRequest& request) const
@@ -279,10 +295,10 @@ QDBusMessage DbusNotificationCenter::notifyCall(const NotificationRequest& reque
     return call;
 }
 
-void DbusNotificationCenter::remember(uint id, const std::map<std::string, std::string>& userInfo)
+void DbusNotificationCenter::remember(uint id, const NotificationRequest& request)
 {
     if (const auto before = find(id); before != banners_.end()) banners_.erase(before);
-    banners_.push_back({.id = id, .userInfo = userInfo});
+    banners_.push_back({.id = id, .identifier = request.identifier, .userInfo = request.userInfo});
     if (banners_.size() > maxClickable) banners_.pop_front();
 }
 

@@ -18,6 +18,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -41,6 +42,8 @@ public:
     /// The first banner for a server waits until its capabilities are known, at most a second. While 64
     /// banners are unanswered, further ones are dropped.
     void post(const NotificationRequest& request) override;
+    /// A banner whose number the server hasn't told yet is closed when it does.
+    void withdraw(const std::string& identifier) override;
     void openSystemSettings() override;
     void setChangeHandler(std::function<void()> changed) override;
 
@@ -56,7 +59,8 @@ private:
         bool bannerClicks = true; ///< It reports clicks on the banner itself, not only on its buttons.
     };
     struct Banner {
-        uint id;
+        uint id; ///< The server's number.
+        std::string identifier;
         std::map<std::string, std::string> userInfo;
     };
 
@@ -72,7 +76,8 @@ private:
     void sendWaiting();
     void send(const NotificationRequest& request);
     QDBusMessage notifyCall(const NotificationRequest& request) const;
-    void remember(uint id, const std::map<std::string, std::string>& userInfo);
+    void remember(uint id, const NotificationRequest& request);
+    void close(uint id);
     std::deque<Banner>::iterator find(uint id);
     void click(const Banner& banner, const QString& action);
     void listenWhileNeeded();
@@ -103,7 +108,8 @@ private:
     std::vector<NotificationRequest> waiting_; ///< Until the capabilities are known.
     std::unique_ptr<Timer> timeout_;           ///< Runs while banners wait for the capabilities.
     bool listening_ = false;
-    std::size_t unanswered_ = 0; ///< Banners sent and not yet acknowledged.
+    std::size_t unanswered_ = 0;             ///< Banners sent and not yet acknowledged.
+    std::set<std::string> earlyWithdrawals_; ///< Identifiers of banners that may be among them.
 };
 
 }

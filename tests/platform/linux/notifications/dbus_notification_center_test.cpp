@@ -221,6 +221,42 @@ TEST_F(DbusNotificationCenterTest, AClickThatArrivesBeforeTheBannersIdIsNotLost)
     EXPECT_EQ(responses, (Texts{"default b token", "default a "}));
 }
 
+TEST_F(DbusNotificationCenterTest, ABannerIsWithdrawnHoweverFarItCame)
+{
+    startServer();
+    center->withdraw("id-unknown");
+    post("shown");
+    post("closed by the user");
+    ASSERT_TRUE(serverGets(2));
+    server->close(2);
+    synchronize();
+    center->withdraw("id-shown");
+    center->withdraw("id-closed by the user");
+    server->hold();
+    post("unanswered");
+    post("kept");
+    center->withdraw("id-unanswered");
+    synchronize();
+    server->answerHeld();
+    ASSERT_TRUE(waitUntil([&] { return server->withdrawn.size() == 2; }));
+    EXPECT_EQ(server->withdrawn, (std::vector<uint>{1, 3}));
+
+    const auto old = std::move(server); // the new one knows nothing of the old one's banners
+    startServer();
+    ASSERT_TRUE(waitUntil([&] { return center->isAvailable(); }));
+    synchronize();
+    server->hold();
+    center->withdraw("id-kept");
+    post("waiting for the capabilities");
+    center->withdraw("id-waiting for the capabilities");
+    synchronize();
+    server->answerHeld();
+    post("last");
+    ASSERT_TRUE(serverGets(1));
+    EXPECT_EQ(server->banners[0].title, u"last"_s);
+    EXPECT_TRUE(server->withdrawn.empty());
+}
+
 TEST_F(DbusNotificationCenterTest, IsWokenByServersOnlyWhileItHasBanners)
 {
     const QString daemon = u"org.freedesktop.DBus"_s;

@@ -104,6 +104,7 @@ NS_EXTERN NSString* const UNNotificationDefaultActionIdentifier;
     (void (^)(UNNotificationSettings* settings))completionHandler;
 - (void)addNotificationRequest:(UNNotificationRequest*)request
          withCompletionHandler:(void (^_Nullable)(NSError* _Nullable error))completionHandler;
+- (void)removeDeliveredNotificationsWithIdentifiers:(NSArray<NSString*>*)identifiers;
 @end
 
 #pragma clang assume_nonnull end
