@@ -114,7 +114,7 @@ TEST_F(UserNotificationCenterTest, PostsBannersOfOneCategory)
     EXPECT_EQ(content["userInfo"].texts(),
               (std::map<std::string, std::string>{{"cwd", "/srv/ä"}, {"term", "kitty"}}));
     center->withdraw("uuid-1");
-    EXPECT_EQ(system()["removeDeliveredNotificationsWithIdentifiers"]["0"].text(), "uuid-1");
+    EXPECT_EQ(system()["identifiers"]["0"].text(), "uuid-1");
 }
 
 TEST_F(UserNotificationCenterTest, HandsClicksToTheMainThreadAndTellsTheSystem)
