@@ -39,7 +39,7 @@ test_packages=(
 # To compile and link for macOS.
 macos_packages=(
     clang-19 lld-19 llvm-19 libc++-19-dev libc++abi-19-dev
-    cmake ninja-build pkg-config libutf8proc-dev
+    cmake ninja-build pkg-config libutf8proc-dev libgtest-dev
 )
 
 # To measure it: the frame, the peers, the counter of instructions.

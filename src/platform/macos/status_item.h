@@ -18,10 +18,10 @@ public:
     /// In the menu bar's own colour.
     void show(const StatusIconState& state) override;
     void setHandlers(Handlers handlers) override;
-
-private:
+    /// Empty until the menu bar has made room.
     ScreenArea place() const;
 
+private:
     struct Item;
     std::unique_ptr<Item> item_;
 };

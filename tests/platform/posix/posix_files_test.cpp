@@ -86,7 +86,7 @@ TEST_F(PosixFilesTest, ReplacesTheEndOfAChainOfLinksAndKeepsTheLinks)
 TEST_F(PosixFilesTest, ANewFileHasTheRightsOfTheOneThatItReplaces)
 {
     const fs::path file = folder.write("file", "old");
-    for (const mode_t mode : {0600U, 0444U, 0666U}) {
+    for (const mode_t mode : {mode_t{0600}, mode_t{0444}, mode_t{0666}}) {
         ASSERT_EQ(::chmod(file.c_str(), mode), 0);
         EXPECT_TRUE(files.replace(file, "old") && files.exchange(file, "old", "old"));
         EXPECT_TRUE(files.writeCopy(at / "copy", "old", file));
@@ -172,7 +172,7 @@ TEST_F(PosixFilesTest, MakesPrivateFoldersWhoeverElseMakesThemToo)
         for (int i = 0; i < 500; ++i)
             if (!PosixFiles().createFolders(at / std::to_string(i) / "b/")) ++failures;
     };
-    std::jthread other(makeMany);
+    std::thread other(makeMany);
     makeMany();
     other.join();
     EXPECT_EQ(failures, 0);

@@ -32,6 +32,7 @@ NS_EXTERN const NSNotificationName NSApplicationWillFinishLaunchingNotification;
 
 @interface NSApplication : NSObject
 @property (class, readonly, strong) NSApplication* sharedApplication;
+- (void)run;
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)activationPolicy;
 // Not deprecated before 14, which has a request that other applications may refuse in its place.
 - (void)activateIgnoringOtherApps:(BOOL)ignoreOtherApps;

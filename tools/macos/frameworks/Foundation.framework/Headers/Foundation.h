@@ -116,6 +116,7 @@ typedef struct {
 
 @interface NSDate : NSObject
 + (instancetype)dateWithTimeIntervalSince1970:(NSTimeInterval)secs;
++ (instancetype)dateWithTimeIntervalSinceNow:(NSTimeInterval)secs;
 @end
 
 @interface NSTimeZone : NSObject
@@ -223,6 +224,7 @@ NS_EXTERN const NSRunLoopMode NSRunLoopCommonModes;
 @interface NSRunLoop : NSObject
 @property (class, readonly, strong) NSRunLoop* mainRunLoop;
 - (void)addTimer:(NSTimer*)timer forMode:(NSRunLoopMode)mode;
+- (void)runUntilDate:(NSDate*)limitDate;
 @end
 
 @interface NSAppleEventDescriptor : NSObject
