@@ -13,7 +13,7 @@ import application
 from interface import StatusNotifierIcon
 from waiting import until
 
-PANELS, SETTINGS, REST_SECONDS = 5, 3, 60
+PANELS, SETTINGS, REST_SECONDS = 20, 3, 60
 
 
 class MappedWindows:
@@ -79,7 +79,7 @@ def main():
     icon = StatusNotifierIcon()
     rested(process)
     before = proportional_kilobytes(process)
-    print("panel, ms                                  ", milliseconds(icon.click, "Escape", PANELS))
+    print("panel, ms                                  ", milliseconds(icon.activate, "Escape", PANELS))
     print("settings, ms                               ",
           milliseconds(lambda: application.act("settings"), "ctrl+w", SETTINGS))
     rested(process)
