@@ -5,6 +5,7 @@
 #include "values/texts.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace chimewell {
 

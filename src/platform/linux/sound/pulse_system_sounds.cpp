@@ -12,6 +12,7 @@
 #include <pulse/stream.h>
 
 #include <chrono>
+#include <cstdint>
 #include <optional>
 #include <utility>
 
