@@ -11,6 +11,9 @@ build_packages=(
     qt6-tools-dev qt6-l10n-tools
 )
 
+# To make the package for Debian. debian/control names those to build with once more.
+packaging_packages=(build-essential debhelper)
+
 # To run it as an installed program, with every kind of alert.
 run_packages=(
     'qt6-svg-plugins|libqt6svg6' qt6-translations-l10n
