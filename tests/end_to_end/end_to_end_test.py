@@ -21,7 +21,7 @@ BUILD = ""
 class EndToEnd(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        cls.installed = application.Installation(BUILD)
+        cls.installed = application.install(BUILD)
 
     def setUp(self):
         MARKER.unlink(missing_ok=True)

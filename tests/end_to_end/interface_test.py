@@ -171,5 +171,5 @@ class Panel(InterfaceTest):
 
 
 if __name__ == "__main__":
-    INSTALLED = application.Installation(sys.argv.pop(1))
+    INSTALLED = application.install(sys.argv.pop(1))
     unittest.main(verbosity=2)

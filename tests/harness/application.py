@@ -59,16 +59,21 @@ def stored():
     return {"events": [], "globalMuted": False, **json.loads(SETTINGS.read_text())}
 
 
-class Installation:
-    """What is built in a folder, installed for the user of the desktop."""
+def install(build):
+    """Installs what is built in a folder for the user of the desktop."""
+    prefix = pathlib.Path(os.environ["HOME"], ".local")
+    subprocess.run(["cmake", "--install", build, "--prefix", prefix], check=True, stdout=subprocess.DEVNULL)
+    subprocess.run(["update-desktop-database", prefix / "share/applications"], check=True)
+    bus.call_bus("ReloadConfig")
+    return Installation(prefix)
 
-    def __init__(self, build):
-        self.prefix = pathlib.Path(os.environ["HOME"], ".local")
-        self.program = self.prefix / "bin/chimewell"
-        self.helper = self.prefix / "libexec/chimewell/chimewell-hook"
-        subprocess.run(["cmake", "--install", build, "--prefix", self.prefix], check=True, stdout=subprocess.DEVNULL)
-        subprocess.run(["update-desktop-database", self.prefix / "share/applications"], check=True)
-        bus.call_bus("ReloadConfig")
+
+class Installation:
+    """The programs below a prefix."""
+
+    def __init__(self, prefix):
+        self.program = pathlib.Path(prefix, "bin/chimewell")
+        self.helper = pathlib.Path(prefix, "libexec/chimewell/chimewell-hook")
 
     def start(self):
         """By hand, without the bus; its process."""

@@ -20,7 +20,7 @@ def photograph(file):
 
 def main():
     build, screenshot = sys.argv[1], pathlib.Path(sys.argv[2])
-    installed = application.Installation(build)
+    installed = application.install(build)
     project = pathlib.Path(os.environ["HOME"], "projects/paint-shop")
     project.mkdir(parents=True)
     watch = BannerWatch()

@@ -150,7 +150,7 @@ class RealAgents(unittest.TestCase):
 def main():
     global AGENTS, INSTALLED, DRIVER
     build, cache = sys.argv[1:3]
-    INSTALLED = application.Installation(build)
+    INSTALLED = application.install(build)
     DRIVER = pathlib.Path(build, "tests/hooks/hook_driver")
     with model_server() as server:
         try:
