@@ -885,5 +885,13 @@
         <source>Chimewell runs from a disk image or from where it was downloaded. Move it to the Applications folder, open it there and try again.</source>
         <translation>Chimewell läuft von einem Disk-Image oder von dort, wohin es geladen wurde. Chimewell in den Ordner „Programme“ bewegen, dort öffnen und noch einmal versuchen.</translation>
     </message>
+    <message>
+        <source>Mute for an hour</source>
+        <translation>Eine Stunde stummschalten</translation>
+    </message>
+    <message>
+        <source>Until %1</source>
+        <translation>Bis %1</translation>
+    </message>
 </context>
 </TS>

@@ -7,6 +7,7 @@
 #include "core/reopen_requests.h"
 #include "events/event_history.h"
 #include "events/event_router.h"
+#include "events/muting.h"
 #include "events/reminder_manager.h"
 #include "events/session_focus.h"
 #include "hooks/hook_installers.h"
@@ -58,6 +59,7 @@ public:
     const Ports ports;
 
     SettingsStore store;
+    Muting muting;
     SoundPlayer sound;
     VoiceAnnouncer voice;
     AlertAudio audio;

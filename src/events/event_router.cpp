@@ -41,8 +41,8 @@ void EventRouter::handle(const EventPayload& payload)
     updateWaits(payload);
     if (isSilent(payload.type) || isIdlePrompt(payload)) return;
 
+    if (with_.muting.isMuted()) return;
     const AppSettings& settings = with_.store.settings();
-    if (settings.globalMuted) return;
     const EventSetting* const setting = settings.setting(payload.type);
     if (!setting || !setting->enabled) return;
     if (isRepeat(payload)) return;

@@ -5,6 +5,7 @@
 #include "alerts/notification_service.h"
 #include "base/last_seen.h"
 #include "events/event_history.h"
+#include "events/muting.h"
 #include "events/reminder_manager.h"
 #include "events/waiting_banners.h"
 #include "ports/clock.h"
@@ -22,6 +23,7 @@ class EventRouter {
 public:
     struct Collaborators {
         const SettingsStore& store;
+        const Muting& muting;
         EventHistory& history;
         AlertAudio& audio;
         NotificationService& notifications;

@@ -69,7 +69,7 @@ void ReminderManager::tick(const std::string& sessionKey)
     // Several periods that passed while the machine slept make one tick.
     pending.due += pending.period * (std::max((now - pending.due) / pending.period, std::int64_t{0}) + 1);
     startTimer(pending, now);
-    if (with_.store.settings().globalMuted) return;
+    if (with_.muting.isMuted()) return;
 
     const bool isLast = ++pending.count >= pending.maxCount;
     const std::uint64_t order = pending.order;

@@ -3,10 +3,10 @@
 
 #include "base/date_time.h"
 #include "base/last_seen.h"
+#include "events/muting.h"
 #include "ports/clock.h"
 #include "ports/random.h"
 #include "ports/timers.h"
-#include "settings/settings_store.h"
 #include "values/event_payload.h"
 
 #include <chrono>
@@ -24,7 +24,7 @@ namespace chimewell {
 class ReminderManager {
 public:
     struct Collaborators {
-        const SettingsStore& store;
+        const Muting& muting;
         const Clock& clock;
         Timers& timers;
         Random& random;

@@ -19,7 +19,14 @@ struct ScreenArea {
 };
 
 /// What the user can ask for in the icon's menu.
-enum class IconCommand : std::uint8_t { openPanel, toggleMute, playSample, openSettings, quit };
+enum class IconCommand : std::uint8_t {
+    openPanel,
+    toggleMute,
+    muteForAnHour,
+    playSample,
+    openSettings,
+    quit
+};
 
 /// Texts are already translated.
 struct IconMenuEntry {

@@ -15,20 +15,22 @@ PanelHeader panelHeader(const AppSettings& settings)
     return {.status = isListening ? texts::listening : texts::setupNeeded, .isListening = isListening};
 }
 
-StatusIconState statusIconState(const AppSettings& settings, const Translator& translator)
+StatusIconState statusIconState(const AppSettings& settings, const Muting& muting,
+                                const Translator& translator)
 {
     const auto entry = [&](IconCommand command, const Text& label) {
         return IconMenuEntry{.command = command, .label = translator.translate(label)};
     };
-    StatusIconState state{.isArmed = !settings.globalMuted && settings.anyProviderInstalled(),
+    StatusIconState state{.isArmed = !muting.isMuted() && settings.anyProviderInstalled(),
                           .label = translator.translate(
                               {texts::titleAndDetail, {texts::panelName, panelHeader(settings).status}}),
                           .menu = {entry(IconCommand::openPanel, texts::openPanel),
                                    entry(IconCommand::toggleMute, texts::muteAll),
+                                   entry(IconCommand::muteForAnHour, texts::muteForAnHour),
                                    entry(IconCommand::playSample, texts::playSample),
                                    entry(IconCommand::openSettings, texts::openSettings),
                                    entry(IconCommand::quit, texts::quit)}};
-    state.menu[1].isChecked = settings.globalMuted;
+    state.menu[1].isChecked = muting.isMuted();
     state.menu[1].beginsGroup = true;
     state.menu.back().beginsGroup = true;
     state.menu.back().tooltip = translator.translate(texts::quitTooltip);
@@ -71,6 +73,13 @@ std::optional<Phrase> panelMore(const EventHistory& history)
 std::string_view muteIcon(bool muted)
 {
     return muted ? "bell.slash.fill" : "bell.fill";
+}
+
+std::optional<Phrase> muteEnd(const Muting& muting, const UserLocale& locale)
+{
+    const auto end = muting.mutedUntil();
+    if (!end) return std::nullopt;
+    return Phrase(texts::until, {locale.shortTime(*end)});
 }
 
 }

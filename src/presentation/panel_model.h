@@ -3,6 +3,7 @@
 
 #include "base/text.h"
 #include "events/event_history.h"
+#include "events/muting.h"
 #include "ports/status_icon.h"
 #include "ports/translator.h"
 #include "ports/user_locale.h"
@@ -24,7 +25,8 @@ struct PanelHeader {
 PanelHeader panelHeader(const AppSettings& settings);
 
 /// What the icon shows. It is armed while an agent is set up and alerts are not muted.
-StatusIconState statusIconState(const AppSettings& settings, const Translator& translator);
+StatusIconState statusIconState(const AppSettings& settings, const Muting& muting,
+                                const Translator& translator);
 
 /// One recent alert, as the panel and the settings show it.
 struct RecentRow {
@@ -51,5 +53,7 @@ std::optional<Phrase> panelMore(const EventHistory& history);
 
 /// The icon beside "Mute all".
 std::string_view muteIcon(bool muted);
+/// When the mute ends by itself: "Until 15:04"; absent if it doesn't.
+std::optional<Phrase> muteEnd(const Muting& muting, const UserLocale& locale);
 
 }

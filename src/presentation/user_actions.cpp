@@ -6,11 +6,18 @@
 #include "values/temporary_location.h"
 #include "values/texts.h"
 
+#include <chrono>
+
 namespace chimewell {
 
 void UserActions::setMuted(bool muted)
 {
-    with_.store.update([&](AppSettings& settings) { settings.globalMuted = muted; });
+    with_.muting.setMuted(muted);
+}
+
+void UserActions::muteForAnHour()
+{
+    with_.muting.muteFor(std::chrono::hours(1));
 }
 
 void UserActions::changeEvent(CanonicalEvent event, const std::function<void(EventSetting&)>& change)

@@ -5,6 +5,7 @@
 #include "alerts/notification_service.h"
 #include "events/event_history.h"
 #include "events/event_router.h"
+#include "events/muting.h"
 #include "events/session_focus.h"
 #include "ports/application_activation.h"
 #include "ports/login_item.h"
@@ -25,6 +26,7 @@ class UserActions {
 public:
     struct Collaborators {
         SettingsStore& store;
+        Muting& muting;
         EventHistory& history;
         EventRouter& router;
         NotificationService& notifications;
@@ -43,6 +45,7 @@ public:
     void quit() const { onQuit(); }
 
     void setMuted(bool muted);
+    void muteForAnHour();
     /// Applies `change` to the event's setting. Does nothing for an event without one.
     void changeEvent(CanonicalEvent event, const std::function<void(EventSetting&)>& change);
     void setRemindersEnabled(bool enabled);

@@ -19,7 +19,8 @@ namespace chimewell {
 UserInterface::UserInterface(Services& services, Palette palette)
     : services_(services),
       palette_(palette),
-      settingsChange_(services.store.onChange([this] { showState(); }))
+      settingsChange_(services.store.onChange([this] { showState(); })),
+      muteChange_(services.muting.onChange([this] { showState(); }))
 {
     qApp->installEventFilter(this);
 }
@@ -50,7 +51,9 @@ void UserInterface::setIcon(std::unique_ptr<StatusIcon> icon)
 
 void UserInterface::showState()
 {
-    if (icon_) icon_->show(statusIconState(services_.store.settings(), services_.ports.translator));
+    if (icon_)
+        icon_->show(
+            statusIconState(services_.store.settings(), services_.muting, services_.ports.translator));
 }
 
 void UserInterface::start()
@@ -82,7 +85,9 @@ void UserInterface::perform(IconCommand command)
     case IconCommand::openPanel:
         return openPanel(std::nullopt);
     case IconCommand::toggleMute:
-        return services_.actions.setMuted(!services_.store.settings().globalMuted);
+        return services_.actions.setMuted(!services_.muting.isMuted());
+    case IconCommand::muteForAnHour:
+        return services_.actions.muteForAnHour();
     case IconCommand::playSample:
         return services_.actions.playSample();
     case IconCommand::openSettings:

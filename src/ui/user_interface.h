@@ -59,6 +59,7 @@ private:
     const Palette palette_;
     std::unique_ptr<StatusIcon> icon_;
     Subscription settingsChange_;
+    Subscription muteChange_;
     QPointer<PanelWindow> panel_;
     QPointer<SettingsWindow> settings_;
     QPointer<OnboardingWindow> onboarding_;

@@ -109,8 +109,8 @@ class Windows(InterfaceTest):
     def test_the_icons_menu_offers_the_same(self):
         self.start()
         icon = StatusNotifierIcon()
-        self.assertEqual(list(icon.menu()), ["Open Chimewell", "Mute all", "Play a sample alert", "Open Settings…",
-                                             "Quit"])
+        self.assertEqual(list(icon.menu()), ["Open Chimewell", "Mute all", "Mute for an hour",
+                                             "Play a sample alert", "Open Settings…", "Quit"])
         icon.choose("Mute all")
         until_stored(lambda settings: settings["globalMuted"], "silence")
         icon.choose("Open Settings…")
@@ -137,6 +137,9 @@ class Panel(InterfaceTest):
         for muted in (True, False):
             panel.find("Mute all", "check box").press()
             until_stored(lambda settings: settings["globalMuted"] == muted, "the switch")  # pylint: disable=W0640
+        application.act("mute-for-an-hour")
+        panel.until_shows("Until ")
+        application.act("unmute")
         panel.find("Clear", "button").press()
         panel.until_shows("No recent activity yet")
         panel.find("Play a sample alert", "button").press()

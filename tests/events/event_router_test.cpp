@@ -234,41 +234,27 @@ TEST_F(EventRouterTest, UpdatesRemindersWhileMuted)
 
 TEST_F(EventRouterTest, ABannerThatSaysWaitingGoesAwayWhenItIsNoLongerTrue)
 {
-    const struct {
-        CanonicalEvent type;
-        std::optional<std::string> session;
-        std::vector<std::optional<std::string>> stillShown;
-    } cases[] = {
-        {CanonicalEvent::userActed, "S", {"T", std::nullopt}},
-        {CanonicalEvent::userActed, std::nullopt, {"S", "T"}},
-        {CanonicalEvent::finished, "S", {"T"}}, // and those without a session, as the reminders do
-        {CanonicalEvent::error, "S", {"S", "T", std::nullopt}},
-        {CanonicalEvent::waitingInput, "S", {"S", "T", std::nullopt}},
-    };
-    for (const auto& c : cases) {
-        for (const auto& session : {std::optional<std::string>("S"), std::optional<std::string>("T"), {}}) {
-            EventPayload payload = event(CanonicalEvent::waitingInput, session);
-            payload.cwd = "/" + session.value_or("none");
+    const auto shownAfter = [&](CanonicalEvent type, const std::optional<std::string>& session) {
+        time.advance(100s);
+        center.posted.clear();
+        for (const auto& each : {std::optional<std::string>("S"), std::optional<std::string>("T"), {}}) {
+            EventPayload payload = event(CanonicalEvent::waitingInput, each);
+            payload.cwd = each.value_or("-");
             router.handle(payload);
         }
         time.advance(185s); // each has a reminder's banner, too
-        EXPECT_EQ(center.posted.size(), 6u);
-        set([](AppSettings& settings) { settings.globalMuted = true; });
-        router.handle(event(c.type, c.session));
-        set([](AppSettings& settings) { settings.globalMuted = false; });
-        std::vector<std::string> shown, expected;
+        services.actions.setMuted(true);
+        router.handle(event(type, session));
+        services.actions.setMuted(false);
+        std::string shown;
         for (const NotificationRequest& banner : center.posted)
-            shown.push_back(banner.userInfo.at("cwd"));
-        for (int i = 0; i < 2; ++i)
-            for (const auto& session : c.stillShown)
-                expected.push_back("/" + session.value_or("none"));
-        EXPECT_EQ(shown, expected) << rawName(c.type);
-        for (const auto& session : c.stillShown)
-            router.handle(event(CanonicalEvent::userActed, session));
-        EXPECT_TRUE(center.posted.empty());
-        router.handle(event(CanonicalEvent::userActed)); // not settled any more
-    }
-    EXPECT_EQ(history.entries().size(), EventHistory::capacity); // which forgets none of them
+            shown += banner.userInfo.at("cwd");
+        return shown;
+    };
+    EXPECT_EQ(shownAfter(CanonicalEvent::userActed, "S"), "T-T-");
+    EXPECT_EQ(shownAfter(CanonicalEvent::userActed, std::nullopt), "STST");
+    EXPECT_EQ(shownAfter(CanonicalEvent::finished, "S"), "TT"); // like the reminders
+    EXPECT_EQ(shownAfter(CanonicalEvent::error, "S"), "ST-ST-");
 }
 
 TEST_F(EventRouterTest, RemindsOnlyWhereTheUserWantsIt)
@@ -277,6 +263,36 @@ TEST_F(EventRouterTest, RemindsOnlyWhereTheUserWantsIt)
     router.handle(waiting());
     EXPECT_EQ(time.runningTimers(), 0u);
     EXPECT_EQ(alerts(), 1u);
+}
+
+TEST_F(EventRouterTest, AMuteForAnHourEndsByItselfOrByTheSwitch)
+{
+    Muting& muting = services.muting;
+    int told = 0;
+    const Subscription subscription = muting.onChange([&] { ++told; });
+    const auto files = system.files.contents;
+    services.actions.muteForAnHour();
+    time.setDate(time.now() + 24h); // somebody sets the clock
+    time.sleep(59min);
+    EXPECT_EQ(muting.mutedUntil(), time.now() + 1min);
+    router.handle(event(CanonicalEvent::finished));
+    EXPECT_EQ(alerts(), 0u);
+    EXPECT_EQ(system.files.contents, files);
+    time.advance(1min);
+    EXPECT_EQ(muting.mutedUntil(), std::nullopt);
+    router.handle(event(CanonicalEvent::finished));
+    EXPECT_EQ(alerts(), 1u);
+    EXPECT_EQ(told, 2);
+
+    services.actions.muteForAnHour();
+    services.actions.setMuted(true);
+    time.advance(2h);
+    EXPECT_TRUE(muting.isMuted() && !muting.mutedUntil());
+    services.actions.muteForAnHour();
+    EXPECT_TRUE(muting.isMuted() && !store.settings().globalMuted);
+    services.actions.setMuted(false);
+    EXPECT_TRUE(!muting.isMuted() && !muting.mutedUntil());
+    EXPECT_EQ(time.runningTimers(), 0u);
 }
 
 TEST_F(EventRouterTest, StaysBoundedInAFlood)

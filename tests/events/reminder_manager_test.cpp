@@ -28,16 +28,14 @@ protected:
     {
         return {.type = CanonicalEvent::waitingInput, .provider = "claude", .session = std::move(session)};
     }
-    void mute(bool muted)
-    {
-        store.update([&](AppSettings& settings) { settings.globalMuted = muted; });
-    }
+    void mute(bool muted) { muting.setMuted(muted); }
 
     FakeTime time;
     FixedRandom random;
     MemoryFiles files;
     SettingsStore store{files, "/data/Chimewell"};
-    ReminderManager reminders{{.store = store, .clock = time, .timers = time, .random = random}};
+    Muting muting{store, time, time};
+    ReminderManager reminders{{.muting = muting, .clock = time, .timers = time, .random = random}};
     std::vector<EventPayload> fired;
 };
 

@@ -35,12 +35,14 @@ TEST(PanelModel, IconAndHeaderTellWhetherAlertsWillCome)
         bool isArmed;
         std::string status;
     };
-    const EnglishTranslator translator;
+    FakeSystem system;
+    Services services(system.ports());
     for (const Case& c :
          {Case{false, "", false, "Setup needed"}, Case{false, "cursor", true, "Listening"},
           Case{true, "cursor", false, "Listening"}, Case{false, "other", false, "Setup needed"}}) {
         const AppSettings settings = settingsWith(c.muted, c.installed);
-        const StatusIconState icon = statusIconState(settings, translator);
+        services.store.update([&](AppSettings& changed) { changed = settings; });
+        const StatusIconState icon = statusIconState(settings, services.muting, system.translator);
         EXPECT_EQ(icon.isArmed, c.isArmed) << c.installed;
         EXPECT_EQ(icon.label, "Chimewell — " + c.status);
         EXPECT_EQ(icon.menu[1].label, "Mute all");

@@ -88,6 +88,7 @@ public:
         services.store.updateEvent(CanonicalEvent::finished,
                                    [](EventSetting& setting) { setting.speak = true; });
         services.store.update([](AppSettings& settings) { settings.reminderIntervalSeconds = 90; });
+        services.actions.muteForAnHour();
         system.files.full = true;
         services.store.save(); // the panel and the settings say that it failed
     }
@@ -235,7 +236,8 @@ TEST(EveryWindow, CutsNoTextNamesEachControlOnceAndSaysAllInTheUsersLanguage)
         FilledWindows windows(in);
         const QRegularExpression names = windows.names();
         TrayIcon icon;
-        icon.show(statusIconState(windows.services.store.settings(), windows.services.ports.translator));
+        icon.show(statusIconState(windows.services.store.settings(), windows.services.muting,
+                                  windows.services.ports.translator));
         windows.forEach([&](const QWidget& window) {
             expectNothingIsCut(window);
             expectControlsAreNamedOnce(window);

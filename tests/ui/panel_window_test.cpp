@@ -17,6 +17,11 @@ TEST_F(PanelWindowTest, FollowsTheHistoryAndOpensSessionsByKeyboard)
     click("Finish setup");
     EXPECT_EQ(onboardings, 1);
 
+    fakes.services.actions.muteForAnHour();
+    EXPECT_TRUE(shows("Until 14:05"));
+    click("Mute all");
+    EXPECT_FALSE(fakes.services.muting.isMuted() || shows("Until"));
+
     EventHistory& history = fakes.services.history;
     history.add({.type = CanonicalEvent::finished, .provider = "claude", .cwd = "/srv/one"}, false);
     history.add({.type = CanonicalEvent::error, .provider = "claude"}, false);

@@ -230,6 +230,8 @@ TEST_F(SettingsWindowTest, GeneralTellsWhatGoesWrong)
     store.update([](AppSettings& changed) { changed.globalMuted = false; });
     EXPECT_FALSE(shows("No space left on device"));
     EXPECT_FALSE(at("Mute all notifications").isChecked());
+    fakes.services.actions.muteForAnHour();
+    EXPECT_TRUE(at("Mute all notifications").isChecked() && shows("Until 14:05"));
     click("Show setup walkthrough…");
     EXPECT_EQ(onboardings, 1);
 }

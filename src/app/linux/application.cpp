@@ -87,6 +87,7 @@ void Application::act(const std::string& action)
     if (action == "walkthrough") interface_.openOnboarding();
     if (action == "sample") services_.actions.playSample();
     if (action == "mute") services_.actions.setMuted(true);
+    if (action == "mute-for-an-hour") services_.actions.muteForAnHour();
     if (action == "unmute") services_.actions.setMuted(false);
     if (action == "quit") quitByUser();
 }

@@ -80,6 +80,7 @@ SwitchRow::SwitchRow(const QString& label, const QString& caption, std::string_v
     : hasSymbol_(!symbol.empty()),
       label_(makeParagraph(TextStyle::body, Tone::neutral, label)),
       switch_(new SwitchButton(label)),
+      caption_(makeParagraph(TextStyle::caption, Tone::secondary)),
       error_(new Note)
 {
     const int edge = hasSymbol_ ? scaled(cardEdge - 1) : inRow(cardEdge);
@@ -91,16 +92,20 @@ SwitchRow::SwitchRow(const QString& label, const QString& caption, std::string_v
     if (hasSymbol_) line->addWidget(new SymbolLabel(symbol, metrics::rowIcon));
     line->addLayout(new RowLayout(label_, switch_), 1);
     layout->addLayout(line);
-    if (!caption.isEmpty()) {
-        TextLabel* text = makeParagraph(TextStyle::caption, Tone::secondary, caption);
-        const int beside =
-            hasSymbol_ ? switch_->sizeHint().width() + scaled(8) : scaled(metrics::switchWidth);
-        switch_->setAccessibleDescription(caption);
-        layout->addWidget(padded(text, directed(textStart, 0, beside, 0)));
-    }
+    const int beside = hasSymbol_ ? switch_->sizeHint().width() + scaled(8) : scaled(metrics::switchWidth);
+    caption_->setContentsMargins(directed(textStart, 0, beside, 0));
+    layout->addWidget(caption_);
+    setCaption(caption);
     if (hasSymbol_) error_->setContentsMargins(0, scaled(4), 0, 0);
     error_->hide();
     layout->addWidget(error_);
+}
+
+void SwitchRow::setCaption(const QString& caption)
+{
+    caption_->setText(caption);
+    caption_->setVisible(!caption.isEmpty());
+    switch_->setAccessibleDescription(caption);
 }
 
 void SwitchRow::showError(const QString& message)

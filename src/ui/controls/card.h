@@ -53,6 +53,8 @@ public:
     explicit SwitchRow(const QString& label, const QString& caption = {}, std::string_view symbol = {});
 
     SwitchButton& control() const { return *switch_; }
+    /// What is below the label, and describes the switch; nothing where it is empty.
+    void setCaption(const QString& caption);
     /// Shows no error where `message` is empty.
     void showError(const QString& message);
 
@@ -63,6 +65,7 @@ private:
     bool hasSymbol_;
     TextLabel* label_;
     SwitchButton* switch_;
+    TextLabel* caption_;
     Note* error_;
 };
 

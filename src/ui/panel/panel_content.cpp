@@ -74,8 +74,10 @@ PanelContent::PanelContent(Services& services, const Windows& windows)
     clock_.setInterval(timesAreRightFor);
     connect(&clock_, &QTimer::timeout, this, [this] { showHistory(); });
     storeChange_ = services_.store.onChange([this] { showSettings(); });
+    muteChange_ = services_.muting.onChange([this] { showMute(); });
     historyChange_ = services_.history.onChange([this] { showHistory(); });
     showSettings();
+    showMute();
     showHistory();
 }
 
@@ -199,8 +201,6 @@ void PanelContent::showSettings()
     warning_->showError(error ? words_(*error) : QString());
     warningCard_->setVisible(error.has_value());
 
-    mute_->toggle()->show(settings.globalMuted);
-    mute_->setSymbol(muteIcon(settings.globalMuted), settings.globalMuted ? Tone::orange : Tone::secondary);
     for (const Quick& quick : quick_) {
         const EventSetting* setting = settings.setting(quick.event);
         quick.row->setEnabled(setting != nullptr);
@@ -208,6 +208,15 @@ void PanelContent::showSettings()
         quick.preview->setEnabled(setting && canPreview(*setting));
     }
     Q_EMIT heightChanged();
+}
+
+void PanelContent::showMute()
+{
+    const bool isMuted = services_.muting.isMuted();
+    const auto end = muteEnd(services_.muting, services_.ports.locale);
+    mute_->toggle()->show(isMuted);
+    mute_->setSymbol(muteIcon(isMuted), isMuted ? Tone::orange : Tone::secondary);
+    mute_->setDetail(end ? words_(*end) : QString());
 }
 
 void PanelContent::showHistory()

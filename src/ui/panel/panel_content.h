@@ -45,6 +45,7 @@ private:
     QWidget* makeQuickControls();
     QWidget* makeActions();
     void showSettings();
+    void showMute();
     void showHistory();
 
     Services& services_;
@@ -70,6 +71,7 @@ private:
 
     QTimer clock_; ///< Refreshes the relative times while the panel is visible.
     Subscription storeChange_;
+    Subscription muteChange_;
     Subscription historyChange_;
 };
 

@@ -34,6 +34,7 @@ void StatusDot::paintEvent(QPaintEvent*)
 
 QuickRow::QuickRow(const QString& name)
     : icon_(new SymbolLabel("bell", metrics::rowIcon)),
+      detail_(new TextLabel(TextStyle::caption, Tone::secondary)),
       switch_(new SwitchButton(name))
 {
     setMinimumHeight(scaled(38));
@@ -43,12 +44,21 @@ QuickRow::QuickRow(const QString& name)
     layout->setContentsMargins(scaled(12), 0, scaled(9), 0);
     layout->addWidget(icon_);
     layout->addWidget(label, 1);
+    layout->addWidget(detail_);
     layout->addWidget(switch_);
+    detail_->hide();
 }
 
 void QuickRow::setSymbol(std::string_view symbol, Tone tone)
 {
     icon_->setSymbol(symbol, tone);
+}
+
+void QuickRow::setDetail(const QString& detail)
+{
+    detail_->setText(detail);
+    detail_->setVisible(!detail.isEmpty());
+    switch_->setAccessibleDescription(detail);
 }
 
 IconButton* QuickRow::addButton(std::string_view symbol, const QString& name)

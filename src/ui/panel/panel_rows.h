@@ -41,6 +41,8 @@ public:
 
     SwitchButton* toggle() const { return switch_; }
     void setSymbol(std::string_view symbol, Tone tone);
+    /// A few words before the switch, which also describe it; none where it is empty.
+    void setDetail(const QString& detail);
     /// Puts a button before the switch.
     IconButton* addButton(std::string_view symbol, const QString& name);
 
@@ -49,6 +51,7 @@ protected:
 
 private:
     SymbolLabel* icon_;
+    TextLabel* detail_;
     SwitchButton* switch_;
 };
 

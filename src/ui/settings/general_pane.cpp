@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "core/product.h"
+#include "presentation/panel_model.h"
 #include "presentation/settings_model.h"
 #include "ui/controls/accessibility.h"
 #include "ui/controls/buttons.h"
@@ -53,6 +54,7 @@ private:
     void addAbout();
     QWidget* makeLinks();
     void showSettings();
+    void showMute();
     void showPermission();
 
     Services& services_;
@@ -65,6 +67,7 @@ private:
     QWidget* bannerProblemRow_ = nullptr;
     bool didRunBannerTest_ = false;
     Subscription storeChange_;
+    Subscription muteChange_;
     Subscription statusChange_;
 };
 
@@ -80,8 +83,10 @@ GeneralPane::GeneralPane(Services& services, const Windows& windows)
     finish();
 
     storeChange_ = services_.store.onChange([this] { showSettings(); });
+    muteChange_ = services_.muting.onChange([this] { showMute(); });
     statusChange_ = services_.notifications.onChange([this] { showPermission(); });
     showSettings();
+    showMute();
     showPermission();
 }
 
@@ -186,8 +191,14 @@ QWidget* GeneralPane::makeLinks()
 void GeneralPane::showSettings()
 {
     const AppSettings& settings = services_.store.settings();
-    mute_->control().show(settings.globalMuted);
     launch_->control().show(settings.launchAtLogin);
+}
+
+void GeneralPane::showMute()
+{
+    const auto end = muteEnd(services_.muting, services_.ports.locale);
+    mute_->control().show(services_.muting.isMuted());
+    mute_->setCaption(end ? words_(*end) : QString());
 }
 
 void GeneralPane::showPermission()
