@@ -893,5 +893,25 @@
         <source>Until %1</source>
         <translation>Bis %1</translation>
     </message>
+    <message>
+        <source>Disconnect all agents?</source>
+        <translation>Alle Agenten trennen?</translation>
+    </message>
+    <message>
+        <source>Chimewell will remove only its own hooks, and write a timestamped backup of each file first: %1</source>
+        <translation>Chimewell entfernt nur seine eigenen Hooks und legt zuvor von jeder Datei eine Sicherung mit Zeitstempel an: %1</translation>
+    </message>
+    <message>
+        <source>Disconnect All</source>
+        <translation>Alle trennen</translation>
+    </message>
+    <message>
+        <source>Takes Chimewell&apos;s hooks out of the files of all your agents, for example before you remove Chimewell.</source>
+        <translation>Entfernt die Hooks von Chimewell aus den Dateien aller Agenten, zum Beispiel vor dem Deinstallieren von Chimewell.</translation>
+    </message>
+    <message>
+        <source>Disconnect All…</source>
+        <translation>Alle trennen&#xa0;…</translation>
+    </message>
 </context>
 </TS>

@@ -74,6 +74,11 @@ bool ProviderCard::canInstall() const
     return look_.status.kind == Status::notInstalled || look_.status.kind == Status::error;
 }
 
+bool ProviderCard::isConnected() const
+{
+    return canUninstall() || (look_.status.kind == Status::error && record().installed);
+}
+
 std::optional<Text> ProviderCard::agentNote() const
 {
     if (providerId() == codexProvider) return texts::codexNote;
@@ -118,20 +123,17 @@ Confirmation ProviderCard::confirmation(PendingAction action) const
     };
     switch (action) {
     case PendingAction::install:
-        return with({.action = action,
-                     .title = {texts::installTitle, {std::string(displayName())}},
+        return with({.title = {texts::installTitle, {std::string(displayName())}},
                      .message = {texts::installMessage, {path}},
                      .confirm = texts::install},
                     texts::entriesToBeAdded, with_.installer.changesByInstall());
     case PendingAction::update:
-        return with({.action = action,
-                     .title = texts::updateTitle,
+        return with({.title = texts::updateTitle,
                      .message = {texts::updateMessage, {path}},
                      .confirm = texts::update},
                     texts::entriesToBeChanged, with_.installer.changesByInstall());
     case PendingAction::uninstall:
-        return with({.action = action,
-                     .title = texts::uninstallTitle,
+        return with({.title = texts::uninstallTitle,
                      .message = {texts::uninstallMessage, {path}},
                      .confirm = texts::uninstall,
                      .isDestructive = true},
@@ -139,8 +141,7 @@ Confirmation ProviderCard::confirmation(PendingAction action) const
     case PendingAction::restore:
         break;
     }
-    return {.action = action,
-            .title = texts::restoreTitle,
+    return {.title = texts::restoreTitle,
             .message = {texts::restoreMessage, {path}},
             .confirm = texts::restore,
             .isDestructive = true,
@@ -236,8 +237,62 @@ void ProviderCards::refresh()
 
 void ProviderCards::clearMessages()
 {
+    disconnected_.clear();
     for (const auto& card : cards_)
         card->clearMessages();
+}
+
+std::vector<ProviderCard*> ProviderCards::connected() const
+{
+    std::vector<ProviderCard*> found;
+    for (const auto& card : cards_)
+        if (card->isConnected()) found.push_back(card.get());
+    return found;
+}
+
+bool ProviderCards::anyConnected() const
+{
+    return !connected().empty();
+}
+
+Confirmation ProviderCards::disconnectConfirmation() const
+{
+    Confirmation question{.title = texts::disconnectAllTitle,
+                          .message = {},
+                          .confirm = texts::disconnectAllButton,
+                          .isDestructive = true};
+    std::string files;
+    for (const ProviderCard* card : connected()) {
+        files += "\n" + card->shownFile();
+        const Confirmation one = card->confirmation(PendingAction::uninstall);
+        if (one.changesTitle) question.changesTitle = one.changesTitle;
+        question.changes.insert(question.changes.end(), one.changes.begin(), one.changes.end());
+    }
+    question.message = {texts::disconnectAllMessage, {files}};
+    return question;
+}
+
+void ProviderCards::disconnectAll()
+{
+    disconnected_ = connected();
+    for (ProviderCard* card : disconnected_)
+        card->perform(PendingAction::uninstall);
+}
+
+std::vector<ProviderCard::Note> ProviderCards::disconnectNotes() const
+{
+    std::vector<ProviderCard::Note> notes;
+    for (const ProviderCard* card : disconnected_)
+        if (const auto error = card->errorMessage())
+            notes.push_back({"exclamationmark.triangle",
+                             Tone::red,
+                             {texts::titleAndDetail, {std::string(card->displayName()), *error}}});
+    const auto isDone = [](const ProviderCard* card) {
+        return card->infoMessage() == std::optional(texts::uninstalledInfo);
+    };
+    if (notes.empty() && !disconnected_.empty() && std::ranges::all_of(disconnected_, isDone))
+        notes.push_back({"checkmark.circle", Tone::green, texts::uninstalledInfo});
+    return notes;
 }
 
 std::string changesText(const std::vector<HookChange>& changes)

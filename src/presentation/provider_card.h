@@ -34,7 +34,6 @@ enum class PendingAction : std::uint8_t { install, update, uninstall, restore };
 
 /// The question that confirms an action.
 struct Confirmation {
-    PendingAction action;
     Phrase title;
     Phrase message;
     Text confirm;
@@ -95,6 +94,8 @@ public:
     bool canInstall() const;
     bool canUninstall() const { return isInstalled() && !look_.isUsersChain; }
     bool canRestore() const { return look_.offersRestore; }
+    /// Also true for a file that can't be read or parsed and had our entries when it could.
+    bool isConnected() const;
     /// A hint about this agent; absent for most.
     std::optional<Text> agentNote() const;
     /// A hint about the state of its file.
@@ -145,8 +146,19 @@ public:
     void refresh();
     void clearMessages();
 
+    /// Whether there is an agent to disconnect.
+    bool anyConnected() const;
+    Confirmation disconnectConfirmation() const;
+    /// Uninstalls from the file of every connected agent. One that fails doesn't stop the others.
+    void disconnectAll();
+    /// What became of it: an error for each file that it failed on, or that all went well.
+    std::vector<ProviderCard::Note> disconnectNotes() const;
+
 private:
+    std::vector<ProviderCard*> connected() const;
+
     std::vector<std::unique_ptr<ProviderCard>> cards_;
+    std::vector<ProviderCard*> disconnected_; ///< By the last `disconnectAll`.
 };
 
 }

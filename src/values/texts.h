@@ -222,6 +222,10 @@ inline constexpr auto restoreMessage = Text("This replaces %1 with the backup ta
                                             "modified it. Any changes to that file since "
                                             "then will be lost.");
 inline constexpr auto restore = Text("Restore");
+inline constexpr auto disconnectAllTitle = Text("Disconnect all agents?");
+inline constexpr auto disconnectAllMessage =
+    Text("Chimewell will remove only its own hooks, and write a timestamped backup of each file first: %1");
+inline constexpr auto disconnectAllButton = Text("Disconnect All");
 inline constexpr auto entriesToBeAdded = Text("Entries to be added");
 inline constexpr auto entriesToBeRemoved = Text("Entries to be removed");
 inline constexpr auto entriesToBeChanged = Text("Entries to be changed");
@@ -257,6 +261,10 @@ inline constexpr auto showWalkthrough = Text("Show setup walkthrough…");
 inline constexpr auto showWalkthroughTooltip = Text("Replay the guided setup — allow notifications, connect "
                                                     "Claude Code, and pick your sounds. You can skip any "
                                                     "step.");
+inline constexpr auto disconnectAllCaption =
+    Text("Takes Chimewell's hooks out of the files of all your agents, for example before you remove "
+         "Chimewell.");
+inline constexpr auto disconnectAll = Text("Disconnect All…");
 inline constexpr auto support = Text("Support");
 inline constexpr auto supportText =
     Text("Chimewell is free. If it's earned a place in your toolkit, toss a coin to its developer to keep it "

@@ -83,6 +83,41 @@ TEST_F(ProviderCardTest, GoesFromInstallToRestore)
     EXPECT_EQ(file("claude"), "{\n  \"mine\": 1\n}\n");
 }
 
+TEST_F(ProviderCardTest, DisconnectsAllAgentsAndSaysWhatFailed)
+{
+    ProviderCards& cards = services.cards;
+    const auto notes = [&] {
+        std::string all;
+        for (const ProviderCard::Note& note : cards.disconnectNotes())
+            all += english(note.text) + "\n";
+        return all;
+    };
+    file("cursor") = "{"; // never connected
+    cards.refresh();
+    EXPECT_FALSE(cards.anyConnected());
+    file("cursor") = "{}";
+    for (const char* provider : {"claude", "cursor"})
+        perform(card(provider), PendingAction::install);
+    const Confirmation question = cards.disconnectConfirmation();
+    EXPECT_TRUE(
+        english(question.message).ends_with("first: \n~/.claude/settings.json\n~/.cursor/hooks.json"));
+    EXPECT_EQ(question.changes.size(), 7U); // five of Claude Code
+
+    file("cursor").insert(0, "{");
+    cards.refresh();
+    cards.disconnectAll();
+    EXPECT_FALSE(file("claude").contains("chimewell") || record("claude").installed);
+    EXPECT_TRUE(notes().starts_with("Cursor — The existing settings file at /home/me/.cursor/hooks.json"));
+    EXPECT_TRUE(file("cursor").contains("chimewell") && cards.anyConnected());
+    file("cursor").erase(0, 1);
+    cards.refresh();
+    cards.disconnectAll(); // waits for the end of the pause
+    EXPECT_EQ(notes(), "");
+    system.time.advance(ProviderCard::pauseTime);
+    EXPECT_EQ(notes(), "Uninstalled. Your other hooks were left untouched.\n");
+    EXPECT_FALSE(cards.anyConnected());
+}
+
 TEST_F(ProviderCardTest, TheOriginalsBackupIsNotReplacedWithinItsSecond)
 {
     file("claude") = "{}\n";

@@ -121,6 +121,14 @@ public:
             settings.show(pane);
             look("settings " + std::string(rawName(pane)), settings);
         }
+        services.store.updateProvider("cursor", [](ProviderInstallState& state) { state.installed = true; });
+        system.time.advance(ProviderCard::pauseTime);
+        {
+            ConfirmDialog dialog(services.cards.disconnectConfirmation(), fakes.words, nullptr);
+            look("question disconnect", dialog);
+        }
+        services.cards.disconnectAll();
+        look("settings disconnected", settings);
         OnboardingWindow onboarding(services);
         for (const OnboardingStep step : allOnboardingSteps) {
             onboarding.show(step);

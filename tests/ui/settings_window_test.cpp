@@ -232,6 +232,12 @@ TEST_F(SettingsWindowTest, GeneralTellsWhatGoesWrong)
     EXPECT_FALSE(at("Mute all notifications").isChecked());
     fakes.services.actions.muteForAnHour();
     EXPECT_TRUE(at("Mute all notifications").isChecked() && shows("Until 14:05"));
+    EXPECT_FALSE(at("Disconnect All…").isEnabled());
+    fakes.services.cards.all().back()->perform(PendingAction::install);
+    system.time.advance(ProviderCard::pauseTime);
+    click("Disconnect All…");
+    answer(QDialogButtonBox::AcceptRole);
+    EXPECT_TRUE(shows("Uninstalled. Your other hooks were left untouched."));
     click("Show setup walkthrough…");
     EXPECT_EQ(onboardings, 1);
 }

@@ -10,7 +10,7 @@ class QVBoxLayout;
 
 namespace chimewell {
 
-/// Asks before an agent's file is changed, and shows which entries would change. Show it with open(): it is
+/// Asks before agents' files are changed, and shows which entries would change. Show it with open(): it is
 /// window-modal, and deletes itself once it was answered. Only `accepted` means yes.
 class ConfirmDialog final : public QDialog {
     Q_OBJECT

@@ -5,6 +5,7 @@
 #include "ui/controls/accessibility.h"
 #include "ui/controls/buttons.h"
 #include "ui/controls/card.h"
+#include "ui/controls/confirm_dialog.h"
 #include "ui/controls/layouts.h"
 #include "ui/controls/marks.h"
 #include "ui/look/symbol.h"
@@ -16,6 +17,9 @@
 #include <QPushButton>
 #include <QUrl>
 #include <QVBoxLayout>
+
+#include <cstddef>
+#include <vector>
 
 namespace chimewell {
 
@@ -55,6 +59,8 @@ private:
     QWidget* makeLinks();
     void showSettings();
     void showMute();
+    void askToDisconnect();
+    void showDisconnected();
     void showPermission();
 
     Services& services_;
@@ -66,6 +72,10 @@ private:
     QPushButton* openSystemSettings_ = nullptr;
     QWidget* bannerProblemRow_ = nullptr;
     bool didRunBannerTest_ = false;
+    QPushButton* disconnect_ = nullptr;
+    QWidget* disconnectResult_ = nullptr;
+    std::vector<Note*> disconnectNotes_; ///< One for each agent.
+    std::vector<Subscription> cardChanges_;
     Subscription storeChange_;
     Subscription muteChange_;
     Subscription statusChange_;
@@ -88,6 +98,7 @@ GeneralPane::GeneralPane(Services& services, const Windows& windows)
     showSettings();
     showMute();
     showPermission();
+    showDisconnected();
 }
 
 void GeneralPane::addNotifications()
@@ -148,7 +159,35 @@ void GeneralPane::addSetup(const Windows& windows)
     setHelp(*onboarding, words_(texts::showWalkthroughTooltip));
     connect(onboarding, &QAbstractButton::clicked, this, windows.openOnboarding);
     addHeading(words_(texts::setup));
-    addCard()->addRow(onboarding);
+    Card* card = addCard();
+    card->addRow(onboarding);
+
+    disconnect_ = new QPushButton(words_(texts::disconnectAll));
+    connect(disconnect_, &QPushButton::clicked, this, [this] { askToDisconnect(); });
+    card->addRow(
+        makeWideRow(makeParagraph(TextStyle::body, Tone::neutral, words_(texts::disconnectAllCaption)),
+                    disconnect_, cardEdge),
+        cardEdge);
+    disconnectResult_ = new QWidget;
+    auto* notes = makeColumn(disconnectResult_, 8);
+    notes->setContentsMargins(inRow(cardEdge), scaled(10) + 1, inRow(cardEdge), scaled(10));
+    for (const auto& agent : services_.cards.all()) {
+        disconnectNotes_.push_back(new Note(TextStyle::subheadline));
+        notes->addWidget(disconnectNotes_.back());
+        cardChanges_.push_back(agent->onChange([this] { showDisconnected(); }));
+    }
+    card->addRow(disconnectResult_, cardEdge);
+}
+
+void GeneralPane::askToDisconnect()
+{
+    auto* question = new ConfirmDialog(services_.cards.disconnectConfirmation(), words_, window());
+    connect(question, &QDialog::accepted, this, [this] {
+        services_.cards.disconnectAll();
+        for (const Note* note : disconnectNotes_)
+            if (note->isVisible()) announce(*note->label());
+    });
+    question->open();
 }
 
 void GeneralPane::addSupport()
@@ -199,6 +238,17 @@ void GeneralPane::showMute()
     const auto end = muteEnd(services_.muting, services_.ports.locale);
     mute_->control().show(services_.muting.isMuted());
     mute_->setCaption(end ? words_(*end) : QString());
+}
+
+void GeneralPane::showDisconnected()
+{
+    disconnect_->setEnabled(services_.cards.anyConnected());
+    const auto news = services_.cards.disconnectNotes();
+    for (std::size_t i = 0; i < disconnectNotes_.size(); ++i) {
+        if (i < news.size()) disconnectNotes_[i]->setNote(news[i].icon, news[i].tone, words_(news[i].text));
+        disconnectNotes_[i]->setVisible(i < news.size());
+    }
+    disconnectResult_->setVisible(!news.empty());
 }
 
 void GeneralPane::showPermission()
