@@ -43,6 +43,7 @@ test_packages=(
 macos_packages=(
     clang-19 lld-19 llvm-19 libc++-19-dev libc++abi-19-dev
     cmake ninja-build pkg-config libutf8proc-dev libgtest-dev
+    qt6-base-dev qt6-svg-dev qt6-tools-dev qt6-l10n-tools
 )
 
 # To measure it: the frame, the peers, the counter of instructions.
