@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/macos/appkit_activation.h"
 
+#include "platform/macos/foundation.h"
+
 #import <AppKit/AppKit.h>
 
 namespace chimewell {

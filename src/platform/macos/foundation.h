@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// What several adapters need of Foundation. For Objective-C++ only.
+// What the adapters need of Foundation. For Objective-C++ only.
+
+#if !__has_feature(objc_arc)
+#error "The adapters need automatic reference counting: -fobjc-arc"
+#endif
 
 #import <Foundation/Foundation.h>
 
