@@ -4,11 +4,14 @@
 #include "objective_c.h"
 #include "platform/posix/file_descriptor.h"
 #include "support/temporary_folder.h"
+#include "ui/look/symbol.h"
 #include "ui/look/words.h"
 #include "ui/panel/panel_window.h"
 
 #include <QApplication>
 #include <QFileOpenEvent>
+#include <QImage>
+#include <QShortcut>
 #include <QTimer>
 #include <QUrl>
 
@@ -16,6 +19,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <map>
@@ -25,22 +30,6 @@
 #include <vector>
 
 using namespace chimewell::test::objc;
-
-namespace {
-
-std::string home;
-
-}
-
-extern "C" {
-
-float AVSpeechUtteranceDefaultSpeechRate = 0.5F;
-
-Id NSHomeDirectory()
-{
-    return Value(home.c_str());
-}
-}
 
 namespace chimewell::test {
 
@@ -70,12 +59,9 @@ protected:
     ApplicationTest()
     {
         reset();
-        home = folder.path();
+        qputenv("HOME", folder.path().c_str());
         handlers = {{openUrl, {object(), "ignore"}}}; // the toolkit's
         shared("sharedWorkspace").set("notificationCenter", object());
-        implement("URLForDirectory:inDomain:appropriateForURL:create:error:", [](Id, const char*) -> Id {
-            return object({{"path", std::string_view(home + "/Support")}});
-        });
         implement("getNotificationSettingsWithCompletionHandler:",
                   [](Id, const char*, void (^done)(Id)) { done(object({{"authorizationStatus", 2}})); });
         implement("setEventHandler:andSelector:forEventClass:andEventID:",
@@ -98,7 +84,9 @@ protected:
         implement("frame", [](Id, const char*) { return ScreenArea{0, 0, 1920, 1000}; });
         shared("screens").set("firstObject", object());
         shared("systemStatusBar").set("item", object({{"button", button}}));
+        fs::last_write_time(abandoned, fs::file_time_type::clock::now() - std::chrono::hours(1));
         application = std::make_unique<Application>(translator);
+        EXPECT_FALSE(fs::exists(abandoned));
         EXPECT_EQ(handlers.size(), 1U);    // before the toolkit has registered
         EXPECT_TRUE(madeTimers().empty()); // nothing is timed before the launch, which may take long
         launch();
@@ -136,9 +124,13 @@ protected:
         fs::remove(marker);
         return isDormant;
     }
-    static bool showsWindow()
+    /// Their titles, one after the other.
+    static std::string shownWindows()
     {
-        return std::ranges::any_of(QApplication::topLevelWidgets(), &QWidget::isVisible);
+        std::string titles;
+        for (const QWidget* window : QApplication::topLevelWidgets())
+            if (window->isVisible()) titles += window->windowTitle().toStdString();
+        return titles;
     }
     /// Lets every timer of the run loop fire.
     static void ringTimers()
@@ -148,6 +140,8 @@ protected:
     }
 
     const TemporaryFolder folder;
+    const fs::path abandoned =
+        folder.write("Support/Chimewell/.chimewell-01234567-89AB-4CDE-8F01-23456789ABCD", "");
     const QtTranslator translator{Wording::macOS, {}};
     const Value button = object({{"window", object()}});
     std::unique_ptr<Application> application;
@@ -182,16 +176,40 @@ TEST_F(ApplicationTest, OpensItsPanelUnderItsIcon)
     EXPECT_TRUE(area.left() <= 1002 && area.right() >= 1028) << area.left();
 }
 
+TEST_F(ApplicationTest, DrawsTheSystemsSymbols)
+{
+    constexpr int size = 5; // no multiple of four bytes
+    static std::array<unsigned char, 4UL * size * size> samples;
+    static ScreenArea drawn;
+    samples.back() = 0xFF; // how much the last pixel is covered
+    implement(
+        "initWithBitmapDataPlanes:pixelsWide:pixelsHigh:bitsPerSample:samplesPerPixel:hasAlpha:isPlanar:"
+        "colorSpaceName:bytesPerRow:bitsPerPixel:",
+        [](Id bitmap, const char*) -> Id {
+            Value(bitmap).set("bitmapData", samples.data());
+            return bitmap;
+        });
+    implement("size", [](Id, const char*) { return QSizeF(20, 10); });
+    implement("drawInRect:", [](Id, const char*, ScreenArea area) { drawn = area; });
+    const QImage picture = symbol("bell", size, Qt::red, 1).toImage();
+    EXPECT_EQ(drawn, (ScreenArea{0, 1.25, 5, 2.5})); // in the middle
+    EXPECT_EQ(picture.pixelColor(4, 4), QColor(Qt::red));
+    EXPECT_EQ(picture.pixelColor(3, 4).alpha(), 0);
+}
+
 TEST_F(ApplicationTest, ComesForwardWhenTheUserStartsItAgain)
 {
-    EXPECT_TRUE(showsWindow());                                   // for a new user
+    EXPECT_EQ(shownWindows(), "Welcome");
+    deliver(reopen, object());
+    ringTimers();
+    EXPECT_EQ(shownWindows(), "Welcome");
     EXPECT_FALSE(QApplication::testAttribute(Qt::AA_SetPalette)); // the colours stay the system's
     QApplication::closeAllWindows();
     ringTimers();
-    EXPECT_FALSE(showsWindow());
+    EXPECT_EQ(shownWindows(), "");
     deliver(reopen, object());
     ringTimers();
-    EXPECT_TRUE(showsWindow());
+    EXPECT_EQ(shownWindows(), "Chimewell Settings");
 }
 
 TEST_F(ApplicationTest, StaysBehindWhenTheSystemReopensIt)
@@ -217,7 +235,7 @@ TEST_F(ApplicationTest, StaysBehindWhenTheSystemReopensIt)
         cause();
         deliver(reopen, object());
         ringTimers();
-        EXPECT_FALSE(showsWindow());
+        EXPECT_EQ(shownWindows(), "");
         application.reset(); // which forgets the cause
         application = std::make_unique<Application>(translator);
         launch();
@@ -229,6 +247,7 @@ TEST_F(ApplicationTest, StaysBehindWhenTheSystemReopensIt)
 TEST_F(ApplicationTest, RegistersAndTakesAway)
 {
     const FileDescriptor running(::open((folder.path() / "Support/Chimewell/running").c_str(), O_RDWR));
+    ASSERT_TRUE(running.isOpen());
     struct flock lock = {};
     lock.l_type = F_WRLCK;
     EXPECT_EQ(::fcntl(running.get(), F_OFD_SETLK, &lock), -1) << "the lock by which the helper knows it";
@@ -249,6 +268,11 @@ TEST_F(ApplicationTest, IsDormantAfterTheUsersQuitOnly)
     EXPECT_TRUE(isDormantAfter([] { // the toolkit's menu
         QEvent event(QEvent::Quit);
         QApplication::sendEvent(qApp, &event);
+    }));
+    EXPECT_TRUE(isDormantAfter([] { // a key
+        for (QWidget* window : QApplication::topLevelWidgets())
+            for (QShortcut* shortcut : window->findChildren<QShortcut*>())
+                if (shortcut->key() == QKeySequence(Qt::CTRL | Qt::Key_Q)) shortcut->activated();
     }));
     const Value reply = object();
     const auto isDormantAfterEvent = [&](Value content) {

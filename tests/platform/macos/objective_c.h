@@ -66,7 +66,7 @@ Value object(const std::map<std::string, Value>& properties = {});
 /// What a class method of that name returns.
 Value shared(const std::string& classMethod);
 /// A fresh Mac: forgets the shared objects, what was implemented, queued and observed. The program has a
-/// bundle.
+/// bundle. HOME says where the user's folders are.
 void reset();
 /// Runs what was queued for the main thread.
 void runMainQueue();
