@@ -9,11 +9,15 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 
 namespace chimewell {
 
 namespace {
+
+/// From one line of a paragraph to the next, in sizes of the font; more for a font that needs more.
+constexpr double lineHeight = 1.35;
 
 /// With a no-break space before each dash and arrow.
 QString withHardSpaces(QString text)
@@ -28,22 +32,37 @@ QString withHardSpaces(QString text)
 TextLabel::TextLabel(TextStyle style, Tone tone, const QString& text) : style_(style), tone_(tone)
 {
     setTextFormat(Qt::PlainText);
+    setTextInteractionFlags(Qt::NoTextInteraction); // a click on it is one on its row
     if (!text.isEmpty()) setText(text);
     applyStyle();
 }
 
 void TextLabel::setText(const QString& text)
 {
-    QLabel::setText(withHardSpaces(text));
+    if (wordWrap())
+        setParagraph(text.toHtmlEscaped());
+    else
+        QLabel::setText(withHardSpaces(text));
     setAccessibleName(text);
 }
 
 void TextLabel::setMarkedText(const QString& text)
 {
     static const QRegularExpression bold(QStringLiteral("\\*\\*(.+?)\\*\\*"));
-    setTextFormat(Qt::RichText);
-    QLabel::setText(withHardSpaces(text.toHtmlEscaped()).replace(bold, QStringLiteral("<b>\\1</b>")));
+    setParagraph(text.toHtmlEscaped().replace(bold, QStringLiteral("<b>\\1</b>")));
     setAccessibleName(QString(text).remove(QStringLiteral("**")));
+}
+
+void TextLabel::setParagraph(const QString& html)
+{
+    paragraph_ = html;
+    setTextFormat(Qt::RichText);
+    // Only rich text can have a distance between its lines.
+    const int line = static_cast<int>(std::lround(fontFor(style_).pixelSize() * lineHeight));
+    const int above = std::max(0, line - QFontMetrics(fontFor(style_)).height()) / 2;
+    const QString paragraph =
+        QStringLiteral("<p style='white-space:pre-wrap; line-height:%1px; margin-top:-%2px'>%3</p>");
+    QLabel::setText(html.isEmpty() ? QString() : paragraph.arg(line).arg(above).arg(withHardSpaces(html)));
 }
 
 void TextLabel::setTone(Tone tone)
@@ -90,10 +109,13 @@ void TextLabel::applyStyle()
     isApplying_ = true;
     QPalette palette = QGuiApplication::palette();
     const QColor colour = colours().textColour(tone_);
-    palette.setColor(QPalette::WindowText, colour);
-    palette.setColor(QPalette::Disabled, QPalette::WindowText, Colours::faint(colour, Colours::disabled));
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text}) {
+        palette.setColor(role, colour);
+        palette.setColor(QPalette::Disabled, role, Colours::faint(colour, Colours::disabled));
+    }
     setPalette(palette);
     setFont(fontFor(style_));
+    if (!paragraph_.isEmpty()) setParagraph(paragraph_);
     // By itself a label follows the direction of its text and not that of the window.
     const bool leftwards = layoutDirection() == Qt::RightToLeft;
     const Qt::Alignment side = leftwards ? Qt::AlignRight : Qt::AlignLeft;
@@ -103,8 +125,9 @@ void TextLabel::applyStyle()
 
 TextLabel* makeParagraph(TextStyle style, Tone tone, const QString& text)
 {
-    auto* label = new TextLabel(style, tone, text);
+    auto* label = new TextLabel(style, tone);
     label->setWordWrap(true);
+    label->setText(text);
     return label;
 }
 

@@ -28,10 +28,12 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void setParagraph(const QString& html);
     void applyStyle();
 
     TextStyle style_;
     Tone tone_;
+    QString paragraph_; ///< Of a label with several lines; empty for others.
     bool isCentred_ = false;
     bool isApplying_ = false; ///< Applying changes the palette and font, which calls changeEvent.
 };

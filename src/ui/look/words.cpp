@@ -2,6 +2,7 @@
 #include "ui/look/words.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QString>
@@ -28,7 +29,14 @@ bool install(QCoreApplication& application, const QLocale& language, const QStri
 
 QString Words::operator()(const Phrase& phrase) const
 {
-    return qString(translator_->translate(phrase));
+    QString text = qString(translator_->translate(phrase));
+    // Where a text of ours begins with a foreign word, such as "Chimewell", Qt would take that word's
+    // direction for the whole sentence, and put its full stop at the wrong end.
+    const bool isLeftwards = QGuiApplication::isRightToLeft();
+    constexpr char16_t leftToRightMark = u'\u200E', rightToLeftMark = u'\u200F';
+    if (phrase.text && text.isRightToLeft() != isLeftwards)
+        text.prepend(QChar(isLeftwards ? rightToLeftMark : leftToRightMark));
+    return text;
 }
 
 QString qString(std::string_view utf8)
