@@ -13,13 +13,14 @@ namespace {
 constexpr double text = 4.5;
 constexpr double mark = 3.0;
 
-QPalette palette(QRgb window, QRgb base, QRgb words, QRgb highlight, QRgb link)
+QPalette palette(QRgb window, QRgb base, QRgb words, QRgb highlight, QRgb link, QRgb onHighlight = 0xFFFFFF)
 {
     QPalette palette;
     palette.setColor(QPalette::Window, QColor::fromRgb(window));
     palette.setColor(QPalette::Base, QColor::fromRgb(base));
     palette.setColor(QPalette::WindowText, QColor::fromRgb(words));
     palette.setColor(QPalette::Highlight, QColor::fromRgb(highlight));
+    palette.setColor(QPalette::HighlightedText, QColor::fromRgb(onHighlight));
     palette.setColor(QPalette::Link, QColor::fromRgb(link));
     return palette;
 }
@@ -38,7 +39,7 @@ const Desktop desktops[] = {
     {"blue-grey dark", palette(0x2A2E32, 0x1B1E20, 0xFCFCFC, 0x3DAEE9, 0x1D99F3), true},
     {"grey dark", palette(0x353535, 0x2D2D2D, 0xEEEEEC, 0x15539E, 0x3584E4), true},
     {"white, high contrast", palette(0xFFFFFF, 0xFFFFFF, 0x000000, 0x37006E, 0x00009F), false},
-    {"black, high contrast", palette(0x000000, 0x000000, 0xFFFFFF, 0x1AEBFF, 0xFFFF00), true},
+    {"black, high contrast", palette(0x000000, 0x000000, 0xFFFFFF, 0x1AEBFF, 0xFFFF00, 0x000000), true},
     {"yellow accent", palette(0xF4F4F6, 0xFFFFFF, 0x1C1C1F, 0xF6D32D, 0x1A5DC2), false},
 };
 
@@ -71,7 +72,12 @@ TEST(Colours, ReadOnEveryBackgroundOfEveryDesktop)
         }
         reads("the primary button", c.onAccent, c.accent, text);
         reads("the knob", c.knobOff(), c.outline, mark);
+        const QColor border = Colours::mixed(c.cardBorder(), c.window, c.cardBorder().alphaF());
+        if (desktop.name.ends_with("high contrast")) reads("the card's border", border, c.window, mark);
     }
+    const Colours own = Colours::from(palette(0x000000, 0x000000, 0xFFFFFF, 0x1AEBFF, 0xFFFF00, 0x000000));
+    EXPECT_EQ(own.accent, QColor::fromRgb(0x1AEBFF)); // a pair that reads stays as it is
+    EXPECT_EQ(own.onAccent, QColor(Qt::black));
 }
 
 TEST(ThemedIcon, IsDrawnUnderItsNameInAReadableColourWhereNoThemeHasIt)

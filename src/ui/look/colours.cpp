@@ -15,6 +15,7 @@ namespace {
 
 constexpr double textContrast = 4.5;
 constexpr double markContrast = 3.0;
+constexpr double highContrast = 20; // of black on white, which only themes for that purpose have
 
 double luminance(const QColor& colour)
 {
@@ -91,17 +92,32 @@ Colours Colours::from(const QPalette& palette)
         readable(palette.color(QPalette::Active, QPalette::Link), pole, textContrast, with({&hovered}));
 
     const QColor highlight = palette.color(QPalette::Active, QPalette::Highlight);
+    const QColor onHighlight = palette.color(QPalette::Active, QPalette::HighlightedText);
+    const auto isVisible = [&](const QColor& fill) {
+        return std::ranges::all_of(plain, [&](const Background& background) {
+            return contrast(fill, background({})) >= markContrast;
+        });
+    };
+    if (isVisible(highlight) && contrast(highlight, onHighlight) >= textContrast) {
+        c.accent = highlight;
+        c.onAccent = onHighlight;
+        return c;
+    }
     const QColor underWhite =
         readable(highlight, Qt::black, textContrast, {[](const QColor&) { return QColor(Qt::white); }});
-    const bool isVisible = std::ranges::all_of(plain, [&](const Background& background) {
-        return contrast(underWhite, background({})) >= markContrast;
-    });
     // Darkened for white text it could be too close to a grey background: then it stays bright, with black
     // text.
-    c.accent = isVisible ? underWhite : readable(highlight, pole, markContrast, plain);
-    const bool isWhite = isVisible || contrast(Qt::white, c.accent) > contrast(Qt::black, c.accent);
+    const bool isDarkEnough = isVisible(underWhite);
+    c.accent = isDarkEnough ? underWhite : readable(highlight, pole, markContrast, plain);
+    const bool isWhite = isDarkEnough || contrast(Qt::white, c.accent) > contrast(Qt::black, c.accent);
     c.onAccent = isWhite ? Qt::white : Qt::black;
     return c;
+}
+
+QColor Colours::cardBorder() const
+{
+    const bool isHighContrast = contrast(window, text) >= highContrast;
+    return isHighContrast ? outline : faint(text, 0.10);
 }
 
 QColor Colours::knobOff() const

@@ -16,13 +16,13 @@ struct Colours {
     QColor window, sidebar, card;       ///< Backgrounds.
     QColor text, secondary, accentText; ///< Texts.
     QColor outline;                     ///< Of check boxes, fields and switches that are off.
-    QColor accent, onAccent;            ///< The primary button, and its text.
+    QColor accent, onAccent;            ///< The primary button, and its text: the desktop's pair if it reads.
     QColor green, orange, red;          ///< Texts with a meaning.
     QColor greenMark, orangeMark, redMark;
 
     static Colours from(const QPalette& palette);
 
-    QColor cardBorder() const { return faint(text, 0.10); }
+    QColor cardBorder() const; ///< Faint, but a mark in a theme of high contrast.
     QColor separator() const { return faint(text, 0.08); }
     /// The text's colour, to be laid over any background.
     QColor overlay(double opacity) const { return faint(text, opacity); }
