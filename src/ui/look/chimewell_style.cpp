@@ -8,7 +8,9 @@
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
+#include <QFocusFrame>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPushButton>
@@ -28,8 +30,18 @@ constexpr char mnemonicsProperty[] = "underlinesMnemonics";
 constexpr int fieldPadding = 8;
 constexpr int buttonPadding = 12;
 constexpr int scrollBarWidth = 10;
+constexpr int ringMargin = 3; // the ring's two pixels and the gap
 constexpr int besideIcon = 6;
 constexpr int besideCheckBox = 6, besideCheckBoxWithIcon = 10;
+
+/// The focus ring of fields and of filled buttons is around them, with a gap; in their colours it would be
+/// lost.
+bool isRingAround(const QWidget* widget)
+{
+    const auto* button = qobject_cast<const QPushButton*>(widget);
+    return (button && !button->isFlat()) || qobject_cast<const QComboBox*>(widget) ||
+           qobject_cast<const QLineEdit*>(widget);
+}
 
 double fillOf(const QStyleOption& option)
 {
@@ -46,7 +58,9 @@ bool isPrimary(const QWidget* widget)
 QColor primaryFill(const QStyleOption& option)
 {
     const Colours& c = colours();
-    const QColor overlay = c.onAccent == Qt::white ? Qt::black : Qt::white;
+    const bool isTextBright =
+        Colours::contrast(c.onAccent, Qt::black) > Colours::contrast(c.onAccent, Qt::white);
+    const QColor overlay = isTextBright ? Qt::black : Qt::white;
     if (option.state & QStyle::State_Sunken) return Colours::mixed(overlay, c.accent, 0.16);
     return option.state & QStyle::State_MouseOver ? Colours::mixed(overlay, c.accent, 0.08) : c.accent;
 }
@@ -65,7 +79,7 @@ void paintButton(QPainter& painter, const QStyleOption& option, const QWidget* w
             fillRounded(painter, area, radius, colours().overlay(sunken ? Colours::pressed : Colours::hover));
     } else
         fillRounded(painter, area, radius, colours().overlay(fillOf(option)));
-    if (ChimewellStyle::showsFocus(widget)) paintFocusRing(painter, area, radius);
+    if (ChimewellStyle::showsFocus(widget) && !isRingAround(widget)) paintFocusRing(painter, area, radius);
 }
 
 /// Keeps both together, on that side of the area or in its middle.
@@ -115,7 +129,7 @@ void paintCheckBox(QPainter& painter, const QStyleOption& option)
     painter.setOpacity(1);
 }
 
-void paintPicker(QPainter& painter, const QStyleOptionComboBox& option, const QWidget* widget)
+void paintPicker(QPainter& painter, const QStyleOptionComboBox& option)
 {
     const bool enabled = option.state & QStyle::State_Enabled;
     QStyleOption state = option;
@@ -131,7 +145,6 @@ void paintPicker(QPainter& painter, const QStyleOptionComboBox& option, const QW
     const int size = scaled(11);
     paintSymbol(painter, "chevron.up", arrows.translated(0, -scaled(3.5)), size, colour);
     paintSymbol(painter, "chevron.down", arrows.translated(0, scaled(3.5)), size, colour);
-    if (ChimewellStyle::showsFocus(widget)) paintFocusRing(painter, area, scaled(metrics::controlRadius));
 }
 
 void paintScrollBar(QPainter& painter, const QStyleOptionSlider& option, const QRect& slider)
@@ -198,10 +211,7 @@ void ChimewellStyle::drawPrimitive(PrimitiveElement element, const QStyleOption*
         const QRectF area = option->rect;
         const int radius = scaled(metrics::controlRadius);
         fillRounded(*painter, area, radius, colours().card);
-        if (option->state & State_HasFocus)
-            paintFocusRing(*painter, area, radius);
-        else
-            strokeRounded(*painter, area, radius, colours().outline);
+        strokeRounded(*painter, area, radius, colours().outline);
         break;
     }
     default:
@@ -220,6 +230,14 @@ void ChimewellStyle::drawControl(ControlElement element, const QStyleOption* opt
             QProxyStyle::drawControl(element, &delayed, painter, widget);
             return;
         }
+    }
+    if (const auto* frame = qobject_cast<const QFocusFrame*>(widget); frame && element == CE_FocusFrame) {
+        if (showsFocus(frame->widget()) || qobject_cast<const QLineEdit*>(frame->widget())) {
+            painter->save();
+            paintFocusRing(*painter, option->rect, scaled(metrics::controlRadius) + ringMargin);
+            painter->restore();
+        }
+        return;
     }
     if (element == CE_PushButtonLabel) {
         if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
@@ -273,7 +291,7 @@ void ChimewellStyle::drawComplexControl(ComplexControl control, const QStyleOpti
     painter->save();
     if (const auto* picker = qstyleoption_cast<const QStyleOptionComboBox*>(option);
         picker && control == CC_ComboBox)
-        paintPicker(*painter, *picker, widget);
+        paintPicker(*painter, *picker);
     else if (const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
              slider && control == CC_ScrollBar)
         paintScrollBar(*painter, *slider, subControlRect(CC_ScrollBar, slider, SC_ScrollBarSlider, widget));
@@ -365,6 +383,9 @@ int ChimewellStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, 
     case PM_ScrollView_ScrollBarOverlap:
     case PM_ScrollView_ScrollBarSpacing:
         return 0;
+    case PM_FocusFrameHMargin:
+    case PM_FocusFrameVMargin:
+        return ringMargin;
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
         return scaled(metrics::checkBox);
@@ -384,8 +405,19 @@ int ChimewellStyle::styleHint(StyleHint hint, const QStyleOption* option, const 
                               QStyleHintReturn* data) const
 {
     if (hint == SH_UnderlineShortcut) return widget && widget->window()->property(mnemonicsProperty).toBool();
+    if (hint == SH_FocusFrame_AboveWidget) return 1; // otherwise a tight layout would cut the ring
     if (hint == SH_ComboBox_Popup || hint == SH_EtchDisabledText) return 0;
     return QProxyStyle::styleHint(hint, option, widget, data);
+}
+
+void ChimewellStyle::polish(QApplication* application)
+{
+    QProxyStyle::polish(application);
+    connect(application, &QApplication::focusChanged, this, [this](QWidget*, QWidget* focused) {
+        QWidget* const widget = isRingAround(focused) ? focused : nullptr;
+        if (!ring_ && widget) ring_ = new QFocusFrame; // the focused window becomes its parent
+        if (ring_) ring_->setWidget(widget);
+    });
 }
 
 void ChimewellStyle::polish(QWidget* widget)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QFocusFrame>
+#include <QPointer>
 #include <QProxyStyle>
 
 namespace chimewell {
@@ -37,9 +39,13 @@ public:
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* data) const override;
+    void polish(QApplication* application) override;
     void polish(QWidget* widget) override;
     void polish(QPalette& palette) override;
     using QProxyStyle::polish;
+
+private:
+    QPointer<QFocusFrame> ring_; ///< Around the focused control; its window owns it.
 };
 
 }
