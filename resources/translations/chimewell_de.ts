@@ -913,5 +913,25 @@
         <source>Disconnect All…</source>
         <translation>Alle trennen&#xa0;…</translation>
     </message>
+    <message>
+        <source>my-project</source>
+        <translation>mein-projekt</translation>
+    </message>
+    <message>
+        <source>Hear it</source>
+        <translation>Anhören</translation>
+    </message>
+    <message>
+        <source>This is what you hear when the agent needs you.</source>
+        <translation>So klingt es, wenn der Agent wartet.</translation>
+    </message>
+    <message>
+        <source>Try it</source>
+        <translation>Ausprobieren</translation>
+    </message>
+    <message>
+        <source>Show a banner now, to see where it appears.</source>
+        <translation>Jetzt ein Banner zeigen, um zu sehen, wo es erscheint.</translation>
+    </message>
 </context>
 </TS>

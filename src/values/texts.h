@@ -298,12 +298,15 @@ inline constexpr auto welcomeBody = Text("Want a quick ~1-minute setup? We'll al
                                          "Claude Code, and pick your sounds. Prefer "
                                          "to explore on your own? Hit **Skip setup** any time — you can "
                                          "replay this later from Settings ▸ General.");
+inline constexpr auto exampleProject = Text("my-project");
 inline constexpr auto howItWorksTitle = Text("How it works");
 inline constexpr auto howItWorksSubtitle = Text(
     "A tiny hook in your agent pings Chimewell whenever the agent changes state. No polling, no network.");
 inline constexpr auto yourAgent = Text("Your agent");
 inline constexpr auto hook = Text("Hook");
 inline constexpr auto chimewell = Text("Chimewell");
+inline constexpr auto hearIt = Text("Hear it");
+inline constexpr auto hearItCaption = Text("This is what you hear when the agent needs you.");
 inline constexpr auto notificationsTitle = Text("Allow notifications");
 inline constexpr auto notificationsSubtitle = Text("Banners let you jump straight back to the session. Sound "
                                                    "and voice work either way, so this is optional.");
@@ -313,6 +316,8 @@ inline constexpr auto deniedNote =
     Text("No problem — sound and voice still work. You can enable banners later in System Settings.")
         .onLinux("No problem — sound and voice still work. You can enable banners later in your desktop's "
                  "settings.");
+inline constexpr auto tryIt = Text("Try it");
+inline constexpr auto tryItCaption = Text("Show a banner now, to see where it appears.");
 inline constexpr auto agentsTitle = Text("Connect your agents");
 inline constexpr auto agentsSubtitle = Text("Install hooks so your coding agents tell Chimewell when they "
                                             "finish or need you. Install only the ones you "

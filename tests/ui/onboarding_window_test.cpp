@@ -55,7 +55,7 @@ TEST_F(OnboardingWindowTest, EndsForGoodHoweverItIsLeft)
 
 TEST_F(OnboardingWindowTest, IsNotEndedByTheEndOfTheApplication)
 {
-    const UserInterface interface(fakes.services, UserInterface::Palette::system);
+    const UserInterface interface(fakes.services, {});
     QTimer::singleShot(0, qApp, &QCoreApplication::quit);
     QApplication::exec();
     EXPECT_FALSE(store.settings().hasCompletedOnboarding);
@@ -78,6 +78,16 @@ TEST_F(OnboardingWindowTest, GoesFromStepToStepByKeyboard)
     window->setAttribute(Qt::WA_KeyboardFocusChange); // shows the focus ring
     press(Qt::Key_Return);
     EXPECT_EQ(focused(), "Connect your agents");
+}
+
+TEST_F(OnboardingWindowTest, LetsTheUserHearAndSeeAnAlert)
+{
+    onboarding->show(OnboardingStep::howItWorks);
+    click("Hear it");
+    EXPECT_EQ(system.sounds.names(), std::vector<std::string>{setting(CanonicalEvent::waitingInput).soundId});
+    onboarding->show(OnboardingStep::notifications);
+    click("Try it");
+    EXPECT_EQ(system.center.posted.size(), 1U);
 }
 
 TEST_F(OnboardingWindowTest, InstallsOnlyAfterAYes)

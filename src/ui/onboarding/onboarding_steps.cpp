@@ -5,6 +5,7 @@
 #include "ui/controls/card.h"
 #include "ui/controls/layouts.h"
 #include "ui/controls/marks.h"
+#include "ui/look/symbol.h"
 #include "values/texts.h"
 
 #include <QGridLayout>
@@ -19,17 +20,54 @@ namespace {
 constexpr double iconSize = 52, widestText = 480;
 constexpr double sidePadding = 48, above = 44, below = 16, underHeader = 24;
 constexpr double nodeWidth = 120, tile = 64, symbolSize = 28;
+constexpr double bannerWidth = 380, buttonRowHeight = 52;
+
+/// What a banner looks like; a picture.
+QWidget* makeBannerPicture(const Words& words)
+{
+    auto* title = new ElidedLabel(TextStyle::bodyMedium);
+    title->setFullText(words({texts::titleAndDetail, {texts::waitingInput, texts::exampleProject}}));
+    auto* action = new CapsuleLabel(TextStyle::subheadline);
+    action->show(words(texts::openSession), Tone::secondary);
+    auto* content = new QWidget;
+    auto* grid = new QGridLayout(content);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(scaled(12));
+    grid->setVerticalSpacing(scaled(4));
+    grid->setColumnStretch(1, 1);
+    grid->addWidget(new SymbolLabel("bell.badge", symbolSize, Tone::accent), 0, 0, 3, 1, Qt::AlignTop);
+    grid->addWidget(title, 0, 1);
+    grid->addWidget(makeParagraph(TextStyle::subheadline, Tone::secondary, words(texts::waitingInputBody)), 1,
+                    1);
+    grid->addWidget(action, 2, 1);
+    auto* banner = new Card;
+    banner->setContent(content, 14);
+    banner->setFixedWidth(scaled(bannerWidth));
+    return banner;
+}
 
 /// What the product does, and that the set-up may be skipped.
 QWidget* makeWelcomeStep(const Words& words)
 {
     auto* body = new BalancedLabel(TextStyle::body, Tone::neutral, scaled(widestText));
     body->setMarkedText(words(texts::welcomeBody));
-    return body;
+    auto* step = new QWidget;
+    auto* layout = makeColumn(step, underHeader);
+    layout->addWidget(body);
+    layout->addWidget(makeBannerPicture(words), 0, Qt::AlignHCenter);
+    return step;
 }
 
-/// Agent, hook and Chimewell, joined by arrows.
-QWidget* makeHowItWorksStep(const Words& words)
+/// A text with a button at the end of its line.
+SettingRow* makeButtonRow(const QString& text, QPushButton* button)
+{
+    auto* row = new SettingRow(text, button);
+    row->setMinimumHeight(scaled(buttonRowHeight));
+    return row;
+}
+
+/// Agent, hook and Chimewell, joined by arrows, and what is heard at the end.
+QWidget* makeHowItWorksStep(Services& services, const Words& words)
 {
     auto* step = new QWidget;
     auto* grid = new QGridLayout;
@@ -49,11 +87,16 @@ QWidget* makeHowItWorksStep(const Words& words)
     addNode(4, "bell.badge", texts::chimewell);
     for (const int column : {1, 3})
         grid->addWidget(new SymbolLabel("arrow.right", metrics::rowIcon), 0, column, Qt::AlignCenter);
-    auto* line = makeLine(step);
-    line->setContentsMargins(0, scaled(20), 0, 0);
-    line->addStretch(1);
-    line->addLayout(grid);
-    line->addStretch(1);
+    auto* hear = new QPushButton(symbolIcon("waveform"), words(texts::hearIt));
+    QObject::connect(hear, &QPushButton::clicked, hear,
+                     [&services] { services.actions.preview(CanonicalEvent::waitingInput); });
+    auto* card = new Card;
+    card->addRow(makeButtonRow(words(texts::hearItCaption), hear));
+    auto* layout = makeColumn(step, 32);
+    layout->setContentsMargins(0, scaled(20), 0, 0);
+    grid->setAlignment(Qt::AlignHCenter);
+    layout->addLayout(grid);
+    layout->addWidget(card);
     return step;
 }
 
@@ -69,6 +112,7 @@ private:
     const Words words_;
     TextLabel* status_;
     QPushButton* allow_;
+    QPushButton* try_;
     QWidget* denied_ = nullptr;
     Subscription subscription_;
 };
@@ -77,8 +121,10 @@ NotificationsStep::NotificationsStep(Services& services)
     : services_(services),
       words_(services.ports.translator),
       status_(makeParagraph(TextStyle::body, Tone::secondary)),
-      allow_(new QPushButton(words_(texts::allowNotifications)))
+      allow_(new QPushButton(words_(texts::allowNotifications))),
+      try_(new QPushButton(words_(texts::tryIt)))
 {
+    connect(try_, &QPushButton::clicked, this, [this] { services_.actions.testBanner(); });
     connect(allow_, &QPushButton::clicked, this, [this] { services_.actions.allowNotifications(); });
     auto* row = new QWidget;
     auto* line = makeLine(row, 4);
@@ -101,6 +147,7 @@ NotificationsStep::NotificationsStep(Services& services)
     auto* card = new Card;
     card->addRow(row);
     card->addRow(denied_, 16);
+    card->addRow(makeButtonRow(words_(texts::tryItCaption), try_), 16);
     makeColumn(this)->addWidget(card);
     subscription_ = services_.notifications.onChange([this] { showStatus(); });
     showStatus();
@@ -112,6 +159,7 @@ void NotificationsStep::showStatus()
     status_->setText(words_(permissionText(status)));
     allow_->setEnabled(status == AuthStatus::notDetermined); // otherwise no question appears
     denied_->setVisible(status == AuthStatus::denied);
+    try_->setEnabled(status == AuthStatus::authorized || status == AuthStatus::provisional);
 }
 
 QWidget* makeContent(OnboardingStep step, Services& services)
@@ -121,7 +169,7 @@ QWidget* makeContent(OnboardingStep step, Services& services)
     case OnboardingStep::welcome:
         return makeWelcomeStep(words);
     case OnboardingStep::howItWorks:
-        return makeHowItWorksStep(words);
+        return makeHowItWorksStep(services, words);
     case OnboardingStep::notifications:
         return new NotificationsStep(services);
     case OnboardingStep::installHooks:
