@@ -16,9 +16,9 @@
 
 namespace chimewell {
 
-UserInterface::UserInterface(Services& services, Palette palette)
+UserInterface::UserInterface(Services& services, Desktop desktop)
     : services_(services),
-      palette_(palette),
+      desktop_(std::move(desktop)),
       settingsChange_(services.store.onChange([this] { showState(); })),
       muteChange_(services.muting.onChange([this] { showState(); }))
 {
@@ -101,10 +101,12 @@ void UserInterface::openPanel(const std::optional<ScreenArea>& icon)
 {
     if (panel_) return bringForward(*panel_);
     prepareLook();
-    panel_ =
-        new PanelWindow(services_, windows(), icon_ ? PanelWindow::Form::popUp : PanelWindow::Form::window);
+    const auto form = !icon_                    ? PanelWindow::Form::window
+                      : desktop_.isComposited() ? PanelWindow::Form::roundPopUp
+                                                : PanelWindow::Form::popUp;
+    panel_ = new PanelWindow(services_, windows(), form);
     addKeys(*panel_);
-    panel_->showBeside(panelAnchor(icon));
+    panel_->showBeside(panelAnchor(icon), icon_ ? desktop_.preparePanel : PreparePanel());
     services_.actions.comeForward();
 }
 
@@ -158,7 +160,7 @@ void UserInterface::prepareLook()
     if (isLookReady_) return;
     isLookReady_ = true;
     // A palette equal to the style's own does not come from a desktop.
-    isPaletteOurs_ = palette_ == Palette::oursIfPlain &&
+    isPaletteOurs_ = desktop_.palette == Palette::oursIfPlain &&
                      QApplication::palette() == QApplication::style()->standardPalette();
     QApplication::setStyle(new ChimewellStyle); // the application owns it
     if (isPaletteOurs_) applyPalette();

@@ -11,6 +11,7 @@
 #include <QPointer>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -27,7 +28,14 @@ public:
     /// Where the colours come from. `oursIfPlain`: from a palette of ours where the desktop has none of its
     /// own.
     enum class Palette : std::uint8_t { system, oursIfPlain };
-    UserInterface(Services& services, Palette palette);
+    /// What the windows need of the desktop and Qt doesn't offer.
+    struct Desktop {
+        Palette palette = Palette::system;
+        /// Whether a window can be translucent.
+        std::function<bool()> isComposited = [] { return true; };
+        PreparePanel preparePanel = {};
+    };
+    UserInterface(Services& services, Desktop desktop);
     ~UserInterface() override;
 
     /// Shows the state of the application in `icon` from now on; null where nothing shows icons.
@@ -56,7 +64,7 @@ private:
     void applyPalette();
 
     Services& services_;
-    const Palette palette_;
+    const Desktop desktop_;
     std::unique_ptr<StatusIcon> icon_;
     Subscription settingsChange_;
     Subscription muteChange_;

@@ -2,6 +2,7 @@
 #include "app/linux/application.h"
 
 #include "platform/linux/tray/status_notifier_item.h"
+#include "platform/linux/tray/tray_panel.h"
 #include "platform/posix/temporary_file.h"
 #include "ui/tray_icon.h"
 
@@ -49,7 +50,9 @@ Application::Application(const QDBusConnection& bus, FreedesktopApplication& hos
                  .loginItem = loginItem_,
                  .activation = activation_}),
       signals_([this] { endWithSession(); }),
-      interface_(services_, UserInterface::Palette::oursIfPlain),
+      interface_(services_, {.palette = UserInterface::Palette::oursIfPlain,
+                             .isComposited = isComposited,
+                             .preparePanel = prepareTrayPanel}),
       trayHost_(bus, [this](TrayKind kind) { showIcon(kind); }),
       appearance_(bus, [this](std::optional<bool> isDark) { interface_.setDark(isDark); })
 {

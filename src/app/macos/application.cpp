@@ -45,7 +45,7 @@ Application::Application(const Translator& translator)
                  .loginItem = loginItem_,
                  .activation = activation_}),
       running_(RunningLock::take(services_.store.folder())),
-      interface_(services_, UserInterface::Palette::system),
+      interface_(services_, {.palette = UserInterface::Palette::system}),
       events_(
           {.didLaunch = [this] { didLaunch(); },
            .open = [this](const auto& url) { services_.urls.handleURLEvent(url); },

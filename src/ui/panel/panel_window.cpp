@@ -25,6 +25,7 @@ namespace {
 constexpr double panelWidth = 380;
 constexpr double largestHeight = 720;
 constexpr int screenMargin = 8;
+constexpr double radius = 12, shadowWidth = 20, shadowOpacity = 0.05;
 
 Qt::WindowFlags flagsOf(PanelWindow::Form form)
 {
@@ -38,28 +39,33 @@ Qt::WindowFlags flagsOf(PanelWindow::Form form)
 PanelWindow::PanelWindow(Services& services, const Windows& windows, Form form)
     : QWidget(nullptr, flagsOf(form)),
       form_(form),
+      shadow_(form == Form::roundPopUp ? scaled(shadowWidth) : 0),
       content_(new PanelContent(services, windows))
 {
     setAttribute(Qt::WA_DeleteOnClose);
+    setAttribute(Qt::WA_TranslucentBackground, form == Form::roundPopUp);
     setWindowTitle(Words(services.ports.translator)(texts::panelName));
     setAccessibleRole(this, QAccessible::Window);
     setAccessibleName(Words(services.ports.translator)(texts::panelName));
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(1, 1, 1, 1);
+    const int edge = shadow_ + 1;
+    layout->setContentsMargins(edge, edge, edge, edge);
     layout->addWidget(content_);
-    setFixedWidth(scaled(panelWidth));
+    setFixedWidth(scaled(panelWidth) + 2 * shadow_);
 
     connect(content_, &PanelContent::done, this, [this] {
-        if (form_ == Form::popUp) close();
+        if (form_ != Form::window) close();
     });
     // Queued, so that the layout has the change.
     connect(content_, &PanelContent::heightChanged, this, [this] { fit(); }, Qt::QueuedConnection);
 }
 
-void PanelWindow::showBeside(const QRect& anchor)
+void PanelWindow::showBeside(const QRect& anchor, const PreparePanel& prepare)
 {
     anchor_ = anchor;
     fit();
+    // Not earlier: a window that exists before it has its place may be shown elsewhere.
+    if (prepare) prepare(winId(), shadow_);
     show();
     raise();
     activateWindow();
@@ -76,31 +82,38 @@ void PanelWindow::fit()
         screen->availableGeometry().adjusted(screenMargin, screenMargin, -screenMargin, -screenMargin);
     layout()->activate();
     const int height = std::min({content_->sizeHint().height() + 2, scaled(largestHeight), free.height()});
-    resize(width(), height);
+    resize(width(), height + 2 * shadow_);
     if (form_ == Form::window) return;
-    const int left = std::clamp(anchor_.center().x() - width() / 2, free.left(),
-                                std::max(free.left(), free.right() + 1 - width()));
+    const int width = body().width();
+    const int left = std::clamp(anchor_.center().x() - width / 2, free.left(),
+                                std::max(free.left(), free.right() + 1 - width));
     // Below an icon at the top of the screen, above one at its bottom.
     const bool isBelow = anchor_.center().y() < screen->geometry().center().y();
     const int wanted =
         isBelow ? anchor_.bottom() + 1 + screenMargin / 2 : anchor_.top() - height - screenMargin / 2;
-    move(left, std::clamp(wanted, free.top(), std::max(free.top(), free.bottom() + 1 - height)));
+    const int top = std::clamp(wanted, free.top(), std::max(free.top(), free.bottom() + 1 - height));
+    move(left - shadow_, top - shadow_);
 }
 
 void PanelWindow::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), colours().window);
-    // No round corners: they would need a compositor.
+    const int corner = form_ == Form::roundPopUp ? scaled(radius) : 0;
+    for (int i = 0; i < shadow_; ++i) {
+        const qreal fading = 1 - (i + 0.5) / shadow_;
+        strokeRounded(painter, body().adjusted(-i - 1, -i - 1, i + 1, i + 1), corner + i + 1,
+                      Colours::faint(Qt::black, shadowOpacity * fading * fading));
+    }
+    fillRounded(painter, body(), corner, colours().window);
     if (form_ == Form::window) return;
-    strokeRounded(painter, rect(), 0, colours().overlay(0.2));
+    strokeRounded(painter, body(), corner, colours().overlay(0.2));
     // Only a visible window can grab the mouse; clicks elsewhere close the panel.
     if (!isGrabbing_) isGrabbing_ = windowHandle()->setMouseGrabEnabled(true);
 }
 
 void PanelWindow::mousePressEvent(QMouseEvent* event)
 {
-    isLeaving_ = form_ == Form::popUp && !rect().contains(event->pos());
+    isLeaving_ = form_ != Form::window && !body().contains(event->pos());
 }
 
 void PanelWindow::mouseReleaseEvent(QMouseEvent*)
@@ -114,7 +127,7 @@ void PanelWindow::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
     // The user switched to another window by keyboard.
-    if (event->type() == QEvent::ActivationChange && form_ == Form::popUp && isVisible() &&
+    if (event->type() == QEvent::ActivationChange && form_ != Form::window && isVisible() &&
         !isActiveWindow() && !QApplication::activePopupWidget())
         close();
 }

@@ -9,22 +9,28 @@
 #include <QWidget>
 
 #include <cstdint>
+#include <functional>
 
 namespace chimewell {
 
 class PanelContent;
+
+/// Called with the panel's window before it is shown, and the width of the shadow that it draws around
+/// itself.
+using PreparePanel = std::function<void(WId panel, int shadow)>;
 
 /// The panel: a pop-up beside the icon, or an ordinary window where there is no icon. Deletes itself when it
 /// is closed.
 class PanelWindow final : public QWidget {
     Q_OBJECT
 public:
-    enum class Form : std::uint8_t { popUp, window };
+    /// A `roundPopUp` has round corners and a shadow, for screens where windows can be translucent.
+    enum class Form : std::uint8_t { popUp, roundPopUp, window };
 
     PanelWindow(Services& services, const Windows& windows, Form form);
 
     /// Beside `anchor`, in global coordinates, inside the free part of its screen.
-    void showBeside(const QRect& anchor);
+    void showBeside(const QRect& anchor, const PreparePanel& prepare = {});
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -35,8 +41,11 @@ protected:
 
 private:
     void fit();
+    /// The window without its shadow.
+    QRect body() const { return rect().adjusted(shadow_, shadow_, -shadow_, -shadow_); }
 
     Form form_;
+    int shadow_;
     PanelContent* content_;
     QRect anchor_;
     bool isGrabbing_ = false; ///< The mouse, if the platform allows.

@@ -2,14 +2,12 @@
 #include "platform/linux/tray/tray_host.h"
 
 #include "platform/linux/freedesktop/dbus_call.h"
+#include "platform/linux/freedesktop/x11.h"
 
 #include <QDBusVariant>
 #include <QGuiApplication>
 #include <QVariant>
 
-#include <cstdlib>
-#include <memory>
-#include <string_view>
 #include <utility>
 
 #include <xcb/xcb.h>
@@ -20,24 +18,6 @@ namespace {
 
 const QString watcherName = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
-
-struct FreeReply {
-    void operator()(void* reply) const { std::free(reply); }
-};
-
-xcb_connection_t* x11Connection()
-{
-    auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 ? x11->connection() : nullptr;
-}
-
-xcb_atom_t atom(xcb_connection_t* connection, std::string_view name)
-{
-    const auto cookie = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.data());
-    const std::unique_ptr<xcb_intern_atom_reply_t, FreeReply> reply(
-        xcb_intern_atom_reply(connection, cookie, nullptr));
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
 
 }
 
@@ -52,8 +32,8 @@ TrayHost::TrayHost(QDBusConnection bus, std::function<void(TrayKind)> changed)
     if (xcb_connection_t* const x11 = x11Connection()) {
         // System Tray Protocol: a new owner of the selection announces itself to the root window, whose
         // events Qt selects for its own icons.
-        managerAtom_ = atom(x11, "MANAGER");
-        selectionAtom_ = atom(x11, "_NET_SYSTEM_TRAY_S0");
+        managerAtom_ = x11Atom(x11, "MANAGER");
+        selectionAtom_ = x11Atom(x11, "_NET_SYSTEM_TRAY_S0");
         qApp->installNativeEventFilter(this);
     }
     look();
@@ -80,9 +60,7 @@ bool TrayHost::hasSelectionOwner()
 {
     xcb_connection_t* const x11 = x11Connection();
     if (!x11) return false;
-    const std::unique_ptr<xcb_get_selection_owner_reply_t, FreeReply> reply(
-        xcb_get_selection_owner_reply(x11, xcb_get_selection_owner(x11, selectionAtom_), nullptr));
-    selectionOwner_ = reply ? reply->owner : xcb_window_t{XCB_WINDOW_NONE};
+    selectionOwner_ = x11SelectionOwner(x11, selectionAtom_);
     if (selectionOwner_ == XCB_WINDOW_NONE) return false;
     // System Tray Protocol: it lets go of the selection by destroying its window. Qt, whose connection this
     // is, selects the same events for its own icons.
