@@ -16,6 +16,19 @@
 
 namespace chimewell {
 
+namespace {
+
+/// Whether nobody chose these colours: they are the style's own, or those that Qt takes on Plasma where no
+/// colour scheme is stored.
+bool isPlain(const QPalette& palette)
+{
+    const QPalette onPlasma(QColor(223, 220, 217), QColor(214, 210, 208));
+    return palette == QApplication::style()->standardPalette() ||
+           (palette.button() == onPlasma.button() && palette.window() == onPlasma.window());
+}
+
+}
+
 UserInterface::UserInterface(Services& services, Desktop desktop)
     : services_(services),
       desktop_(std::move(desktop)),
@@ -159,9 +172,7 @@ void UserInterface::prepareLook()
 {
     if (isLookReady_) return;
     isLookReady_ = true;
-    // A palette equal to the style's own does not come from a desktop.
-    isPaletteOurs_ = desktop_.palette == Palette::oursIfPlain &&
-                     QApplication::palette() == QApplication::style()->standardPalette();
+    isPaletteOurs_ = desktop_.palette == Palette::oursIfPlain && isPlain(QApplication::palette());
     QApplication::setStyle(new ChimewellStyle); // the application owns it
     if (isPaletteOurs_) applyPalette();
 }
