@@ -65,15 +65,19 @@ PANEL = """<?xml version="1.0" encoding="UTF-8"?>
       <property name="plugin-ids" type="array">
         <value type="int" value="1"/>
         <value type="int" value="2"/>
+        <value type="int" value="3"/>
       </property>
     </property>
   </property>
   <property name="plugins" type="empty">
-    <property name="plugin-1" type="string" value="separator">
+    <property name="plugin-1" type="string" value="tasklist">
+      <property name="show-handle" type="bool" value="false"/>
+    </property>
+    <property name="plugin-2" type="string" value="separator">
       <property name="expand" type="bool" value="true"/>
       <property name="style" type="uint" value="0"/>
     </property>
-    <property name="plugin-2" type="string" value="systray">
+    <property name="plugin-3" type="string" value="systray">
       <property name="square-icons" type="bool" value="true"/>
     </property>
   </property>
@@ -88,7 +92,11 @@ NOTIFYD = """<?xml version="1.0" encoding="UTF-8"?>
 </channel>
 """
 DUNST = """[global]
+    width = 320
+    offset = 12x12
     origin = bottom-right
+    font = DejaVu Sans 10
+    markup = full
     mouse_left_click = do_action, close_current
     idle_threshold = 0
 [urgency_normal]
