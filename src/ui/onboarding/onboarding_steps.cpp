@@ -39,7 +39,7 @@ QWidget* makeBannerPicture(const Words& words)
     grid->addWidget(title, 0, 1);
     grid->addWidget(makeParagraph(TextStyle::subheadline, Tone::secondary, words(texts::waitingInputBody)), 1,
                     1);
-    grid->addWidget(action, 2, 1);
+    grid->addWidget(action, 2, 1, Qt::AlignLeft);
     auto* banner = new Card;
     banner->setContent(content, 14);
     banner->setFixedWidth(scaled(bannerWidth));
@@ -54,7 +54,12 @@ QWidget* makeWelcomeStep(const Words& words)
     auto* step = new QWidget;
     auto* layout = makeColumn(step, underHeader);
     layout->addWidget(body);
-    layout->addWidget(makeBannerPicture(words), 0, Qt::AlignHCenter);
+    auto* line =
+        makeLine(nullptr); // with an alignment, the layout would not ask for the height at that width
+    line->addStretch(1);
+    line->addWidget(makeBannerPicture(words));
+    line->addStretch(1);
+    layout->addLayout(line);
     return step;
 }
 
@@ -128,7 +133,7 @@ NotificationsStep::NotificationsStep(Services& services)
     connect(allow_, &QPushButton::clicked, this, [this] { services_.actions.allowNotifications(); });
     auto* row = new QWidget;
     auto* line = makeLine(row, 4);
-    line->addWidget(new TextLabel(TextStyle::body, Tone::neutral, words_(texts::status)));
+    line->addWidget(makeParagraph(TextStyle::body, Tone::neutral, words_(texts::status)));
     line->addWidget(status_, 1);
     line->addWidget(allow_);
     row->setMinimumHeight(scaled(metrics::controlHeight) + 2 * scaled(12));
