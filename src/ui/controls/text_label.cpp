@@ -59,10 +59,8 @@ void TextLabel::setParagraph(const QString& html)
     setTextFormat(Qt::RichText);
     // Only rich text can have a distance between its lines.
     const int line = static_cast<int>(std::lround(fontFor(style_).pixelSize() * lineHeight));
-    const int above = std::max(0, line - QFontMetrics(fontFor(style_)).height()) / 2;
-    const QString paragraph =
-        QStringLiteral("<p style='white-space:pre-wrap; line-height:%1px; margin-top:-%2px'>%3</p>");
-    QLabel::setText(html.isEmpty() ? QString() : paragraph.arg(line).arg(above).arg(withHardSpaces(html)));
+    const QString paragraph = QStringLiteral("<p style='white-space:pre-wrap; line-height:%1px'>%2</p>");
+    QLabel::setText(html.isEmpty() ? QString() : paragraph.arg(line).arg(withHardSpaces(html)));
 }
 
 void TextLabel::setTone(Tone tone)
