@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QFileOpenEvent>
 #include <QImage>
+#include <QLayout>
 #include <QShortcut>
 #include <QTimer>
 #include <QUrl>
@@ -171,7 +172,8 @@ TEST_F(ApplicationTest, OpensItsPanelUnderItsIcon)
     const auto panel =
         std::ranges::find_if(windows, [](auto* each) { return qobject_cast<PanelWindow*>(each); });
     ASSERT_NE(panel, windows.end());
-    const QRect area = (*panel)->geometry();
+    // Without its shadow.
+    const QRect area = (*panel)->geometry().marginsRemoved((*panel)->layout()->contentsMargins());
     EXPECT_TRUE(area.top() >= 28 && area.top() < 60) << area.top(); // under the menu bar
     EXPECT_TRUE(area.left() <= 1002 && area.right() >= 1028) << area.left();
 }
