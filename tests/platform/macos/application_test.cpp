@@ -85,9 +85,7 @@ protected:
         implement("frame", [](Id, const char*) { return ScreenArea{0, 0, 1920, 1000}; });
         shared("screens").set("firstObject", object());
         shared("systemStatusBar").set("item", object({{"button", button}}));
-        fs::last_write_time(abandoned, fs::file_time_type::clock::now() - std::chrono::hours(1));
         application = std::make_unique<Application>(translator);
-        EXPECT_FALSE(fs::exists(abandoned));
         EXPECT_EQ(handlers.size(), 1U);    // before the toolkit has registered
         EXPECT_TRUE(madeTimers().empty()); // nothing is timed before the launch, which may take long
         launch();
@@ -141,8 +139,6 @@ protected:
     }
 
     const TemporaryFolder folder;
-    const fs::path abandoned =
-        folder.write("Support/Chimewell/.chimewell-01234567-89AB-4CDE-8F01-23456789ABCD", "");
     const QtTranslator translator{Wording::macOS, {}};
     const Value button = object({{"window", object()}});
     std::unique_ptr<Application> application;
@@ -248,6 +244,13 @@ TEST_F(ApplicationTest, StaysBehindWhenTheSystemReopensIt)
 
 TEST_F(ApplicationTest, RegistersAndTakesAway)
 {
+    const fs::path abandoned =
+        folder.write("Support/Chimewell/.chimewell-01234567-89AB-4CDE-8F01-23456789ABCD", "");
+    fs::last_write_time(abandoned, fs::file_time_type::clock::now() - std::chrono::hours(1));
+    application.reset();
+    application = std::make_unique<Application>(translator); // which saves nothing this time
+    EXPECT_FALSE(fs::exists(abandoned));
+    launch();
     const FileDescriptor running(::open((folder.path() / "Support/Chimewell/running").c_str(), O_RDWR));
     ASSERT_TRUE(running.isOpen());
     struct flock lock = {};
