@@ -21,20 +21,19 @@ StatusIconState statusIconState(const AppSettings& settings, const Muting& mutin
     const auto entry = [&](IconCommand command, const Text& label) {
         return IconMenuEntry{.command = command, .label = translator.translate(label)};
     };
-    StatusIconState state{.isArmed = !muting.isMuted() && settings.anyProviderInstalled(),
-                          .label = translator.translate(
-                              {texts::titleAndDetail, {texts::panelName, panelHeader(settings).status}}),
-                          .menu = {entry(IconCommand::openPanel, texts::openPanel),
-                                   entry(IconCommand::toggleMute, texts::muteAll),
-                                   entry(IconCommand::muteForAnHour, texts::muteForAnHour),
-                                   entry(IconCommand::playSample, texts::playSample),
-                                   entry(IconCommand::openSettings, texts::openSettings),
-                                   entry(IconCommand::quit, texts::quit)}};
-    state.menu[1].isChecked = muting.isMuted();
-    state.menu[1].beginsGroup = true;
-    state.menu.back().beginsGroup = true;
-    state.menu.back().tooltip = translator.translate(texts::quitTooltip);
-    return state;
+    IconMenuEntry mute = entry(IconCommand::toggleMute, texts::muteAll);
+    mute.isChecked = muting.isMuted();
+    mute.beginsGroup = true;
+    IconMenuEntry quit = entry(IconCommand::quit, texts::quit);
+    quit.beginsGroup = true;
+    quit.tooltip = translator.translate(texts::quitTooltip);
+    return {.isArmed = !muting.isMuted() && settings.anyProviderInstalled(),
+            .label = translator.translate(
+                {texts::titleAndDetail, {texts::panelName, panelHeader(settings).status}}),
+            .menu = {entry(IconCommand::openPanel, texts::openPanel), mute,
+                     entry(IconCommand::muteForAnHour, texts::muteForAnHour),
+                     entry(IconCommand::playSample, texts::playSample),
+                     entry(IconCommand::openSettings, texts::openSettings), quit}};
 }
 
 bool RecentRow::hasSession() const
