@@ -29,9 +29,10 @@ QImage systemMask(std::string_view name, int pixels)
 
 }
 
-Application::Application(const Translator& translator)
-    : services_({.files = files_,
-                 .clock = clock_,
+Application::Application(const Translator& translator, const Clock& clock)
+    : timers_(clock),
+      services_({.files = files_,
+                 .clock = clock,
                  .timers = timers_,
                  .random = random_,
                  .locale = locale_,

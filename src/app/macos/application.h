@@ -12,7 +12,6 @@
 #include "platform/macos/run_loop_timers.h"
 #include "platform/macos/service_management_login_item.h"
 #include "platform/macos/user_notification_center.h"
-#include "platform/posix/posix_clock.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/random_device.h"
 #include "platform/posix/running_lock.h"
@@ -30,8 +29,9 @@ namespace chimewell {
 class Application final : public QObject {
     Q_OBJECT
 public:
-    /// The Qt application exists and its event loop does not run yet. `translator` outlives the application.
-    explicit Application(const Translator& translator);
+    /// The Qt application exists and its event loop does not run yet. `translator` and `clock` outlive the
+    /// application.
+    Application(const Translator& translator, const Clock& clock);
 
 protected:
     /// Sees opened URLs before Qt does.
@@ -44,8 +44,7 @@ private:
     // Members are created in this order.
     FoundationUserFolders folders_;
     PosixFiles files_;
-    PosixClock clock_;
-    RunLoopTimers timers_{clock_};
+    RunLoopTimers timers_;
     RandomDevice random_;
     FoundationUserLocale locale_;
     BundleResources resources_;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/macos/application.h"
+#include "platform/posix/posix_clock.h"
 #include "ui/look/words.h"
 
 #include <QApplication>
@@ -15,6 +16,7 @@ int main(int argc, char** argv)
     // Not the display name: Qt appends that to every window's title.
     QCoreApplication::setApplicationName(QStringLiteral("Chimewell"));
     QGuiApplication::setQuitOnLastWindowClosed(false);
-    const Application application(translator);
+    const PosixClock clock;
+    const Application application(translator, clock);
     return QApplication::exec();
 }

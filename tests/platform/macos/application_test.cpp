@@ -3,6 +3,7 @@
 
 #include "objective_c.h"
 #include "platform/posix/file_descriptor.h"
+#include "support/fake_time.h"
 #include "support/temporary_folder.h"
 #include "ui/look/symbol.h"
 #include "ui/look/words.h"
@@ -37,6 +38,7 @@ namespace chimewell::test {
 namespace {
 
 namespace fs = std::filesystem;
+using namespace std::chrono_literals;
 
 using Event = std::pair<Word, Word>; ///< Its class and its identifier.
 const Event openUrl{'GURL', 'GURL'};
@@ -85,7 +87,7 @@ protected:
         implement("frame", [](Id, const char*) { return ScreenArea{0, 0, 1920, 1000}; });
         shared("screens").set("firstObject", object());
         shared("systemStatusBar").set("item", object({{"button", button}}));
-        application = std::make_unique<Application>(translator);
+        application = std::make_unique<Application>(translator, time);
         EXPECT_EQ(handlers.size(), 1U);    // before the toolkit has registered
         EXPECT_TRUE(madeTimers().empty()); // nothing is timed before the launch, which may take long
         launch();
@@ -140,6 +142,7 @@ protected:
 
     const TemporaryFolder folder;
     const QtTranslator translator{Wording::macOS, {}};
+    FakeTime time;
     const Value button = object({{"window", object()}});
     std::unique_ptr<Application> application;
 };
@@ -170,7 +173,7 @@ TEST_F(ApplicationTest, OpensItsPanelUnderItsIcon)
     ASSERT_NE(panel, windows.end());
     // Without its shadow.
     const QRect area = (*panel)->geometry().marginsRemoved((*panel)->layout()->contentsMargins());
-    EXPECT_TRUE(area.top() >= 28 && area.top() < 60) << area.top(); // under the menu bar
+    EXPECT_TRUE(area.top() >= 28 && area.top() < 48) << area.top(); // under the menu bar
     EXPECT_TRUE(area.left() <= 1002 && area.right() >= 1028) << area.left();
 }
 
@@ -225,19 +228,22 @@ TEST_F(ApplicationTest, StaysBehindWhenTheSystemReopensIt)
     const auto wake = [] {
         notify(shared("sharedWorkspace")["notificationCenter"], "NSWorkspaceDidWakeNotification");
     };
+    const std::pair<std::function<void()>, std::chrono::seconds> causes[] = {
+        {[] { open("chimewell://event?type=finished"); }, ReopenRequests::afterOthers},
+        {clickBanner, ReopenRequests::afterOthers},
+        {wake, ReopenRequests::afterWake}};
     QApplication::closeAllWindows();
-    for (const std::function<void()>& cause :
-         {std::function<void()>([] { open("chimewell://event?type=finished"); }),
-          std::function<void()>(clickBanner), std::function<void()>(wake)}) {
+    for (const auto& [cause, explained] : causes) {
         deliver(reopen, object());
         cause();
+        time.sleep(explained - 1ms);
         deliver(reopen, object());
         ringTimers();
         EXPECT_EQ(shownWindows(), "");
-        application.reset(); // which forgets the cause
-        application = std::make_unique<Application>(translator);
-        launch();
-        runMainQueue();
+        time.sleep(1ms);
+        deliver(reopen, object());
+        ringTimers();
+        EXPECT_EQ(shownWindows(), "Chimewell Settings");
         QApplication::closeAllWindows();
     }
 }
@@ -248,24 +254,20 @@ TEST_F(ApplicationTest, RegistersAndTakesAway)
         folder.write("Support/Chimewell/.chimewell-01234567-89AB-4CDE-8F01-23456789ABCD", "");
     fs::last_write_time(abandoned, fs::file_time_type::clock::now() - std::chrono::hours(1));
     application.reset();
-    application = std::make_unique<Application>(translator); // which saves nothing this time
+    application = std::make_unique<Application>(translator, time); // which saves nothing this time
     EXPECT_FALSE(fs::exists(abandoned));
-    launch();
+    notify(shared("defaultCenter"), "NSApplicationWillFinishLaunchingNotification");
+    EXPECT_EQ(handlers.size(), 3U); // before the event that started it arrives
     const FileDescriptor running(::open((folder.path() / "Support/Chimewell/running").c_str(), O_RDWR));
     ASSERT_TRUE(running.isOpen());
     struct flock lock = {};
     lock.l_type = F_WRLCK;
     EXPECT_EQ(::fcntl(running.get(), F_OFD_SETLK, &lock), -1) << "the lock by which the helper knows it";
-    EXPECT_NE(shared("currentNotificationCenter")["delegate"], Value(nullptr));
-    EXPECT_EQ(handlers.size(), 3U);
     application.reset();
     EXPECT_TRUE(handlers.empty());
     EXPECT_EQ(shared("systemStatusBar")["removeStatusItem"], shared("systemStatusBar")["item"]);
     launch();
     EXPECT_TRUE(handlers.empty());
-    handlers = {{openUrl, {object(), "ignore"}}};
-    AppleEvents({}); // has registered nothing yet
-    EXPECT_EQ(handlers.size(), 1U);
 }
 
 TEST_F(ApplicationTest, IsDormantAfterTheUsersQuitOnly)
