@@ -34,7 +34,7 @@ def method_name(selector: str) -> str:
 
 
 class Declarations:
-    def __init__(self, frameworks: Path = FRAMEWORKS):
+    def __init__(self):
         self.types: dict[str, Type] = {}
         self.constants: dict[str, tuple[str | None, int]] = {}  # enumeration, value
         self.variables: dict[str, str] = {}
@@ -42,10 +42,10 @@ class Declarations:
         self.classes: set[str] = set()
         self._aliases: dict[str, str] = {}
         self._enums: set[str] = set()
-        self.headers = {header.stem: header.read_text() for header in frameworks.glob("*/Headers/*.h")}
+        self.headers = {header.stem: header.read_text() for header in FRAMEWORKS.glob("*/Headers/*.h")}
         imports = "".join(f"#import <{name}/{name}.h>\n" for name in self.headers)
         command = ["clang++-19", "-x", "objective-c++", "-std=c++23", "-fobjc-arc", "-target", "arm64-apple-macos13",
-                   "-iframework", frameworks, "-fsyntax-only", "-Xclang", "-ast-dump=json", "-"]  # fmt: skip
+                   "-iframework", FRAMEWORKS, "-fsyntax-only", "-Xclang", "-ast-dump=json", "-"]  # fmt: skip
         read = subprocess.run(command, input=imports.encode(), stdout=subprocess.PIPE, check=True).stdout
         for node in json.loads(read)["inner"]:
             for each in node["inner"] if node["kind"] == "LinkageSpecDecl" else [node]:

@@ -10,7 +10,6 @@
 #include "platform/macos/system_symbols.h"
 #include "platform/macos/user_notification_center.h"
 #include "platform/posix/posix_clock.h"
-#include "support/temporary_folder.h"
 #include "values/shared_names.h"
 #include "values/sound_option.h"
 
@@ -21,7 +20,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <string>
 #include <utility>
@@ -128,31 +126,6 @@ TEST(StatusItem, HasAPlaceInTheMenuBar)
 TEST(UserNotificationCenter, IsUnavailableOutsideABundle)
 {
     EXPECT_FALSE(UserNotificationCenter().isAvailable());
-}
-
-TEST(Delivery, HandsTheUrlToTheApplicationAroundTheHelper)
-{
-    const fs::path program = CHIMEWELL_RECEIVER;
-    const fs::path bundle = program.parent_path().parent_path().parent_path();
-    const fs::path received = program.native() + ".url";
-    fs::remove(received);
-    const TemporaryFolder home;
-    const auto input = home.write("input", R"({"session_id":"one","cwd":"/tmp/größe 1"})");
-    const std::string helper = bundle / "Contents/Resources" / helperName;
-    const std::string command =
-        "HOME='" + home.path().native() + "' '" + helper + "' claude finished <'" + input.native() + "'";
-    ASSERT_EQ(std::system(command.c_str()), 0);
-
-    ASSERT_TRUE(waitUntil([&] { return fs::exists(received); }));
-    std::ifstream file(received);
-    std::string url;
-    std::getline(file, url);
-    EXPECT_TRUE(url.starts_with("chimewell://event?type=finished&provider=claude")) << url;
-    EXPECT_NE(url.find("gr%C3%B6%C3%9Fe%201"), std::string::npos) << url;
-
-    // URLs that a user opens are none of its business.
-    const std::string forget = CHIMEWELL_LSREGISTER " -u '" + bundle.native() + "'";
-    static_cast<void>(std::system(forget.c_str()));
 }
 
 }

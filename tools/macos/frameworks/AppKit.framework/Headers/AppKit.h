@@ -32,7 +32,6 @@ NS_EXTERN const NSNotificationName NSApplicationWillFinishLaunchingNotification;
 
 @interface NSApplication : NSObject
 @property (class, readonly, strong) NSApplication* sharedApplication;
-- (void)run;
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)activationPolicy;
 // Not deprecated before 14, which has a request that other applications may refuse in its place.
 - (void)activateIgnoringOtherApps:(BOOL)ignoreOtherApps;
@@ -65,10 +64,8 @@ NS_EXTERN const NSNotificationName NSWorkspaceDidWakeNotification;
 - (void)activateFileViewerSelectingURLs:(NSArray<NSURL*>*)fileURLs;
 @end
 
-typedef NSString* NSSoundName;
-
 @interface NSSound : NSObject
-+ (nullable NSSound*)soundNamed:(NSSoundName)name;
++ (nullable NSSound*)soundNamed:(NSString*)name;
 - (BOOL)play;
 - (BOOL)stop;
 @property (readonly, getter=isPlaying) BOOL playing;
@@ -83,9 +80,7 @@ typedef NSString* NSSoundName;
 - (void)drawInRect:(NSRect)rect;
 @end
 
-typedef NSString* NSColorSpaceName;
-
-NS_EXTERN const NSColorSpaceName NSDeviceRGBColorSpace;
+NS_EXTERN NSString* const NSDeviceRGBColorSpace;
 
 @interface NSBitmapImageRep : NSObject
 - (nullable instancetype)initWithBitmapDataPlanes:(unsigned char* _Nullable* _Nullable)planes
@@ -95,7 +90,7 @@ NS_EXTERN const NSColorSpaceName NSDeviceRGBColorSpace;
                                   samplesPerPixel:(NSInteger)spp
                                          hasAlpha:(BOOL)alpha
                                          isPlanar:(BOOL)isPlanar
-                                   colorSpaceName:(NSColorSpaceName)colorSpaceName
+                                   colorSpaceName:(NSString*)colorSpaceName
                                       bytesPerRow:(NSInteger)rBytes
                                      bitsPerPixel:(NSInteger)pBits;
 @property (nullable, readonly) unsigned char* bitmapData;

@@ -217,13 +217,11 @@ typedef NSString* NSNotificationName;
 - (void)invalidate;
 @end
 
-typedef NSString* NSRunLoopMode;
-
-NS_EXTERN const NSRunLoopMode NSRunLoopCommonModes;
+NS_EXTERN NSString* const NSRunLoopCommonModes;
 
 @interface NSRunLoop : NSObject
 @property (class, readonly, strong) NSRunLoop* mainRunLoop;
-- (void)addTimer:(NSTimer*)timer forMode:(NSRunLoopMode)mode;
+- (void)addTimer:(NSTimer*)timer forMode:(NSString*)mode;
 - (void)runUntilDate:(NSDate*)limitDate;
 @end
 
@@ -231,7 +229,6 @@ NS_EXTERN const NSRunLoopMode NSRunLoopCommonModes;
 @property (readonly) OSType enumCodeValue;
 @property (readonly) OSType typeCodeValue;
 @property (nullable, readonly, copy) NSString* stringValue;
-@property (readonly) AEEventID eventID;
 - (nullable NSAppleEventDescriptor*)paramDescriptorForKeyword:(AEKeyword)keyword;
 - (nullable NSAppleEventDescriptor*)attributeDescriptorForKeyword:(AEKeyword)keyword;
 @end
@@ -243,7 +240,6 @@ NS_EXTERN const NSRunLoopMode NSRunLoopCommonModes;
           forEventClass:(AEEventClass)eventClass
              andEventID:(AEEventID)eventID;
 - (void)removeEventHandlerForEventClass:(AEEventClass)eventClass andEventID:(AEEventID)eventID;
-@property (nullable, readonly, retain) NSAppleEventDescriptor* currentAppleEvent;
 @end
 
 #pragma clang assume_nonnull end
