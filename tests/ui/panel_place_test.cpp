@@ -15,6 +15,7 @@ TEST(PanelPlace, IsAtTheBellOrInItsCorner)
     constexpr QRect rightOf(30, 0, 970, 800);
     constexpr QRect leftOf(0, 0, 970, 800);
     constexpr QPoint middle(500, 400), bell(900, 10);
+    constexpr QRect icon(bell, QSize(20, 20));
     struct Row {
         const char* name;
         std::optional<QRect> icon;
@@ -24,13 +25,8 @@ TEST(PanelPlace, IsAtTheBellOrInItsCorner)
         QPoint anchor;
     };
     const Row rows[] = {
-        {"the bell", QRect(bell, QSize(20, 20)), middle, below, Qt::LeftToRight, {900, 10}},
-        {"the bell in a panel that hides",
-         QRect(bell, QSize(20, 20)),
-         middle,
-         screen,
-         Qt::LeftToRight,
-         {900, 10}},
+        {"the bell", icon, middle, below, Qt::LeftToRight, bell},
+        {"the bell in a panel that hides", icon, middle, screen, Qt::LeftToRight, bell},
         {"the pointer at the bell", std::nullopt, bell, below, Qt::LeftToRight, bell},
         {"the host names the pointer", QRect(middle, QSize(1, 1)), middle, below, Qt::LeftToRight, {999, 0}},
         {"by keyboard, panel at the top", std::nullopt, middle, below, Qt::LeftToRight, {999, 0}},

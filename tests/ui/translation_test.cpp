@@ -23,7 +23,6 @@ TEST(Translation, IsInTheFirstLanguageThatThereIs)
         Wording wording = Wording::linuxDesktop;
     };
     const Said all[] = {
-        {texts::general, "Allgemein", "General"},
         {texts::reveal, "In Dateiverwaltung anzeigen", "Show in File Manager"},
         {texts::reveal, "Im Finder zeigen", "Reveal in Finder", Wording::macOS},
         {{texts::everyMinutes, 1}, "Abstand: 1 Minute", "Every 1 minute"},
