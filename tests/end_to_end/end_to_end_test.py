@@ -55,16 +55,6 @@ class EndToEnd(unittest.TestCase):
         self.installed.claude("finished", "b", "/srv/again")
         self.watch.until_shown("Finished — again")
 
-    def test_an_event_that_starts_it_leaves_the_marker(self):
-        # The helper looks at the marker first; another program that opens a URL does not.
-        MARKER.write_text("yesterday")
-        application.write_settings(reminderIntervalSeconds=1)
-        url = "chimewell://event?type=waiting_input&provider=codex&title=By%20address"
-        subprocess.run(["gio", "open", url], check=True)
-        # A second after the start; the marker is looked at half a second after it.
-        self.watch.until_shown("Still waiting — By address")
-        self.assertTrue(MARKER.exists())
-
     def test_a_second_instance_exits_and_the_first_stays(self):
         first = application.activate()
         second = subprocess.run([self.installed.program], timeout=10, check=False)
