@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -18,50 +17,34 @@ namespace {
 
 using Path = std::filesystem::path;
 
-/// A disk with a file and two folders on it.
-struct Disk {
-    std::unique_ptr<AgentFiles> files;
-    Path root;
-    std::unique_ptr<TemporaryFolder> folder = nullptr; ///< Of a real disk.
-};
-
-Disk realDisk()
-{
-    auto folder = std::make_unique<TemporaryFolder>();
-    const Path root = folder->path();
-    return {std::make_unique<PosixFiles>(), root, std::move(folder)};
-}
-
-Disk fakeDisk()
-{
-    return {std::make_unique<MemoryFiles>(), "/root"};
-}
-
-class FilesContract : public ::testing::TestWithParam<Disk (*)()> {
+/// A disk with a file and two folders on it: a real one, or the fake.
+class FilesContract : public ::testing::TestWithParam<bool> {
 protected:
     FilesContract()
     {
         EXPECT_TRUE(files.createFolders(at("folder/sub")));
         EXPECT_TRUE(files.replace(at("file"), "old"));
     }
-    Path at(const char* path) const { return disk_.root / path; }
-    std::vector<std::string> names(const char* folder = "") const
+    Path at(const char* path) const { return folder.path() / path; }
+    std::vector<std::string> names(const char* ofFolder = "") const
     {
-        auto list =
-            files.list(*folder ? at(folder) : disk_.root).value_or(std::vector<std::string>{"no list"});
+        auto list = files.list(*ofFolder ? at(ofFolder) : folder.path())
+                        .value_or(std::vector<std::string>{"no list"});
         std::ranges::sort(list);
         return list;
     }
 
 private:
-    Disk disk_ = GetParam()();
+    const TemporaryFolder folder;
+    PosixFiles real;
+    MemoryFiles fake;
 
 protected:
-    AgentFiles& files = *disk_.files;
+    AgentFiles& files = GetParam() ? static_cast<AgentFiles&>(real) : fake;
 };
 
-INSTANTIATE_TEST_SUITE_P(Disks, FilesContract, ::testing::Values(realDisk, fakeDisk),
-                         [](const auto& disk) { return disk.index == 0 ? "real" : "fake"; });
+INSTANTIATE_TEST_SUITE_P(Disks, FilesContract, ::testing::Bool(),
+                         [](const auto& isReal) { return isReal.param ? "real" : "fake"; });
 
 using Names = std::vector<std::string>;
 

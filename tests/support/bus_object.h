@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
 #include <QString>
@@ -12,25 +13,39 @@
 
 namespace chimewell::test {
 
-/// Any service on a bus: it notes every call and answers all of them alike.
+/// Any service on a bus, at the place of the one that there is: it notes every call and answers all of them
+/// alike.
 class BusObject : public QDBusVirtualObject {
 public:
-    BusObject(QDBusConnection bus, const QString& service, const QString& path, QVariantList itsAnswer = {})
-        : answer(std::move(itsAnswer))
+    BusObject(QDBusConnection bus, QString service, QString path, QVariantList itsAnswer = {})
+        : answer(std::move(itsAnswer)),
+          bus_(std::move(bus)),
+          service_(std::move(service)),
+          path_(std::move(path))
     {
-        bus.registerVirtualObject(path, this);
-        bus.registerService(service);
+        bus_.registerVirtualObject(path_, this);
+        bus_.interface()->registerService(service_, QDBusConnectionInterface::ReplaceExistingService,
+                                          QDBusConnectionInterface::AllowReplacement);
+    }
+    ~BusObject() override
+    {
+        bus_.unregisterService(service_);
+        bus_.unregisterObject(path_);
     }
 
     QVariantList answer;
     std::vector<QDBusMessage> calls;
 
     QString introspect(const QString&) const override { return {}; }
-    bool handleMessage(const QDBusMessage& call, const QDBusConnection& connection) override
+    bool handleMessage(const QDBusMessage& call, const QDBusConnection&) override
     {
         calls.push_back(call);
-        return connection.send(call.createReply(answer));
+        return bus_.send(call.createReply(answer));
     }
+
+protected:
+    QDBusConnection bus_;
+    const QString service_, path_;
 };
 
 }

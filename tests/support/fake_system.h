@@ -2,21 +2,63 @@
 #pragma once
 
 #include "core/services.h"
+#include "ports/application_activation.h"
+#include "ports/login_item.h"
+#include "ports/user_locale.h"
 #include "support/english_translator.h"
 #include "support/fake_time.h"
 #include "support/fixed_home.h"
 #include "support/fixed_random.h"
 #include "support/memory_files.h"
 #include "support/one_resource.h"
-#include "support/plain_locale.h"
-#include "support/recording_activation.h"
-#include "support/recording_login_item.h"
 #include "support/recording_notification_center.h"
 #include "support/recording_sounds.h"
 #include "support/recording_speech.h"
 #include "support/recording_workspace.h"
 
+#include <vector>
+
 namespace chimewell::test {
+
+/// A locale whose texts show what was asked.
+class PlainLocale : public UserLocale {
+public:
+    std::string shortRelativeTime(Date date, Date now) const override { return relativeTime(date, now); }
+    std::string shortTime(Date) const override { return "14:05"; }
+    std::string relativeTime(Date date, Date now) const override
+    {
+        return std::to_string(std::chrono::floor<std::chrono::seconds>(now - date).count()) + " seconds ago";
+    }
+};
+
+/// Keeps what the application asked for.
+class RecordingActivation : public ApplicationActivation {
+public:
+    void setPolicy(ActivationPolicy policy) override { policies.push_back(policy); }
+    void activate() override { ++activations; }
+
+    std::vector<ActivationPolicy> policies;
+    int activations = 0;
+};
+
+/// A login item that is what it was told to be, unless it refuses.
+class RecordingLoginItem : public LoginItem {
+public:
+    bool isEnabled() const override { return enabled; }
+    std::expected<void, Phrase> registerItem() override { return set(true); }
+    std::expected<void, Phrase> unregisterItem() override { return set(false); }
+
+    bool enabled = false;
+    bool refuses = false;
+
+private:
+    std::expected<void, Phrase> set(bool wanted)
+    {
+        if (refuses) return std::unexpected(std::string("Operation not permitted"));
+        enabled = wanted;
+        return {};
+    }
+};
 
 /// A system of fakes for the services to run on.
 struct FakeSystem {

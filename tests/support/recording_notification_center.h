@@ -25,7 +25,7 @@ public:
     void requestPermission(std::function<void()> done) override
     {
         ++requests;
-        permission = userAnswers;
+        permission = NotificationPermission::authorized;
         done();
     }
     void post(const NotificationRequest& request) override { posted.push_back(request); }
@@ -39,7 +39,6 @@ public:
     bool available = true;
     std::function<void()> beforeAnswer; ///< What the system does while it is asked.
     NotificationPermission permission = NotificationPermission::authorized;
-    NotificationPermission userAnswers = NotificationPermission::authorized;
     int requests = 0;
     NotificationCategory category;
     std::vector<NotificationRequest> posted; ///< And not withdrawn.

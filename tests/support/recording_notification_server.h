@@ -1,22 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QDBusArgument>
-#include <QDBusConnection>
-#include <QDBusConnectionInterface>
-#include <QDBusMessage>
-#include <QDBusVirtualObject>
-#include <QString>
-#include <QStringList>
-#include <QVariantList>
+#include "support/bus_object.h"
 
-#include <utility>
-#include <vector>
+#include <QDBusArgument>
+#include <QStringList>
 
 namespace chimewell::test {
 
 /// A notification server that shows nothing, notes what it is asked and does what the test says.
-class RecordingNotificationServer : public QDBusVirtualObject {
+class RecordingNotificationServer : public BusObject {
 public:
     struct Banner {
         QVariantList arguments; ///< Of the call, with these among them.
@@ -24,17 +17,13 @@ public:
         QStringList actions;
     };
 
-    /// Takes the servers' name on `bus`, also from another of these.
-    RecordingNotificationServer(QDBusConnection bus, QStringList capabilities, QString software)
-        : bus_(std::move(bus)),
+    RecordingNotificationServer(const QDBusConnection& bus, QStringList capabilities, QString software)
+        : BusObject(bus, QStringLiteral("org.freedesktop.Notifications"),
+                    QStringLiteral("/org/freedesktop/Notifications")),
           capabilities_(std::move(capabilities)),
           software_(std::move(software))
     {
-        bus_.registerVirtualObject(path_, this);
-        bus_.interface()->registerService(name_, QDBusConnectionInterface::ReplaceExistingService,
-                                          QDBusConnectionInterface::AllowReplacement);
     }
-    ~RecordingNotificationServer() override { bus_.unregisterObject(path_); }
 
     /// From now on calls are noted, but answered by `answerHeld` only.
     void hold() { holding_ = true; }
@@ -46,7 +35,7 @@ public:
     }
     void tell(const char* signal, uint banner, const QVariant& value)
     {
-        auto message = QDBusMessage::createSignal(path_, name_, QString::fromLatin1(signal));
+        auto message = QDBusMessage::createSignal(path_, service_, QString::fromLatin1(signal));
         bus_.send(message << banner << value);
     }
     void click(uint banner, const char* action = "default")
@@ -59,37 +48,34 @@ public:
     std::vector<uint> withdrawn;
     int capabilityQuestions = 0;
 
-    QString introspect(const QString&) const override { return {}; }
-    bool handleMessage(const QDBusMessage& message, const QDBusConnection&) override
+    bool handleMessage(const QDBusMessage& call, const QDBusConnection&) override
     {
-        QDBusMessage reply;
-        if (message.member() == QStringLiteral("GetServerInformation"))
-            return bus_.send(message.createReply({software_, QString(), QString(), QString()}));
-        if (message.member() == QStringLiteral("GetCapabilities")) {
+        const QString member = call.member();
+        QVariantList arguments = call.arguments();
+        QVariant result;
+        if (member == QStringLiteral("GetServerInformation")) {
+            return bus_.send(call.createReply({software_, QString(), QString(), QString()}));
+        } else if (member == QStringLiteral("GetCapabilities")) {
             ++capabilityQuestions;
-            reply = message.createReply(capabilities_);
-        } else if (message.member() == QStringLiteral("Notify")) {
-            QVariantList arguments = message.arguments();
-            arguments[6] = qdbus_cast<QVariantMap>(arguments.value(6)); // the hints
+            result = capabilities_;
+        } else if (member == QStringLiteral("Notify")) {
+            arguments[6] = qdbus_cast<QVariantMap>(arguments[6]); // the hints
             banners.push_back(
                 {arguments, arguments[3].toString(), arguments[4].toString(), arguments[5].toStringList()});
-            reply = message.createReply(static_cast<uint>(banners.size()));
-        } else if (message.member() == QStringLiteral("CloseNotification")) {
-            withdrawn.push_back(message.arguments().value(0).toUInt());
+            result = static_cast<uint>(banners.size());
+        } else if (member == QStringLiteral("CloseNotification")) {
+            withdrawn.push_back(arguments[0].toUInt());
             close(withdrawn.back());
-            reply = message.createReply();
         } else {
             return false;
         }
+        const auto reply = result.isValid() ? call.createReply(result) : call.createReply();
         if (!holding_) return bus_.send(reply);
         held_.push_back(reply);
         return true;
     }
 
 private:
-    const QString name_ = QStringLiteral("org.freedesktop.Notifications");
-    const QString path_ = QStringLiteral("/org/freedesktop/Notifications");
-    QDBusConnection bus_;
     QStringList capabilities_;
     QString software_;
     bool holding_ = false;

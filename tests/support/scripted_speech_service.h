@@ -29,7 +29,6 @@ public:
     };
     std::vector<Spoken> spoken;
     std::vector<std::string> commands; ///< Of all connections, texts excluded.
-    int connections = 0;
     bool answers = true;
     bool endsAtOnce = false; ///< Even before it tells the number of what ended.
 
@@ -45,7 +44,6 @@ private:
     void accept()
     {
         socket_ = server_.nextPendingConnection();
-        ++connections;
         voice_.clear();
         QObject::connect(socket_, &QLocalSocket::readyRead, &server_, [this] {
             while (socket_->canReadLine())

@@ -85,6 +85,8 @@ TEST_F(PulseSystemSoundsTest, StoppedOrDestroyedSoundsLeaveNothingAtTheServer)
     EXPECT_TRUE(streamsBecome(2));
     EXPECT_TRUE(playing[1]->isPlaying());
     EXPECT_TRUE(playing[2]->isPlaying());
+    playing.front()->play();
+    EXPECT_TRUE(streamsBecome(3)) << "it can be played again";
     playing.clear();
     EXPECT_TRUE(streamsBecome(0));
 }
