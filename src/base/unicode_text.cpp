@@ -43,7 +43,10 @@ bool reordersText(char32_t c)
 
 bool isCombiningMark(char32_t c)
 {
-    return category(c) == UTF8PROC_CATEGORY_MN || category(c) == UTF8PROC_CATEGORY_ME;
+    constexpr char32_t first = 0x300;
+    if (c < first) return false;
+    const auto kind = category(c);
+    return kind == UTF8PROC_CATEGORY_MN || kind == UTF8PROC_CATEGORY_ME;
 }
 
 enum class Lines { kept, joined };
