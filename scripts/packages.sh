@@ -30,6 +30,15 @@ desktop_packages=(
     fonts-dejavu-core librsvg2-common
 )
 
+# The other desktops on which it is used (tests/desktops), and how pictures are taken there.
+real_desktop_packages=(
+    trayer qt6-wayland
+    xdg-desktop-portal xdg-desktop-portal-gtk xdg-desktop-portal-kde
+    sway waybar mako-notifier grim
+    kwin-x11 plasma-desktop plasma-workspace
+    gnome-shell gnome-shell-extension-appindicator gjs
+)
+
 # To test it: the checks, the second compiler, the programs that tests use.
 test_packages=(
     libgtest-dev clang-19 clang-tidy-19 clang-format-19 ccache

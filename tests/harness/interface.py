@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
 """The application's windows as assistive technology sees and uses them (AT-SPI), and its icon in the tray."""
+import re
 import subprocess
 
 import gi
@@ -167,8 +168,7 @@ class StatusNotifierIcon:
     def __init__(self):
         items = until(lambda: bus.read_property(self.WATCHER, "/StatusNotifierWatcher", self.WATCHER,
                                                 "RegisteredStatusNotifierItems"), "its icon in the tray")
-        self._name, _, path = items[0].partition("/")
-        self._path = "/" + path
+        self._name, self._path = re.fullmatch("([^/@]+)@?(/.*)", items[0]).groups()
 
     @staticmethod
     def click():

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/tray/status_notifier_item.h"
 
-#include <QCoreApplication>
 #include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QGuiApplication>
@@ -18,15 +17,6 @@ namespace {
 const QString itemPath = QStringLiteral("/StatusNotifierItem");
 const QString menuPath = QStringLiteral("/StatusNotifierItem/Menu");
 const QString watcher = QStringLiteral("org.kde.StatusNotifierWatcher");
-
-/// A name that no other icon has, not even our own of before: a host may still be dropping that one.
-QString freshService()
-{
-    static int last = 0;
-    return QStringLiteral("org.kde.StatusNotifierItem-%1-%2")
-        .arg(QCoreApplication::applicationPid())
-        .arg(++last);
-}
 
 /// `x` and `y` in the pixels of the whole desktop, which Qt counts in points on each screen.
 std::optional<ScreenArea> clickedPlace(int x, int y)
@@ -78,7 +68,7 @@ const QDBusArgument& operator>>(const QDBusArgument& in, NotifierToolTip& toolTi
     return in;
 }
 
-StatusNotifierItem::StatusNotifierItem(QDBusConnection bus) : bus_(std::move(bus)), service_(freshService())
+StatusNotifierItem::StatusNotifierItem(QDBusConnection bus) : bus_(std::move(bus))
 {
     qDBusRegisterMetaType<NotifierPicture>();
     qDBusRegisterMetaType<QList<NotifierPicture>>();
@@ -89,7 +79,6 @@ StatusNotifierItem::StatusNotifierItem(QDBusConnection bus) : bus_(std::move(bus
 StatusNotifierItem::~StatusNotifierItem()
 {
     if (!isThere_) return;
-    bus_.unregisterService(service_);
     bus_.unregisterObject(menuPath);
     bus_.unregisterObject(itemPath);
 }
@@ -126,10 +115,11 @@ void StatusNotifierItem::enterPanel()
     const auto exported = QDBusConnection::ExportScriptableContents;
     bus_.registerObject(itemPath, this, exported);
     bus_.registerObject(menuPath, &menu_, exported);
-    bus_.registerService(service_);
     auto call = QDBusMessage::createMethodCall(watcher, QStringLiteral("/StatusNotifierWatcher"), watcher,
                                                QStringLiteral("RegisterStatusNotifierItem"));
-    call << service_;
+    // The connection's own name. For any other, GNOME's extension also asks who owns it, and drops the icon
+    // if that answer comes after the icon's properties (version 46).
+    call << bus_.baseService();
     bus_.send(call);
 }
 

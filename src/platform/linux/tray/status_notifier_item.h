@@ -85,7 +85,6 @@ private:
     void enterPanel();
 
     QDBusConnection bus_;
-    const QString service_; ///< The icon's own name on the bus; the host drops the icon when nobody owns it.
     QString iconName_;
     NotifierToolTip toolTip_;
     DbusMenu menu_;
