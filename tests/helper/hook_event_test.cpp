@@ -117,8 +117,8 @@ TEST(HookEvent, MakesTheBestOfOddPayloads)
         {"claude", "finished", R"({"session_id":"first","session_id":"second","cwd":"/c"})",
          "&session=first&cwd=%2Fc"},
         {"claude", "finished",
-         R"({"s\u0065ssion_id":"\u00e4\ud83d\ude42\ud83d \u0000\"","cwd":"/a%b&c#d+e"})",
-         "&session=%C3%A4%F0%9F%99%82%EF%BF%BD%20%22&cwd=%2Fa%25b%26c%23d%2Be"},
+         R"({"s\u0065ssion_id":"\u00e4\ud83d\ude42\ud83d \u0000\"","cwd":"/a%b&c#d+e`azAZ09-._~"})",
+         "&session=%C3%A4%F0%9F%99%82%EF%BF%BD%20%22&cwd=%2Fa%25b%26c%23d%2Be%60azAZ09-._~"},
         // A value that the end of the input cuts is not half known but missing.
         {"claude", "finished", R"({"session_id":"S","cwd":"/home/de)", "&session=S"},
         {"claude", "finished", R"({"message":"the answer","prompt":"the prompt","title":"T"})", ""},

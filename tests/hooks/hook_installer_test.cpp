@@ -134,7 +134,8 @@ TEST_F(HookInstallerTest, AddsAndRemovesItsLineInToml)
 {
     for (const std::string text :
          {"", "a = 1\r\nb = 2\r\n", "a = [\n[1],\nnotify = 2\n]\n",
-          "[x]\nnotify.y = 1\n[y]\nnotify = [\"other\"]\n", "notify_x = 1\n# notify = 2\n",
+          "[x]\nnotify.y = 1\n[y]\nnotify = [\"other\"]\n",
+          "notify_x = 1\n# notify = 2\n[notify_x]\n[x.notify]\n",
           "a = \"\\\"\"\nb = '\\'\nc = \"\"\"\nnotify = 1\n[x]\n\\\"\"\" \"\"\"\"\nd = {e = '}'}\n"})
         check(codex, text, notifyLine + text);
     check(codex, "a = 1", notifyLine + "a = 1\n", "a = 1\n");
@@ -145,7 +146,8 @@ TEST_F(HookInstallerTest, AddsAndRemovesItsLineInToml)
     for (const char* ours : {"notify=[\n  \"/old/chimewell-hook\", # ]\n  \"codex-notify\",\n]",
                              "\"notify\" = [\"chimewell-hook\"]\r\n",
                              "\"n\\u006Ftif\\U00000079\" = [ # \"\n'/old/chimewell-hook', 'other']\n",
-                             "notify = [\"\"\"\n/old/\\u0063hime\\\n  well-hook\"\"\"]\n"})
+                             "notify = [\"\"\"\n/old/\\u0063hime\\\n  well-hook\"\"\"]\n",
+                             "notify = [\"\"\"\r\nchimewell-hook\"\"\"]\n"})
         check(codex, ours, notifyLine, "");
 }
 
@@ -187,10 +189,10 @@ TEST_F(HookInstallerTest, RefusesWhatItCannotChangeSafely)
     refuses(codex, "", "Could not encode config.toml.", "done", "/opt/\xE9/chimewell-hook");
     const std::string notUtf8 = "Could not read /home/me/.codex/config.toml: The file is not valid UTF-8.";
     refuses(codex, "a = \"\xFF\"\n", notUtf8, notUtf8);
-    for (const char* text :
-         {"notify = [\"other\"] # chimewell-hook\n", "text = '''\n''' \n'notify'=1\n",
-          "a = [\"\"\"x\"\"\"\"]\nb = {c = 1}\nnotify = {}\n", "notify.program = \"other\"\n",
-          "a = 1\n[notify]\nx = 1\n", "[a]\n[[notify]]\n", "[ \"notify\" . x ]\n"})
+    for (const char* text : {"notify = [\"other\"] # chimewell-hook\n", "text = '''\n''' \n'notify'=1\n",
+                             "a = ''''''\nnotify = 1\n", "a = [\"\"\"x\"\"\"\"]\nb = {c = 1}\nnotify = {}\n",
+                             "notify.program = \"other\"\n", "a = 1\n[notify]\nx = 1\n", "[a]\n[[notify]]\n",
+                             "[ \"notify\" . x ]\n"})
         refuses(codex, text, "Codex supports only a single `notify` program");
     for (const char* text : {"notify = [\"/home/u/chain.sh\", \"/opt/chimewell-hook\"]\n",
                              "notify = [ # mine\n  '/home/u/chimewell-hook/chain.sh',\n]\n"})

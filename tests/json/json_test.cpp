@@ -76,6 +76,7 @@ TEST(JSONParser, Unescapes)
         {R"(\ud83d)", replacement},
         {R"(\ud83d\u0041b)", replacement + "b"},
         {R"(\ud83d\ud83d\ude00)", replacement + replacement},
+        {R"(\udc00\udc00)", replacement + replacement},
         {R"(\ud83d\\ude00)", replacement + "\\ude00"},
     };
     for (const auto& [escaped, plain] : cases)

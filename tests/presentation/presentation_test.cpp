@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "presentation/event_looks.h"
 #include "presentation/panel_model.h"
 #include "presentation/settings_model.h"
+#include "values/sound_option.h"
 #include "values/texts.h"
 
 #include "support/fake_system.h"
@@ -47,6 +49,7 @@ TEST(PanelModel, IconAndHeaderTellWhetherAlertsWillCome)
         EXPECT_EQ(icon.label, "Chimewell — " + c.status);
         EXPECT_EQ(icon.menu[1].label, "Mute all");
         EXPECT_EQ(icon.menu[1].isChecked, c.muted);
+        EXPECT_FALSE(icon.menu.back().tooltip.empty()) << "what quitting means";
         EXPECT_EQ(english(panelHeader(settings).status), c.status);
         EXPECT_EQ(panelHeader(settings).isListening, c.status == "Listening");
     }
@@ -68,9 +71,21 @@ TEST(PanelModel, ShowsSixAlertsAndCountsTheOthers)
     EXPECT_EQ(english(*panelMore(history)), "2 more in Settings ▸ Recent");
 }
 
+TEST(EventSettings, CanBeHeardFirstUnlessTheyAreSilent)
+{
+    EventSetting setting = EventSetting::defaultSetting(CanonicalEvent::finished);
+    EXPECT_TRUE(canPreview(setting));
+    setting.soundId = silentSoundId;
+    EXPECT_FALSE(canPreview(setting));
+    setting.speak = true;
+    EXPECT_TRUE(canPreview(setting));
+}
+
 TEST(ReminderChoices, OtherIntervalsAreWholeMinutes)
 {
-    EXPECT_EQ(reminderPreset(180), 3U);
+    std::size_t preset = 0;
+    for (const std::int64_t seconds : {30, 60, 120, 180, 300})
+        EXPECT_EQ(reminderPreset(seconds), preset++) << seconds;
     EXPECT_EQ(reminderPreset(90), std::nullopt);
     struct Case {
         std::int64_t seconds, minutes;

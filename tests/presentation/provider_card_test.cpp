@@ -172,7 +172,7 @@ TEST_F(ProviderCardTest, ShowsTheInstallersWordsAndKeepsTheStatus)
 {
     file("codex") = "notify = [\"other\"]\n";
     ProviderCard& codex = card("codex");
-    EXPECT_TRUE(codex.isBeta());
+    EXPECT_TRUE(codex.isBeta() && card("cursor").isBeta() && !card("claude").isBeta());
     perform(codex, PendingAction::install);
     EXPECT_EQ(english(*codex.errorMessage()).find("Codex supports only a single `notify` program"), 0U);
     EXPECT_EQ(codex.infoMessage(), std::nullopt);
