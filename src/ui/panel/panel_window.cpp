@@ -107,8 +107,10 @@ void PanelWindow::paintEvent(QPaintEvent*)
     fillRounded(painter, body(), corner, colours().window);
     if (form_ == Form::window) return;
     strokeRounded(painter, body(), corner, colours().overlay(0.2));
-    // Only a visible window can grab the mouse; clicks elsewhere close the panel.
-    if (!isGrabbing_) isGrabbing_ = windowHandle()->setMouseGrabEnabled(true);
+    // Clicks elsewhere close the panel. Only a visible window can grab the mouse, and none under Wayland,
+    // where such a click takes the focus away from the panel.
+    if (!isGrabbing_ && QGuiApplication::platformName() != QStringLiteral("wayland"))
+        isGrabbing_ = windowHandle()->setMouseGrabEnabled(true);
 }
 
 void PanelWindow::mousePressEvent(QMouseEvent* event)
