@@ -21,7 +21,7 @@ run_packages=(
     desktop-file-utils libglib2.0-bin hicolor-icon-theme
 )
 
-# The desktop of the tests (tests/harness), and what watches it.
+# The desktop without a screen (tools/virtual-desktop), and what watches it.
 desktop_packages=(
     xvfb x11-utils openbox dbus-daemon dbus-bin
     xfce4-panel xfce4-notifyd dunst

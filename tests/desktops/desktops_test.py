@@ -25,7 +25,7 @@ def install_terminal(home):
 
 def use(desktop, build, picture):
     """Yields what was seen, as sentences."""
-    # Other than the rest of the harness, these look at the environment when they are imported.
+    # Other than the modules above, these look at the environment when they are imported.
     # pylint: disable=import-outside-toplevel
     import application
     import screens

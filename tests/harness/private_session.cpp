@@ -8,7 +8,7 @@ namespace {
 
 std::vector<std::string> harnessCommand(const std::vector<std::string>& programs)
 {
-    std::vector<std::string> command = {"/usr/bin/python3", "-B", CHIMEWELL_DESKTOP_HARNESS};
+    std::vector<std::string> command = {"/usr/bin/python3", "-B", CHIMEWELL_VIRTUAL_DESKTOP};
     command.insert(command.end(), programs.begin(), programs.end());
     return command;
 }
