@@ -8,6 +8,7 @@ import sys
 
 from desktop import Unavailable
 from desktops import DESKTOPS, HEIGHT, WIDTH
+from waiting import TookTooLong, until
 
 LEGIBLE = 3.0   # to one: Web Content Accessibility Guidelines 2.1, 1.4.11
 NEAR = 24       # pixels between an icon and its panel
@@ -23,6 +24,13 @@ def install_terminal(home):
     return mark
 
 
+def has_started(mark):
+    try:
+        return until(lambda: mark.exists() and mark.read_text(), "the terminal", 5)
+    except TookTooLong:
+        return False
+
+
 def use(desktop, build, picture):
     """Yields what was seen, as sentences."""
     # Other than the modules above, these look at the environment when they are imported.
@@ -30,7 +38,6 @@ def use(desktop, build, picture):
     import application
     import screens
     from interface import StatusNotifierIcon, until_closed, window
-    from waiting import until
 
     screen = screens.screen_of(desktop)
     below = (0, desktop.strip[3], WIDTH, HEIGHT)
@@ -62,13 +69,16 @@ def use(desktop, build, picture):
         screen.point(100, 600)  # away from the bell, which explains itself
         plain = screen.settled()
         installed.claude("waiting_input", "a session", "/srv/paint-shop", "Claude needs your permission to use Bash")
-        banner, _ = screen.until_changed(plain, below, "a banner")
-        screen.photograph(picture.with_stem(f"{picture.stem}-banner"))
-        if desktop.button:
-            screen.click(banner[2] + desktop.button[0], banner[3] + desktop.button[1])
-        else:
-            screen.click((banner[0] + banner[2]) // 2, (banner[1] + banner[3]) // 2)
-        until(lambda: mark.exists() and mark.read_text(), "the terminal")
+        for _ in range(3):  # the desktop may have something of its own to say first
+            banner, _ = screen.until_changed(plain, below, "a banner")
+            screen.photograph(picture.with_stem(f"{picture.stem}-banner"))
+            if desktop.button:
+                screen.click(banner[2] + desktop.button[0], banner[3] + desktop.button[1])
+            else:
+                screen.click((banner[0] + banner[2]) // 2, (banner[1] + banner[3]) // 2)
+            if has_started(mark):
+                break
+        assert mark.exists(), "no terminal"
         token = "no" if mark.read_text() == "none\n" else "an"
         yield f"A click on the banner starts the session's terminal, with {token} activation token."
     except AssertionError:
