@@ -9,6 +9,7 @@ import subprocess
 import time
 
 import bus
+from desktops import HEIGHT, WIDTH
 from gi.repository import Gio
 from interface import click_at, output
 from waiting import until
@@ -143,7 +144,7 @@ class SwayScreen(Screen):
         subprocess.run(["grim", file], check=True)
 
     def point(self, x, y):
-        self._tell(1, 0, x, y, 1280, 720)
+        self._tell(1, 0, x, y, WIDTH, HEIGHT)
 
     def click(self, x, y, times=1):
         self.point(x, y)
