@@ -7,7 +7,6 @@
 #include <poll.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstddef>
@@ -106,8 +105,9 @@ bool waitFor(int descriptor, short events, Deadline deadline)
     for (;;) {
         const auto left =
             std::chrono::ceil<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
+        if (left.count() <= 0) return false;
         pollfd entry{.fd = descriptor, .events = events, .revents = 0};
-        const int ready = poll(&entry, 1, static_cast<int>(std::max<long>(0, left.count())));
+        const int ready = poll(&entry, 1, static_cast<int>(left.count()));
         if (ready > 0) return true;
         if (ready == 0 || errno != EINTR) return false;
     }
