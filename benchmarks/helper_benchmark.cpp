@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
-// bench_helper [ROUNDS]: what one call of chimewell-hook costs, beside programs that bound it from below and
-// what people put into hooks otherwise, and whether every event arrives. All commands run in random order in
-// each round, on a bus of the benchmark's own. Instructions are counted by valgrind, where that is installed.
+// bench_helper [ROUNDS], inside a session of desktop.py: what one call of chimewell-hook costs, beside
+// programs that bound it from below and what people put into hooks otherwise, and whether every event
+// arrives. All commands run in random order in each round. Instructions are counted by valgrind, where that
+// is installed.
 
 #include "helper/bus_message.h"
-#include "helper/recorded_bus.h"
 #include "helper/session_bus.h"
+#include "platform/posix/file_descriptor.h"
 #include "values/shared_names.h"
 
 #include <fcntl.h>
@@ -23,14 +24,15 @@
 #include <fstream>
 #include <map>
 #include <random>
-#include <sstream>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
-namespace chimewell::test {
+namespace chimewell::benchmarks {
 namespace {
 
+using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
 struct Command {
@@ -54,6 +56,16 @@ std::string payload(std::size_t size, bool knownLast)
         text += R"(for (const auto& entry : entries) {\n\tif (entry.name == \"main\") return true;\n}\n)";
     const std::string tool = name + text + R"("})";
     return "{" + (knownLast ? tool + "," + known : known + "," + tool) + "}\n";
+}
+
+/// `texts` as the system takes arguments and environments, with a null pointer at the end.
+std::vector<char*> pointers(std::vector<std::string>& texts)
+{
+    std::vector<char*> all;
+    for (std::string& text : texts)
+        all.push_back(text.data());
+    all.push_back(nullptr);
+    return all;
 }
 
 class Runner {
@@ -251,16 +263,30 @@ void report(const std::vector<Command>& all, Runner& runner, const std::string& 
     }
 }
 
-/// Takes what has arrived, so that the recorder never waits for us; counts the lines of it.
-int drain(RecordedBus& bus, int expected)
-{
-    int arrived = 0;
-    while (arrived < expected && !bus.nextRecord().empty())
-        ++arrived;
-    return arrived;
-}
+/// What the program in the place of the application (open_recorder.cpp) tells, a line each.
+class Records {
+public:
+    explicit Records(const std::string& file) : lines_((std::ofstream(file), file)) {}
 
-void reportDelivery(RecordedBus& bus, Runner& runner)
+    /// Waits for so many more; how many there were within thirty seconds.
+    int take(int expected)
+    {
+        int taken = 0;
+        const auto end = Clock::now() + 30s;
+        do {
+            for (std::string line; std::getline(lines_, line);)
+                ++taken;
+            lines_.clear();
+            std::this_thread::sleep_for(100us);
+        } while (taken < expected && Clock::now() < end);
+        return taken;
+    }
+
+private:
+    std::ifstream lines_;
+};
+
+void reportDelivery(Records& records, Runner& runner)
 {
     constexpr int calls = 10000;
     constexpr int batch = 16;
@@ -271,43 +297,29 @@ void reportDelivery(RecordedBus& bus, Runner& runner)
             runner.start({CHIMEWELL_HOOK, "claude", "finished"}, nothing.get());
         for (int i = 0; i < batch; ++i)
             waitpid(-1, nullptr, 0);
-        arrived += drain(bus, batch);
+        arrived += records.take(batch);
     }
     std::printf("delivered to a running application, %d at a time: %d of %d\n", batch, arrived, calls);
 }
 
-void reportStarts()
-{
-    constexpr int tries = 20;
-    int arrived = 0;
-    for (int i = 0; i < tries; ++i) {
-        RecordedBus bus;
-        bus.offer("app.chimewell.Chimewell", bus.recorder());
-        runHook({"claude", "finished"}, bus.environment());
-        arrived += bus.nextRecord() == "ready" && !bus.nextRecord().empty() ? 1 : 0;
-    }
-    std::printf("delivered to an application that the event starts: %d of %d\n", arrived, tries);
-}
-
-int compare(int rounds)
+int compare(int rounds, const std::string& folder, const std::string& bus)
 {
     std::signal(SIGPIPE, SIG_IGN);
-    RecordedBus bus;
-    const auto recorder = bus.startRecorder();
-    if (!recorder) {
-        std::fputs("no session bus could be started: is dbus-daemon installed?\n", stderr);
+    std::vector<std::string> environment = {"DBUS_SESSION_BUS_ADDRESS=" + bus, "HOME=" + folder,
+                                            "PATH=/usr/local/bin:/usr/bin:/bin"};
+    Runner runner(environment);
+    Records records(folder + "/records");
+    const FileDescriptor nothing(open("/dev/null", O_RDONLY | O_CLOEXEC));
+    runner.start({CHIMEWELL_OPEN_RECORDER, folder + "/records"}, nothing.get());
+    if (records.take(1) != 1) {
+        std::fputs("nobody can take the application's name\n", stderr);
         return 1;
     }
-    auto environment = bus.environment();
-    environment.push_back("PATH=/usr/local/bin:/usr/bin:/bin");
-    Runner runner(environment);
 
-    std::vector<std::string> pointersSource = environment;
-    const auto block = pointers(pointersSource);
-    const std::string messagesFile = bus.folder.path() / "messages";
+    const auto block = pointers(environment);
+    const std::string messagesFile = folder + "/messages";
     std::ofstream(messagesFile, std::ios::binary) << messages();
-    auto all =
-        commands(sessionBusSockets(chimewell::Environment(block.data()), geteuid()).front(), messagesFile);
+    auto all = commands(sessionBusSockets(Environment(block.data()), geteuid()).front(), messagesFile);
     std::vector<Command*> order;
     order.reserve(all.size());
     for (Command& command : all)
@@ -318,14 +330,13 @@ int compare(int rounds)
         for (Command* const command : order) {
             command->walls.push_back(runner.wall(*command));
             if (command->arguments[0] == CHIMEWELL_HOOK || command->arguments[0] == CHIMEWELL_FIXED_SENDER)
-                bus.nextRecord();
+                records.take(1);
         }
     }
-    report(all, runner, (bus.folder.path() / "input").string());
-    while (bus.hasRecord())
-        bus.nextRecord();
-    reportDelivery(bus, runner);
-    reportStarts();
+    report(all, runner, folder + "/input");
+    std::this_thread::sleep_for(1s); // what the last of these have sent
+    records.take(0);
+    reportDelivery(records, runner);
     return 0;
 }
 
@@ -335,7 +346,9 @@ int compare(int rounds)
 int main(int argc, char** argv)
 {
     const int rounds = argc > 1 ? std::atoi(argv[1]) : 200;
-    if (rounds > 0) return chimewell::test::compare(rounds);
-    std::fputs("Usage: bench_helper [ROUNDS]\n", stderr);
+    const char* const folder = std::getenv("HOME");
+    const char* const bus = std::getenv("DBUS_SESSION_BUS_ADDRESS");
+    if (rounds > 0 && folder && bus) return chimewell::benchmarks::compare(rounds, folder, bus);
+    std::fputs("Usage: desktop.py dbus-daemon -- bench_helper [ROUNDS]\n", stderr);
     return 2;
 }

@@ -42,7 +42,7 @@ real_desktop_packages=(
 # To test it: the checks, the second compiler, the programs that tests use.
 test_packages=(
     libgtest-dev clang-19 clang-tidy-19 clang-format-19 ccache
-    libclang-rt-19-dev libdbus-1-dev
+    libclang-rt-19-dev
     appstream man-db shellcheck unicode-data
     dex dconf-service gsettings-desktop-schemas xfconf
     git strace golang-github-burntsushi-toml-dev
@@ -56,7 +56,7 @@ macos_packages=(
 )
 
 # To measure it: the frame, the peers, the counter of instructions.
-benchmark_packages=(libbenchmark-dev nlohmann-json3-dev rapidjson-dev valgrind libnotify-bin)
+benchmark_packages=(libbenchmark-dev libdbus-1-dev nlohmann-json3-dev rapidjson-dev valgrind libnotify-bin)
 
 # To run real agents.
 agent_packages=(tmux)

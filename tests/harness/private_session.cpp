@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "harness/private_session.h"
 
-#include <unistd.h>
-
 namespace chimewell::test {
 namespace {
 
@@ -16,12 +14,10 @@ std::vector<std::string> harnessCommand(const std::vector<std::string>& programs
 }
 
 PrivateSession::PrivateSession(const std::vector<std::string>& programs)
-    : harness_(harnessCommand(programs), {.input = orders_.read.get(), .output = answers_.write.get()})
+    : harness_(harnessCommand(programs), QProcess::ForwardedErrorChannel)
 {
-    orders_.read.close();
-    answers_.write.close();
     for (;;) {
-        const std::string line = readLine(answers_.read, pending_);
+        const std::string line = readLine();
         if (line == "ready") return;
         const auto equals = line.find('=');
         if (equals == std::string::npos) {
@@ -42,11 +38,17 @@ void PrivateSession::offer(const std::string& busName, const std::string& progra
     command("offer " + busName + " " + program);
 }
 
+std::string PrivateSession::readLine()
+{
+    while (!harness_.canReadLine() && harness_.waitForReadyRead()) {
+    }
+    return harness_.readLine().trimmed().toStdString();
+}
+
 bool PrivateSession::command(const std::string& line)
 {
-    const std::string order = line + "\n";
-    return write(orders_.write.get(), order.data(), order.size()) >= 0 &&
-           readLine(answers_.read, pending_) == "done";
+    harness_.write((line + "\n").c_str());
+    return readLine() == "done";
 }
 
 }

@@ -35,11 +35,10 @@ public:
     bool offerInstalled(const std::string& busName) { return command("offer " + busName); }
 
 private:
+    /// Empty after thirty seconds and when the harness has ended.
+    std::string readLine();
     bool command(const std::string& line);
 
-    Pipe orders_;
-    Pipe answers_;
-    std::string pending_;
     ChildProcess harness_;
     std::string unavailable_;
     std::list<EnvironmentVariable> variables_;

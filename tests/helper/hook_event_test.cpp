@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "helper/hook_event.h"
 
+#include "helper/system.h"
+#include "support/temporary_folder.h"
 #include "values/event_payload.h"
 
 #include <gtest/gtest.h>
@@ -9,6 +11,7 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -152,6 +155,42 @@ TEST(HookEvent, IsCompletedFromTheEnvironment)
         {"codex", "", "", "&term=ghostty", ofClaude},
         {"codex", "", "", "&term=ghostty", ofCursor},
     });
+}
+
+TEST(HookEvent, NamesTheTerminal)
+{
+    const std::vector<std::pair<std::vector<const char*>, std::string>> cases = {
+        {{"TERM=xterm-256color", "VTE_VERSION=7006"}, ""},
+        {{"TERM_PROGRAM=Apple_Terminal"}, "Apple_Terminal"},
+        {{"TERM_PROGRAM=", "TERM=xterm-kitty"}, "kitty"},
+        {{"KITTY_WINDOW_ID=1"}, "kitty"},
+        {{"ALACRITTY_WINDOW_ID=1"}, "Alacritty"},
+        {{"WEZTERM_PANE=0"}, "WezTerm"},
+        {{"TERM_PROGRAM=tmux", "TERM=tmux-256color", "KITTY_WINDOW_ID=1"}, "kitty"},
+        {{"TERM_PROGRAM=screen", "WEZTERM_PANE=0"}, "WezTerm"},
+        {{"KITTY_WINDOW_ID=1", "TERM_PROGRAM=vscode"}, "vscode"}, // VS Code started from kitty
+        {{"TERM_PROGRAM=vscode", "CURSOR_TRACE_ID=1"}, ""},
+        {{"TERM_PROGRAM=vscode", "VSCODE_GIT_ASKPASS_NODE=/opt/Cursor/cursor"}, ""},
+        {{"TERM_PROGRAM=ghostty", "CURSOR_TRACE_ID=1"}, "ghostty"}, // started from Cursor's terminal
+        {{"MY_TERM_PROGRAM=Hyper", "TERM_PROGRAMS=Hyper", "TERM_PROGRAM"}, ""},
+    };
+    for (const auto& [environment, terminal] : cases)
+        expectSent({{"codex", "", "", terminal.empty() ? "" : "&term=" + terminal, environment}});
+}
+
+TEST(HomeFolder, IsThatOfTheUserDatabaseWithoutTheVariable)
+{
+    const TemporaryFolder folder;
+    const auto users =
+        folder.write("users", "a:x:10:1::/home/a:/bin/sh\nb:x:1:10:B:/home/b:/bin/sh\n1:x:2:1::odd");
+    for (const auto& [variable, user, expected] : {std::tuple{"HOME=/h", 1U, "/h"},
+                                                   {"HOME=", 1U, "/home/b"},
+                                                   {"HOME=h", 10U, "/home/a"},
+                                                   {"X=", 2U, "/"},
+                                                   {"X=", 3U, "/"}}) {
+        const std::vector<const char*> block = {variable, nullptr};
+        EXPECT_EQ(homeFolder(Environment(block.data()), user, users.c_str()), expected) << variable << user;
+    }
 }
 
 TEST(Invocation, IsRefusedWhenUnknown)
