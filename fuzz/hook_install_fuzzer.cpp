@@ -4,9 +4,8 @@
 #include "fuzzing.h"
 #include "hooks/json_hook_installer.h"
 #include "support/fake_time.h"
-#include "support/fixed_home.h"
+#include "support/fixed_places.h"
 #include "support/memory_files.h"
-#include "support/one_resource.h"
 #include "json/json_text.h"
 
 #include <algorithm>

@@ -4,7 +4,7 @@
 #include "harness/private_session.h"
 #include "harness/wait_until.h"
 #include "platform/linux/speech/ssip_speech_synthesizer.h"
-#include "support/recording_speech.h"
+#include "support/recording_audio.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -3,7 +3,7 @@
 #include "harness/private_session.h"
 #include "harness/wait_until.h"
 #include "platform/linux/sound/pulse_system_sounds.h"
-#include "support/recording_sounds.h"
+#include "support/recording_audio.h"
 
 #include <optional>
 

@@ -184,6 +184,8 @@ TEST_F(EventRouterTest, TestEventsAlertWithoutBeingRemembered)
     test.isTest = true;
     router.handle(test);
     EXPECT_EQ(alerts(), 1u);
+    services.actions.playSample();
+    EXPECT_EQ(center.posted.back().title, "Test event");
     EXPECT_TRUE(history.entries().empty());
     time.advance(4min); // their reminders are remembered
     ASSERT_EQ(history.entries().size(), 1u);

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "events/reminder_manager.h"
 
-#include "support/fake_time.h"
-#include "support/fixed_random.h"
-#include "support/memory_files.h"
+#include "core/services.h"
+#include "support/fake_system.h"
 
 #include <gtest/gtest.h>
 
@@ -28,14 +27,11 @@ protected:
     {
         return {.type = CanonicalEvent::waitingInput, .provider = "claude", .session = std::move(session)};
     }
-    void mute(bool muted) { muting.setMuted(muted); }
 
-    FakeTime time;
-    FixedRandom random;
-    MemoryFiles files;
-    SettingsStore store{files, "/data/Chimewell"};
-    Muting muting{store, time, time};
-    ReminderManager reminders{{.muting = muting, .clock = time, .timers = time, .random = random}};
+    FakeSystem system;
+    Services services{system.ports()};
+    FakeTime& time = system.time;
+    ReminderManager& reminders = services.reminders;
     std::vector<EventPayload> fired;
 };
 
@@ -61,10 +57,10 @@ TEST_F(ReminderManagerTest, JitterIsATenthOfTheIntervalAndAtMostFiveSeconds)
         std::chrono::milliseconds longest;
     } cases[] = {{1, 1100ms}, {20, 22s}, {60, 65s}, {180, 185s}};
     for (const auto& c : cases) {
-        random.next = 0;
+        system.random.next = 0;
         reminders.arm(waiting("S"), c.interval, 1);
         EXPECT_EQ(time.lastDelay(), std::chrono::seconds(c.interval));
-        random.next = 1;
+        system.random.next = 1;
         reminders.arm(waiting("S"), c.interval, 1);
         EXPECT_EQ(time.lastDelay(), c.longest);
     }
@@ -110,10 +106,10 @@ TEST_F(ReminderManagerTest, MutedTicksDoNotCount)
 {
     reminders.arm(waiting("S"), 60, 2);
     time.advance(60s);
-    mute(true);
+    services.muting.setMuted(true);
     time.advance(5min);
     EXPECT_EQ(fired.size(), 1u);
-    mute(false);
+    services.muting.setMuted(false);
     time.advance(5min);
     EXPECT_EQ(fired.size(), 2u);
     EXPECT_EQ(time.runningTimers(), 0u);

@@ -5,7 +5,7 @@
 #include "platform/posix/posix_clock.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/xdg_user_folders.h"
-#include "support/one_resource.h"
+#include "support/fixed_places.h"
 
 #include <algorithm>
 #include <cstdio>

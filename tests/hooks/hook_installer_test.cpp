@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "hooks/hook_installers.h"
 #include "support/fake_time.h"
-#include "support/fixed_home.h"
+#include "support/fixed_places.h"
 #include "support/memory_files.h"
-#include "support/one_resource.h"
 #include "json/json_text.h"
 
 #include <gtest/gtest.h>
@@ -81,19 +80,6 @@ protected:
     HookInstaller& codex = *installers.all()[1];
     HookInstaller& cursor = *installers.all()[2];
 };
-
-TEST_F(HookInstallerTest, MakesTheFileAndItsFolder)
-{
-    const auto state = claude.install();
-    EXPECT_EQ(state, (ProviderInstallState{.providerId = "claude",
-                                           .installed = true,
-                                           .installedAt = time.now(),
-                                           .settingsPath = "/home/me/.claude/settings.json",
-                                           .hookVersion = 3}));
-    EXPECT_EQ(file(claude), claudeFile);
-    EXPECT_EQ(claude.status().kind, Status::installed);
-    EXPECT_FALSE(look(claude).offersRestore);
-}
 
 TEST_F(HookInstallerTest, AddsAndRemovesItsEntriesInJson)
 {
@@ -204,7 +190,12 @@ TEST_F(HookInstallerTest, RestoresTheOldestBackup)
     EXPECT_EQ(outcome(claude.restore()), "No Chimewell backup was found to restore from.");
     file(claude) = "{ \"mine\": 1 }";
     files.contents["/home/me/.claude/a settings.json.chimewell-backup-2020"] = "{}";
-    EXPECT_EQ(claude.install()->backupPath, claudeBackup + "2026-03-01T14-00-00Z");
+    EXPECT_EQ(claude.install(), (ProviderInstallState{.providerId = "claude",
+                                                      .installed = true,
+                                                      .installedAt = time.now(),
+                                                      .settingsPath = "/home/me/.claude/settings.json",
+                                                      .backupPath = claudeBackup + "2026-03-01T14-00-00Z",
+                                                      .hookVersion = 3}));
     time.advance(1s);
     EXPECT_EQ(claude.install()->backupPath, claudeBackup + "2026-03-01T14-00-01Z");
     EXPECT_TRUE(look(claude).offersRestore);

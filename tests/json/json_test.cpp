@@ -55,13 +55,6 @@ TEST(JSONParser, StopsAtTheFirstErrorAndNamesIt)
             EXPECT_EQ(rewritten(text), message) << text;
 }
 
-TEST(JSONParser, TakesNumbersAsTheyAreSpelled)
-{
-    for (const std::string number :
-         {"0", "1.50", "1E3", "-0", "12345678901234567890123", "1.2.3", "+1", ".5"})
-        EXPECT_EQ(parsed(" " + number + "\n"), JSONValue::number(number)) << number;
-}
-
 TEST(JSONParser, Unescapes)
 {
     const std::string replacement = "\uFFFD";
@@ -86,24 +79,14 @@ TEST(JSONParser, Unescapes)
 
 TEST(JSONParser, ChangesNothingButTheLayout)
 {
-    EXPECT_EQ(rewritten("\t{\"2\":[\"x\", [[ null]],{ \"a\":{ }, \"b\":[\n] }],\"a\":true,\r\n\"a\":1.50} "),
-              R"({
-  "2": [
-    "x",
-    [
-      [
-        null
-      ]
-    ],
-    {
-      "a": {},
-      "b": []
-    }
-  ],
-  "a": true,
-  "a": 1.50
-})");
+    EXPECT_EQ(
+        rewritten("\t{\"2\":[ [[ null]],{ }, \"x\",[\n] ],\"a\":true,\r\n\"a\":{\"b\":\"\"}} "),
+        "{\n  \"2\": [\n    [\n      [\n        null\n      ]\n    ],\n    {},\n    \"x\",\n    []\n  ],\n"
+        "  \"a\": true,\n  \"a\": {\n    \"b\": \"\"\n  }\n}");
+    EXPECT_EQ(rewritten("[0,1.50,1E3,-0,12345678901234567890123,1.2.3,+1,.5]"),
+              "[\n  0,\n  1.50,\n  1E3,\n  -0,\n  12345678901234567890123,\n  1.2.3,\n  +1,\n  .5\n]");
     EXPECT_EQ(rewritten(R"("\/ \u00e9 \u0009\u001b\"\\")"), R"("/ é \t\u001b\"\\")");
+    EXPECT_EQ(rewritten(" 1.50\n"), "1.50");
 }
 
 TEST(JSONParser, HoldsAnyDepth)

@@ -18,40 +18,22 @@ namespace {
 
 using namespace std::chrono_literals;
 
-AppSettings settingsWith(bool muted, const std::string& installed)
-{
-    AppSettings settings;
-    settings.globalMuted = muted;
-    settings.normalize();
-    for (ProviderInstallState& provider : settings.providers)
-        provider.installed = provider.providerId == installed;
-    if (installed == "other") settings.providers.push_back({.providerId = "other", .installed = true});
-    return settings;
-}
-
 TEST(PanelModel, IconAndHeaderTellWhetherAlertsWillCome)
 {
-    struct Case {
-        bool muted;
-        std::string installed;
-        bool isArmed;
-        std::string status;
-    };
     FakeSystem system;
     Services services(system.ports());
-    for (const Case& c :
-         {Case{false, "", false, "Setup needed"}, Case{false, "cursor", true, "Listening"},
-          Case{true, "cursor", false, "Listening"}, Case{false, "other", false, "Setup needed"}}) {
-        const AppSettings settings = settingsWith(c.muted, c.installed);
-        services.store.update([&](AppSettings& changed) { changed = settings; });
+    const AppSettings& settings = services.store.settings();
+    for (const auto& [muted, installed] : {std::pair{false, false}, {false, true}, {true, true}}) {
+        services.actions.setMuted(muted);
+        services.store.updateProvider("cursor", [&](auto& state) { state.installed = installed; });
+        const std::string status = installed ? "Listening" : "Setup needed";
         const StatusIconState icon = statusIconState(settings, services.muting, system.translator);
-        EXPECT_EQ(icon.isArmed, c.isArmed) << c.installed;
-        EXPECT_EQ(icon.label, "Chimewell — " + c.status);
-        EXPECT_EQ(icon.menu[1].label, "Mute all");
-        EXPECT_EQ(icon.menu[1].isChecked, c.muted);
+        EXPECT_EQ(icon.isArmed, installed && !muted);
+        EXPECT_EQ(icon.label, "Chimewell — " + status);
+        EXPECT_EQ(icon.menu[1].isChecked, muted);
         EXPECT_FALSE(icon.menu.back().tooltip.empty()) << "what quitting means";
-        EXPECT_EQ(english(panelHeader(settings).status), c.status);
-        EXPECT_EQ(panelHeader(settings).isListening, c.status == "Listening");
+        EXPECT_EQ(english(panelHeader(settings).status), status);
+        EXPECT_EQ(panelHeader(settings).isListening, installed);
     }
 }
 
@@ -69,16 +51,6 @@ TEST(PanelModel, ShowsSixAlertsAndCountsTheOthers)
         EXPECT_EQ(panelMore(history).has_value(), count > 6);
     }
     EXPECT_EQ(english(*panelMore(history)), "2 more in Settings ▸ Recent");
-}
-
-TEST(EventSettings, CanBeHeardFirstUnlessTheyAreSilent)
-{
-    EventSetting setting = EventSetting::defaultSetting(CanonicalEvent::finished);
-    EXPECT_TRUE(canPreview(setting));
-    setting.soundId = silentSoundId;
-    EXPECT_FALSE(canPreview(setting));
-    setting.speak = true;
-    EXPECT_TRUE(canPreview(setting));
 }
 
 TEST(ReminderChoices, OtherIntervalsAreWholeMinutes)

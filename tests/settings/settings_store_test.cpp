@@ -73,77 +73,59 @@ TEST_F(SettingsStoreTest, FillsInWhatAFileLacksWithoutRewritingIt)
     EXPECT_EQ(store.settings(), expected);
 }
 
-TEST_F(SettingsStoreTest, ReadsEveryForm)
+TEST_F(SettingsStoreTest, ReadsEveryFormAndKeepsEveryValue)
 {
     files.contents[file] = "\xEF\xBB\xBF"
                            R"({
-        "schemaVersion": 7, "reminderIntervalSeconds": 6e1, "reminderMaxCount": 3.0, "remindersEnabled": false,
+        "schemaVersion": 7, "reminderIntervalSeconds": 6e1, "reminderMaxCount": 9223372036854775807, "remindersEnabled": false,
         "globalMuted": false, "globalMuted": true, "launchAtLogin": true, "hasCompletedOnboarding": true,
         "events": [
             {"event": "finished", "enabled": false, "soundId": "Tink", "showPopup": false, "speak": true,
-             "spokenPhrase": "Fertig", "voiceIdentifier": "German"},
+             "spokenPhrase": "a \"b\" \\ \n \u0001 ü", "voiceIdentifier": "German"},
             {"event": "finished", "voiceIdentifier": null}
         ],
         "providers": [
-            {"providerId": "other", "hookVersion": -2},
-            {"providerId": "claude", "installed": true, "installedAt": "2026-03-01T14:00:00.5+0200",
+            {"providerId": "other", "hookVersion": -9223372036854775808},
+            {"providerId": "claude", "installed": true, "installedAt": "2026-03-01T14:00:00+0200",
              "settingsPath": "/a", "backupPath": "/b", "hookVersion": 4}
         ]})";
     using namespace std::chrono;
     AppSettings expected;
     expected.reminderIntervalSeconds = 60;
-    expected.reminderMaxCount = 3;
+    expected.reminderMaxCount = INT64_MAX;
     expected.remindersEnabled = false;
     expected.globalMuted = expected.launchAtLogin = expected.hasCompletedOnboarding = true;
     expected.events.insert(expected.events.begin(), {CanonicalEvent::finished, false, "Tink", false, true,
-                                                     "Fertig", "German"}); // both stay
-    expected.providers = {{.providerId = "other", .hookVersion = -2},
-                          {"claude", true, sys_days{2026y / March / 1} + 12h + 500ms, "/a", "/b", 4},
+                                                     "a \"b\" \\ \n \x01 ü", "German"}); // both stay
+    expected.providers = {{.providerId = "other", .hookVersion = INT64_MIN},
+                          {"claude", true, sys_days{2026y / March / 1} + 12h, "/a", "/b", 4},
                           {.providerId = "cursor"},
                           {.providerId = "codex"}};
-    EXPECT_EQ(open().settings(), expected);
-}
-
-TEST_F(SettingsStoreTest, KeepsEveryValueThroughTheFile)
-{
     SettingsStore store = open();
-    store.update([](AppSettings& settings) {
-        settings.reminderIntervalSeconds = std::numeric_limits<std::int64_t>::min();
-        settings.reminderMaxCount = std::numeric_limits<std::int64_t>::max();
-        settings.globalMuted = true;
-        settings.events[0].spokenPhrase = "a \"b\" \\ \n \x01 ü";
-        settings.events[0].voiceIdentifier = "";
-        settings.providers[0].installedAt = Date(std::chrono::seconds(1700000000));
-        settings.providers[0].backupPath = "/x";
-    });
-    EXPECT_EQ(open().settings(), store.settings());
+    EXPECT_EQ(store.settings(), expected);
+    store.save();
+    EXPECT_EQ(open().settings(), expected);
 }
 
 TEST_F(SettingsStoreTest, ReportsAFailedSaveAndKeepsTheChange)
 {
+    files.unreadable = files.full = true;
     SettingsStore store = open();
+    EXPECT_EQ(store.settings(), AppSettings());
+    EXPECT_TRUE(store.lastError());
     int told = 0;
     const Subscription subscription = store.onChange([&] { ++told; });
 
-    files.full = true;
     store.update([](AppSettings& settings) { settings.globalMuted = true; });
     EXPECT_EQ(english(*store.lastError()), "Failed to save settings: No space left on device");
     EXPECT_TRUE(store.settings().globalMuted);
 
-    files.full = false;
+    files.unreadable = files.full = false;
     files.folders.clear(); // somebody removed it
     store.save();
     EXPECT_FALSE(store.lastError());
     EXPECT_TRUE(files.folders.contains("/data/Chimewell"));
     EXPECT_EQ(told, 2);
-}
-
-TEST_F(SettingsStoreTest, StartsWithADiskThatFails)
-{
-    files.unreadable = files.full = true;
-    const SettingsStore store = open();
-    EXPECT_EQ(store.settings(), AppSettings());
-    EXPECT_TRUE(store.lastError());
 }
 
 TEST_F(SettingsStoreTest, UpdatesTheFirstEntry)

@@ -5,20 +5,34 @@
 #include "ports/application_activation.h"
 #include "ports/login_item.h"
 #include "ports/user_locale.h"
-#include "support/english_translator.h"
 #include "support/fake_time.h"
-#include "support/fixed_home.h"
-#include "support/fixed_random.h"
+#include "support/fixed_places.h"
 #include "support/memory_files.h"
-#include "support/one_resource.h"
+#include "support/recording_audio.h"
 #include "support/recording_notification_center.h"
-#include "support/recording_sounds.h"
-#include "support/recording_speech.h"
 #include "support/recording_workspace.h"
 
 #include <vector>
 
 namespace chimewell::test {
+
+class EnglishTranslator final : public Translator {
+public:
+    std::string translate(const Phrase& phrase) const override { return english(phrase); }
+    std::string language() const override { return tag; }
+
+    std::string tag = "en"; ///< What it claims to speak.
+};
+
+/// Chance that is none: `next` is drawn every time, and identifiers count up.
+class FixedRandom : public Random {
+public:
+    double unit() override { return next; }
+    std::string uuid() override { return "uuid-" + std::to_string(++uuids); }
+
+    double next = 0;
+    int uuids = 0;
+};
 
 /// A locale whose texts show what was asked.
 class PlainLocale : public UserLocale {

@@ -20,7 +20,6 @@ public:
 
     Result<std::string> read(const Path& file) override
     {
-        ++reads;
         if (unreadable) return failure("Input/output error");
         const auto found = contents.find(file);
         if (found == contents.end()) return nothingAt(file);
@@ -82,7 +81,6 @@ public:
 
     std::map<Path, std::string> contents;
     std::set<Path> folders;
-    int reads = 0;
     int writes = 0;
     std::function<void()> beforeExchange; ///< The agent may use this moment to write.
     bool unreadable = false;

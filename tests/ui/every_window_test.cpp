@@ -2,7 +2,6 @@
 // Checks of every window, pane and step: no text is cut, screen readers know each control, and everything is
 // said in the language of the interface. scripts/screenshots has it take a picture of each.
 #include "presentation/panel_model.h"
-#include "support/windows_on_fakes.h"
 #include "ui/controls/confirm_dialog.h"
 #include "ui/controls/text_label.h"
 #include "ui/look/chimewell_style.h"
@@ -12,24 +11,19 @@
 #include "ui/settings/settings_window.h"
 #include "ui/tray_icon.h"
 #include "values/sound_option.h"
+#include "window_test.h"
 
-#include <QAbstractButton>
 #include <QAccessible>
 #include <QAction>
-#include <QApplication>
 #include <QCheckBox>
-#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTranslator>
 
-#include <gtest/gtest.h>
-
 #include <functional>
 #include <map>
-#include <string>
 
 namespace chimewell::test {
 namespace {

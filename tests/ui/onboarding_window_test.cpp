@@ -80,36 +80,6 @@ TEST_F(OnboardingWindowTest, GoesFromStepToStepByKeyboard)
     EXPECT_EQ(focused(), "Connect your agents");
 }
 
-TEST_F(OnboardingWindowTest, LetsTheUserHearAndSeeAnAlert)
-{
-    onboarding->show(OnboardingStep::howItWorks);
-    click("Hear it");
-    EXPECT_EQ(system.sounds.names(), std::vector<std::string>{setting(CanonicalEvent::waitingInput).soundId});
-    onboarding->show(OnboardingStep::notifications);
-    click("Try it");
-    EXPECT_EQ(system.center.posted.size(), 1U);
-}
-
-TEST_F(OnboardingWindowTest, InstallsOnlyAfterAYes)
-{
-    system.files.contents["/home/me/.codex/config.toml"] = "notify = [\"other\"]\n";
-    onboarding->show(OnboardingStep::installHooks);
-    click("Install Claude Code");
-    answer(QDialogButtonBox::RejectRole);
-    EXPECT_FALSE(system.files.contents.contains("/home/me/.claude/settings.json"));
-    click("Install Claude Code");
-    answer(QDialogButtonBox::AcceptRole);
-    EXPECT_FALSE(at("Installed: Claude Code").isEnabled());
-
-    click("Install Codex");
-    answer(QDialogButtonBox::AcceptRole);
-    EXPECT_TRUE(shows("Codex supports only a single `notify` program"));
-    click("Install Codex");
-    EXPECT_FALSE(asks()); // not so soon
-    system.time.advance(ProviderCard::pauseTime);
-    answer(QDialogButtonBox::RejectRole);
-}
-
 TEST_F(OnboardingWindowTest, FollowsAgentsAndPermissionWhenTheUserComesBack)
 {
     system.files.contents["/home/me/.cursor/hooks.json"] = "{";

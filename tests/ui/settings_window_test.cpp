@@ -6,8 +6,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QSpinBox>
 
 namespace chimewell::test {
@@ -155,44 +153,6 @@ TEST_F(SettingsWindowTest, AFileIsChangedOnlyAfterAYes)
     settle();
     EXPECT_TRUE(shows("Hooks are missing from this file. Install them again."));
     EXPECT_TRUE(find("Install Codex"));
-}
-
-TEST_F(SettingsWindowTest, ACardStaysWhereItWasUsed)
-{
-    open(Pane::providers);
-    window->resize(window->minimumSize());
-    settle();
-    QScrollBar* bar = window->findChild<QScrollArea*>(QStringLiteral("providers"))->verticalScrollBar();
-    bar->setValue(bar->maximum());
-    QWidget* card = &at<QWidget>("Cursor");
-    const int top = card->mapTo(window, QPoint()).y();
-    system.files.contents["/home/me/.claude/settings.json"] = "{"; // the card above will say more
-    click("Install Cursor");
-    answer(QDialogButtonBox::AcceptRole);
-    fakes.services.cards.refresh();
-    settle();
-    EXPECT_EQ(card->mapTo(window, QPoint()).y(), top);
-}
-
-TEST_F(SettingsWindowTest, ThePastAlertsCanBeUsedByKeyboard)
-{
-    EventHistory& history = fakes.services.history;
-    history.add({.type = CanonicalEvent::finished, .provider = "claude", .cwd = "/srv/one"}, false);
-    history.add({.type = CanonicalEvent::error, .provider = "claude"}, false);
-    system.workspace.paths["/srv/one"] = FileKind::folder;
-    open(Pane::recent);
-    at<QWidget>("Error, The agent reported an error., 14:05 (0 seconds ago)").setFocus();
-    press(Qt::Key_Return); // there is no session
-    press(Qt::Key_Down);
-    history.add({.type = CanonicalEvent::toolUse, .provider = "claude"}, false); // comes in at the top
-    press(Qt::Key_Return);
-    EXPECT_EQ(system.workspace.asked, std::vector<std::string>{"folder /srv/one"});
-    press(Qt::Key_Up);
-    EXPECT_EQ(focused().find("Error"), 0U);
-    click("Clear");
-    EXPECT_TRUE(history.entries().empty());
-    EXPECT_TRUE(shows("No recent activity yet"));
-    EXPECT_FALSE(at("Clear").isEnabled());
 }
 
 TEST_F(SettingsWindowTest, GeneralTellsWhatGoesWrong)

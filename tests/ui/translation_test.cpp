@@ -4,7 +4,6 @@
 #include "values/texts.h"
 
 #include <QCoreApplication>
-#include <QGuiApplication>
 #include <QTranslator>
 
 #include <gtest/gtest.h>
@@ -44,18 +43,6 @@ TEST(Translation, IsInTheFirstLanguageThatThereIs)
                       expected == "de-AT" ? said.german : said.english);
         qDeleteAll(qApp->findChildren<QTranslator*>());
     }
-}
-
-TEST(Words, RunInTheDirectionOfTheInterfaceWhateverTheirFirstLetter)
-{
-    const QtTranslator translator(Wording::linuxDesktop, "en");
-    const Words words(translator);
-    const Phrase ofAnAgent = std::string("I need you.");
-    EXPECT_EQ(words(texts::finished), QStringLiteral("Finished"));
-    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
-    EXPECT_TRUE(words(texts::finished).isRightToLeft());
-    EXPECT_FALSE(words(ofAnAgent).isRightToLeft());
-    QGuiApplication::setLayoutDirection(Qt::LeftToRight);
 }
 
 }

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "support/windows_on_fakes.h"
+#include "core/services.h"
+#include "support/fake_system.h"
 #include "ui/controls/windows.h"
+#include "ui/look/words.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -19,6 +21,14 @@
 #include <string>
 
 namespace chimewell::test {
+
+/// What windows need, on a system of fakes.
+struct WindowsOnFakes {
+    FakeSystem system;
+    QtTranslator translator{Wording::linuxDesktop, "en"};
+    Words words{translator};
+    Services services{system.ports(translator)};
+};
 
 /// A window on fakes, and what a user does with it.
 class WindowTest : public ::testing::Test {

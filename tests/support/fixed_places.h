@@ -2,8 +2,15 @@
 #pragma once
 
 #include "ports/resources.h"
+#include "ports/user_folders.h"
 
 namespace chimewell::test {
+
+class FixedHome : public UserFolders {
+public:
+    std::filesystem::path home() const override { return "/home/me"; }
+    std::optional<std::filesystem::path> applicationSupport() const override { return "/data"; }
+};
 
 /// Resources of which there is at most our helper.
 class OneResource : public Resources {
