@@ -4,6 +4,7 @@
 #include "harness/wait_until.h"
 #include "platform/linux/sound/pulse_system_sounds.h"
 #include "support/recording_audio.h"
+#include "values/sound_option.h"
 
 #include <optional>
 
@@ -34,6 +35,8 @@ protected:
 
 TEST_P(SystemSoundsContract, ASoundPlaysToItsEndAndAgainUnlessItIsStopped)
 {
+    for (const std::string_view name : playableSoundNames)
+        EXPECT_NE(sounds.named(name), nullptr) << name;
     EXPECT_EQ(sounds.named("No such sound"), nullptr);
     EXPECT_EQ(sounds.named(""), nullptr);
     const auto sound = sounds.named("Pop");
