@@ -3,8 +3,6 @@
 
 #include "window_test.h"
 
-#include <QPlainTextEdit>
-
 namespace chimewell::test {
 namespace {
 
@@ -17,7 +15,6 @@ protected:
         QObject::connect(dialog, &QDialog::finished, dialog, [this](int result) { answered = result; });
         open(dialog);
     }
-    QPlainTextEdit* entries() { return window->findChild<QPlainTextEdit*>(); }
 
     int answered = -1;
 };
@@ -39,23 +36,6 @@ TEST_F(ConfirmDialogTest, ReturnIsYesOnlyWhereNothingIsTakenAway)
         EXPECT_EQ(answered, answer) << static_cast<int>(action);
         EXPECT_FALSE(window);
     }
-}
-
-TEST_F(ConfirmDialogTest, ShowsTheEntriesOnDemandWhereTheyAreKnown)
-{
-    ask(PendingAction::install);
-    ASSERT_TRUE(entries());
-    EXPECT_FALSE(entries()->isVisible());
-    const int height = window->height();
-    click("Entries to be added");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return window->height() > height + entries()->height(); }));
-    EXPECT_EQ(entries()->toPlainText().toStdString().find("\"Stop\": [\n  {\n"), 0U);
-
-    ask(PendingAction::uninstall); // there are none
-    EXPECT_EQ(entries()->toPlainText(), QStringLiteral("The file holds these entries already."));
-    system.files.contents["/home/me/.claude/settings.json"] = "{";
-    ask(PendingAction::install);
-    EXPECT_FALSE(entries());
 }
 
 }

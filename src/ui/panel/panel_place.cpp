@@ -19,8 +19,7 @@ bool isAtEdge(const QPoint& place, const QRect& screen, const QRect& free)
            (!free.contains(place) || !screen.adjusted(edge, edge, -edge, -edge).contains(place));
 }
 
-}
-
+/// On a screen of which the desktop's panel leaves `free`.
 QRect panelAnchor(const std::optional<QRect>& icon, const QPoint& pointer, const QRect& screen,
                   const QRect& free, Qt::LayoutDirection direction)
 {
@@ -34,6 +33,8 @@ QRect panelAnchor(const std::optional<QRect>& icon, const QPoint& pointer, const
     const bool isBottom = isPanelUpright || free.bottom() < screen.bottom();
     const QPoint corner(isLeft ? screen.left() : screen.right(), isBottom ? screen.bottom() : screen.top());
     return {corner, QSize(1, 1)};
+}
+
 }
 
 QRect panelAnchor(const std::optional<ScreenArea>& icon)

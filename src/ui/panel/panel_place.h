@@ -14,8 +14,4 @@ namespace chimewell {
 /// panel: a place in the middle of the screen was not clicked, but asked for by keyboard or over the bus.
 QRect panelAnchor(const std::optional<ScreenArea>& icon);
 
-/// The same on a screen of which the desktop's panel leaves `free`.
-QRect panelAnchor(const std::optional<QRect>& icon, const QPoint& pointer, const QRect& screen,
-                  const QRect& free, Qt::LayoutDirection direction);
-
 }
