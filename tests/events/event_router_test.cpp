@@ -308,25 +308,4 @@ TEST_F(EventRouterTest, StaysBoundedInAFlood)
     EXPECT_EQ(history.entries().size(), EventHistory::capacity);
 }
 
-TEST_F(EventRouterTest, HistoryKeepsTheNewestTen)
-{
-    int told = 0;
-    const Subscription subscription = history.onChange([&] { ++told; });
-    for (int i = 1; i <= 12; ++i) {
-        EventPayload payload = event(CanonicalEvent::finished);
-        payload.message = std::to_string(i);
-        history.add(payload, i == 12);
-        time.advance(1s);
-    }
-    ASSERT_EQ(history.entries().size(), 10u);
-    EXPECT_EQ(history.entries().front().message, "12");
-    EXPECT_EQ(history.entries().back().message, "3");
-    EXPECT_EQ(english(history.entries().front().displayTitle()), "Finished — proj (reminder)");
-    EXPECT_EQ(history.entries().back().timeText(system.locale, time.now()), "14:05 (10 seconds ago)");
-    EXPECT_NE(history.entries().front().id, history.entries().back().id);
-    history.clear();
-    EXPECT_TRUE(history.entries().empty());
-    EXPECT_EQ(told, 13);
-}
-
 }

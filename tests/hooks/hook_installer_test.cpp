@@ -210,31 +210,6 @@ TEST_F(HookInstallerTest, RestoresTheOldestBackup)
     EXPECT_TRUE(look(claude).offersRestore);
 }
 
-TEST_F(HookInstallerTest, SaysWhatFailed)
-{
-    files.unreadable = true;
-    EXPECT_EQ(outcome(claude.install()), "Could not read /home/me/.claude/settings.json: Input/output error");
-    EXPECT_EQ(english(claude.status().message), outcome(claude.uninstall()));
-    files.unreadable = false;
-    file(claude) = "{}";
-    files.full = true;
-    EXPECT_EQ(outcome(claude.install()), "Could not create backup: No space left on device");
-    files.contents.clear();
-    EXPECT_EQ(outcome(claude.install()),
-              "Could not write /home/me/.claude/settings.json: No space left on device");
-    files.contents[claudeBackup + "2025"] = "{}";
-    EXPECT_EQ(outcome(claude.restore()), "Could not restore from backup: No space left on device");
-}
-
-TEST_F(HookInstallerTest, GivesUpWhenTheAgentWritesAgainAndAgain)
-{
-    int writes = 0;
-    files.beforeExchange = [&] { file(claude) = "{\"n\": " + std::to_string(++writes) + "}"; };
-    EXPECT_EQ(outcome(claude.install()),
-              "Could not write /home/me/.claude/settings.json: The file was changed by another program");
-    EXPECT_EQ(writes, 5);
-}
-
 TEST_F(HookInstallerTest, TellsWhatWouldChange)
 {
     EXPECT_TRUE(claude.changesByUninstall()->empty());

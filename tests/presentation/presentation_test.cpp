@@ -1,17 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "presentation/event_looks.h"
 #include "presentation/panel_model.h"
-#include "presentation/settings_model.h"
-#include "values/sound_option.h"
-#include "values/texts.h"
-
 #include "support/fake_system.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <string>
-#include <vector>
+#include <utility>
 
 namespace chimewell::test {
 namespace {
@@ -37,37 +32,31 @@ TEST(PanelModel, IconAndHeaderTellWhetherAlertsWillCome)
     }
 }
 
-TEST(PanelModel, ShowsSixAlertsAndCountsTheOthers)
+TEST(RecentAlerts, AreTheNewestTenOfWhichThePanelShowsSix)
 {
     FakeSystem system;
     EventHistory history(system.time, system.random);
-    for (int count = 1; count <= 8; ++count) {
+    int told = 0;
+    const Subscription subscription = history.onChange([&] { ++told; });
+    for (int count = 1; count <= 12; ++count) {
         history.add(
             {.type = CanonicalEvent::finished, .provider = "claude", .cwd = "/srv/" + std::to_string(count)},
-            false);
-        const auto rows = panelRows(history, system.locale, system.time.now());
-        EXPECT_EQ(rows.size(), static_cast<std::size_t>(std::min(count, 6)));
-        EXPECT_EQ(english(rows.front().title), "Finished — " + std::to_string(count));
+            count == 12);
+        system.time.advance(1s);
+        EXPECT_EQ(panelRows(history, system.locale, system.time.now()).size(),
+                  static_cast<std::size_t>(std::min(count, 6)));
         EXPECT_EQ(panelMore(history).has_value(), count > 6);
     }
-    EXPECT_EQ(english(*panelMore(history)), "2 more in Settings ▸ Recent");
-}
-
-TEST(ReminderChoices, OtherIntervalsAreWholeMinutes)
-{
-    std::size_t preset = 0;
-    for (const std::int64_t seconds : {30, 60, 120, 180, 300})
-        EXPECT_EQ(reminderPreset(seconds), preset++) << seconds;
-    EXPECT_EQ(reminderPreset(90), std::nullopt);
-    struct Case {
-        std::int64_t seconds, minutes;
-    };
-    for (const auto& [seconds, minutes] :
-         {Case{90, 1}, Case{1, 1}, Case{-5, 1}, Case{150, 2}, Case{3600, 60}})
-        EXPECT_EQ(shownMinutes(seconds), minutes) << seconds;
-    EXPECT_EQ(storedSeconds(7), 420);
-    EXPECT_EQ(storedSeconds(0), 60);
-    EXPECT_EQ(storedSeconds(1000), 3600);
+    EXPECT_EQ(english(*panelMore(history)), "4 more in Settings ▸ Recent");
+    const auto& entries = history.entries();
+    ASSERT_EQ(entries.size(), 10u);
+    EXPECT_EQ(english(entries.front().displayTitle()), "Finished — 12 (reminder)");
+    EXPECT_EQ(english(entries.back().displayTitle()), "Finished — 3");
+    EXPECT_EQ(entries.back().timeText(system.locale, system.time.now()), "14:05 (10 seconds ago)");
+    EXPECT_NE(entries.front().id, entries.back().id);
+    history.clear();
+    EXPECT_TRUE(entries.empty());
+    EXPECT_EQ(told, 13);
 }
 
 TEST(UserActionsTest, LaunchAtLoginStoresTheChoiceAndReportsTheSystemsRefusal)

@@ -6,9 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <optional>
+#include <cstdint>
 #include <string>
-#include <vector>
 
 namespace chimewell::test {
 

@@ -5,7 +5,6 @@
 #include "values/texts.h"
 
 #include <algorithm>
-#include <functional>
 #include <map>
 #include <set>
 
@@ -37,7 +36,6 @@ public:
     std::expected<void, ExchangeError> exchange(const Path& file, const std::optional<std::string>& expected,
                                                 std::string_view content) override
     {
-        if (beforeExchange) beforeExchange();
         const auto found = contents.find(file);
         const auto present = found == contents.end() ? std::nullopt : std::optional(found->second);
         if (present != expected && !isFolder(file))
@@ -82,7 +80,6 @@ public:
     std::map<Path, std::string> contents;
     std::set<Path> folders;
     int writes = 0;
-    std::function<void()> beforeExchange; ///< The agent may use this moment to write.
     bool unreadable = false;
     bool full = false;
 

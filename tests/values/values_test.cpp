@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "values/app_settings.h"
 #include "values/event_payload.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +7,6 @@
 #include <optional>
 #include <string>
 #include <utility>
-#include <vector>
 
 namespace chimewell::test {
 
@@ -112,19 +110,6 @@ TEST(EventPayloadTest, LabelsTheProjectByItsFolder)
     }
     payload.cwd = "/";
     EXPECT_EQ(payload.projectLabel(), std::nullopt);
-}
-
-TEST(AppSettingsTest, KnowsWhetherAnAgentIsConnected)
-{
-    AppSettings settings;
-    EXPECT_FALSE(settings.anyProviderInstalled());
-    settings.providers = {{.providerId = "other", .installed = true}};
-    EXPECT_FALSE(settings.anyProviderInstalled());
-    // The first record of a provider counts.
-    settings.providers = {{.providerId = "codex"}, {.providerId = "codex", .installed = true}};
-    EXPECT_FALSE(settings.anyProviderInstalled());
-    settings.providers.push_back({.providerId = "cursor", .installed = true});
-    EXPECT_TRUE(settings.anyProviderInstalled());
 }
 
 }
