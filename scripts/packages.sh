@@ -34,7 +34,7 @@ desktop_packages=(
 real_desktop_packages=(
     trayer qt6-wayland
     xdg-desktop-portal xdg-desktop-portal-gtk xdg-desktop-portal-kde
-    sway waybar mako-notifier grim
+    sway waybar mako-notifier
     kwin-x11 plasma-desktop plasma-workspace
     gnome-shell gnome-shell-extension-appindicator gjs
 )

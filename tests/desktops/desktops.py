@@ -126,10 +126,10 @@ class Sway(Wayland):
         super().__init__(dark, "wayland-1")
 
     def run(self):
-        for name, value in (("WLR_BACKENDS", "headless"), ("WLR_LIBINPUT_NO_DEVICES", 1), ("WLR_RENDERER", "pixman")):
+        self.screen()
+        for name, value in (("WLR_BACKENDS", "x11"), ("WLR_RENDERER", "pixman")):
             self.set(name, value)
-        write(self.configuration("sway/config"),
-              f"output HEADLESS-1 resolution {SIZE}\noutput * bg #707880 solid_color\n")
+        write(self.configuration("sway/config"), f"output X11-1 resolution {SIZE}\noutput * bg #707880 solid_color\n")
         write(self.configuration("waybar/config"),
               '{"layer": "top", "height": 28, "modules-right": ["tray"], "tray": {"icon-size": 20}}')
         write(self.configuration("waybar/style.css"),

@@ -3,8 +3,6 @@
 import collections
 import os
 import pathlib
-import socket
-import struct
 import subprocess
 import time
 
@@ -106,53 +104,6 @@ class X11Screen(Screen):
             click_at(x, y)
 
 
-class SwayScreen(Screen):
-    """With a pointer of its own: a headless compositor has none (Wayland's wire format, and the protocol
-    wlr-virtual-pointer-unstable-v1)."""
-    DISPLAY, REGISTRY, CALLBACK, MANAGER, POINTER = range(1, 6)
-
-    def __init__(self, folder):
-        super().__init__(folder)
-        self._socket = socket.socket(socket.AF_UNIX)
-        self._socket.connect(os.path.join(folder, os.environ["WAYLAND_DISPLAY"]))
-        self._request(self.DISPLAY, 1, struct.pack("=I", self.REGISTRY))
-        self._request(self.DISPLAY, 0, struct.pack("=I", self.CALLBACK))  # called after the list of interfaces
-        for sender, event, content in self._events():
-            if sender == self.CALLBACK:
-                break
-            interface = b"zwlr_virtual_pointer_manager_v1\0"
-            if sender == self.REGISTRY and event == 0 and content[8:].startswith(interface):
-                self._request(self.REGISTRY, 0, content[:4] + struct.pack("=I", len(interface)) + interface +
-                              struct.pack("=II", 1, self.MANAGER))
-        self._request(self.MANAGER, 0, struct.pack("=II", 0, self.POINTER))
-
-    def _request(self, target, number, content=b""):
-        self._socket.sendall(struct.pack("=IHH", target, number, 8 + len(content)) + content)
-
-    def _events(self):
-        stream = self._socket.makefile("rb")
-        while True:
-            sender, event, size = struct.unpack("=IHH", stream.read(8))
-            yield sender, event, stream.read(size - 8)
-
-    def _tell(self, number, *values):
-        """A request of the pointer, at once."""
-        self._request(self.POINTER, number, struct.pack(f"={len(values)}I", *values))
-        self._request(self.POINTER, 4)
-
-    def photograph(self, file):
-        subprocess.run(["grim", file], check=True)
-
-    def point(self, x, y):
-        self._tell(1, 0, x, y, WIDTH, HEIGHT)
-
-    def click(self, x, y, times=1):
-        self.point(x, y)
-        for pressed in (1, 0) * times:
-            self._tell(2, 0, BTN_LEFT, pressed)
-            time.sleep(PRESSED)
-
-
 class GnomeScreen(Screen):
     """By the interfaces of the shell and its compositor."""
     REMOTE = "org.gnome.Mutter.RemoteDesktop"
@@ -185,4 +136,4 @@ class GnomeScreen(Screen):
 
 
 def screen_of(desktop):
-    return {"sway": SwayScreen, "GNOME": GnomeScreen}.get(desktop.name, X11Screen)(desktop.folder)
+    return (GnomeScreen if desktop.name == "GNOME" else X11Screen)(desktop.folder)
