@@ -7,7 +7,7 @@ import subprocess
 import time
 
 import bus
-from desktops import HEIGHT, WIDTH
+from desktops import WIDTH
 from gi.repository import Gio
 from interface import click_at, output
 from waiting import until
@@ -18,12 +18,10 @@ BTN_LEFT = 0x110  # of Linux' input events
 
 class Picture:
     def __init__(self, file):
-        run = subprocess.run(["identify", "-format", "%w", file], capture_output=True, text=True, check=True)
-        self.width = int(run.stdout)
         self.pixels = subprocess.run(["convert", file, "-depth", "8", "rgb:-"], capture_output=True, check=True).stdout
 
     def row(self, y, left, right):
-        return self.pixels[3 * (y * self.width + left):3 * (y * self.width + right)]
+        return self.pixels[3 * (y * WIDTH + left):3 * (y * WIDTH + right)]
 
     def colours(self, area):
         left, top, right, bottom = area
@@ -59,10 +57,20 @@ def contrast(picture, area):
 
 
 class Screen:
-    """`area` is left, top, right and bottom, in pixels."""
+    """Of an X server. `area` is left, top, right and bottom, in pixels."""
 
     def __init__(self, folder):
         self._file = pathlib.Path(folder, "screen.png")
+
+    def photograph(self, file):
+        subprocess.run(["import", "-window", "root", file], check=True)
+
+    def point(self, x, y):
+        output("xdotool", "mousemove", str(x), str(y))
+
+    def click(self, x, y, times=1):
+        for _ in range(times):
+            click_at(x, y)
 
     def picture(self):
         self.photograph(self._file)
@@ -90,18 +98,6 @@ class Screen:
                 not seen[-1].changes(each, area) for each in seen[-3:-1])
         until(look, what, 20)
         return seen[-1].changes(before, area), seen[-1]
-
-
-class X11Screen(Screen):
-    def photograph(self, file):
-        subprocess.run(["import", "-window", "root", file], check=True)
-
-    def point(self, x, y):
-        output("xdotool", "mousemove", str(x), str(y))
-
-    def click(self, x, y, times=1):
-        for _ in range(times):
-            click_at(x, y)
 
 
 class GnomeScreen(Screen):
@@ -136,4 +132,4 @@ class GnomeScreen(Screen):
 
 
 def screen_of(desktop):
-    return (GnomeScreen if desktop.name == "GNOME" else X11Screen)(desktop.folder)
+    return (GnomeScreen if desktop.name == "GNOME" else Screen)(desktop.folder)
