@@ -10,8 +10,8 @@
 namespace chimewell::test {
 namespace {
 
-constexpr double text = 4.5;
-constexpr double mark = 3.0;
+constexpr double textContrast = 4.5;
+constexpr double markContrast = 3.0;
 
 QPalette palette(QRgb window, QRgb base, QRgb words, QRgb highlight, QRgb link, QRgb onHighlight = 0xFFFFFF)
 {
@@ -58,22 +58,23 @@ TEST(Colours, ReadOnEveryBackgroundOfEveryDesktop)
             const auto tinted = [&](double opacity) { return Colours::mixed(c.text, background, opacity); };
             for (const double opacity : {0.0, Colours::hover, Colours::pressed, Colours::selected,
                                          Colours::buttonRest, Colours::buttonHover, Colours::buttonPressed})
-                reads("text", c.text, tinted(opacity), text);
+                reads("text", c.text, tinted(opacity), textContrast);
             for (const double opacity : {0.0, Colours::hover}) {
-                reads("secondary", c.secondary, tinted(opacity), text);
-                reads("link", c.accentText, tinted(opacity), text);
+                reads("secondary", c.secondary, tinted(opacity), textContrast);
+                reads("link", c.accentText, tinted(opacity), textContrast);
             }
             for (const QColor& colour : {c.green, c.orange, c.red})
-                reads("meaning", colour, background, text);
+                reads("meaning", colour, background, textContrast);
             for (const QColor& colour : {c.green, c.orange, c.secondary})
-                reads("capsule", colour, Colours::mixed(colour, background, Colours::capsule), text);
+                reads("capsule", colour, Colours::mixed(colour, background, Colours::capsule), textContrast);
             for (const QColor& colour : {c.greenMark, c.orangeMark, c.redMark, c.outline, c.accent})
-                reads("mark", colour, background, mark);
+                reads("mark", colour, background, markContrast);
         }
-        reads("the primary button", c.onAccent, c.accent, text);
-        reads("the knob", c.knobOff(), c.outline, mark);
+        reads("the primary button", c.onAccent, c.accent, textContrast);
+        reads("the knob", c.knobOff(), c.outline, markContrast);
         const QColor border = Colours::mixed(c.cardBorder(), c.window, c.cardBorder().alphaF());
-        if (desktop.name.ends_with("high contrast")) reads("the card's border", border, c.window, mark);
+        if (desktop.name.ends_with("high contrast"))
+            reads("the card's border", border, c.window, markContrast);
     }
     const Colours own = Colours::from(palette(0x000000, 0x000000, 0xFFFFFF, 0x1AEBFF, 0xFFFF00, 0x000000));
     EXPECT_EQ(own.accent, QColor::fromRgb(0x1AEBFF)); // a pair that reads stays as it is
@@ -89,7 +90,7 @@ TEST(ThemedIcon, IsDrawnUnderItsNameInAReadableColourWhereNoThemeHasIt)
         EXPECT_EQ(icon.name(), QStringLiteral("in-no-theme"));
         EXPECT_EQ(shown(icon).alpha(), 255) << symbol;
         for (const QColor& panel : {QColor(Qt::white), QColor(0x2A2E32)})
-            EXPECT_GE(Colours::contrast(shown(icon), panel), mark) << symbol;
+            EXPECT_GE(Colours::contrast(shown(icon), panel), markContrast) << symbol;
     }
 }
 
