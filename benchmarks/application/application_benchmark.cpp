@@ -107,7 +107,7 @@ double numberIn(const std::filesystem::path& file, std::string_view label)
 
 Memory memoryOf(const ChildProcess& program)
 {
-    const auto file = "/proc/" + std::to_string(program.pid()) + "/smaps_rollup";
+    const auto file = "/proc/" + std::to_string(program.processId()) + "/smaps_rollup";
     return {.resident = numberIn(file, "Rss:"),
             .proportional = numberIn(file, "Pss:"),
             .privateDirty = numberIn(file, "Private_Dirty:")};
@@ -117,7 +117,7 @@ Activity activityOf(const ChildProcess& program)
 {
     Activity total;
     for (const auto& thread :
-         std::filesystem::directory_iterator("/proc/" + std::to_string(program.pid()) + "/task")) {
+         std::filesystem::directory_iterator("/proc/" + std::to_string(program.processId()) + "/task")) {
         ++total.threads;
         total.switches += numberIn(thread.path() / "status", "voluntary_ctxt_switches:") +
                           numberIn(thread.path() / "status", "nonvoluntary_ctxt_switches:");
