@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "presentation/panel_model.h"
+#include "presentation/settings_model.h"
 #include "support/fake_system.h"
 
 #include <gtest/gtest.h>
@@ -57,6 +58,16 @@ TEST(RecentAlerts, AreTheNewestTenOfWhichThePanelShowsSix)
     history.clear();
     EXPECT_TRUE(entries.empty());
     EXPECT_EQ(told, 13);
+}
+
+TEST(ReminderChoices, OtherIntervalsAreWholeMinutes)
+{
+    for (const auto& [seconds, minutes] :
+         {std::pair<std::int64_t, std::int64_t>{90, 1}, {1, 1}, {-5, 1}, {150, 2}, {3600, 60}})
+        EXPECT_EQ(shownMinutes(seconds), minutes) << seconds;
+    EXPECT_EQ(storedSeconds(0), 60);
+    EXPECT_EQ(storedSeconds(7), 420);
+    EXPECT_EQ(storedSeconds(1000), 3600);
 }
 
 TEST(UserActionsTest, LaunchAtLoginStoresTheChoiceAndReportsTheSystemsRefusal)
