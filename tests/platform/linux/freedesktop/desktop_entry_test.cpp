@@ -58,13 +58,10 @@ TEST(DesktopEntry, SplitsAndExpandsItsCommandAsTheStandardSays)
         {"a %z", {}},
         {"a %", {}},
         {"a \"b", {}},
-        {"", {}},
         {"%f", {}},
     };
     for (const auto& each : cases)
         EXPECT_EQ(commandLine(each.exec), each.words) << each.exec;
-    const Words odd{"/home/a b/$x/`y`/\"z\"/\\n/50%/ü/'q'/#1/*/chimewell", "", "%u", "a\tb\nc\r "};
-    EXPECT_EQ(commandLine(execValue(odd)), odd);
 }
 
 TEST(DesktopEntry, IsFoundInTheFirstFolderThatHasIt)
@@ -82,14 +79,13 @@ TEST(DesktopEntry, IsFoundInTheFirstFolderThatHasIt)
     const auto kitty = install("a/applications/kitty", "");
     const auto inner = install("b/applications/kde/sub/x-y", "");
     const auto tried = install("own/applications/tried", "TryExec=sh\n");
-    for (const char* name : {"kitty", "deleted", "untried", "broken"})
+    for (const char* name : {"kitty", "deleted", "untried"})
         install(std::string("b/applications/") + name, "");
     install("own/applications/deleted", "Hidden=true\n");
     install("own/applications/untried", "TryExec=/no/such/program\n");
-    folder.write("own/applications/broken.desktop", "no entry");
     const std::pair<const char*, std::filesystem::path> cases[] = {
         {"kitty", kitty}, {"kde-sub-x-y", inner}, {"tried", tried}, {"deleted", ""},
-        {"untried", ""},  {"broken", ""},         {"Kitty", ""},    {"", ""}};
+        {"untried", ""},  {"Kitty", ""},          {"", ""}};
     for (const auto& [id, file] : cases) {
         const auto found = findDesktopEntry(id, folders, files);
         EXPECT_EQ(found ? found->file : "", file) << id;

@@ -1,25 +1,29 @@
 // SPDX-License-Identifier: MIT
-// What tests/contracts does not ask of every NotificationCenter: the calls, clicks and failures of the bus.
+// What tests/contracts does not ask of every NotificationCenter: calls, clicks and failures of the bus, and
+// the settings of real desktops, written by their own tools.
 #include "platform/linux/notifications/dbus_notification_center.h"
 
+#include "harness/child_process.h"
 #include "harness/private_bus.h"
 #include "harness/wait_until.h"
 #include "platform/linux/freedesktop/activation.h"
+#include "support/bus_object.h"
+#include "support/environment_variable.h"
 #include "support/fake_time.h"
-#include "support/recording_notification_server.h"
 #include "support/temporary_folder.h"
 
 #include <QCoreApplication>
-#include <QDBusInterface>
+#include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
-#include <QDBusReply>
 
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -34,11 +38,79 @@ using Texts = std::vector<std::string>;
 const QString serverName = u"org.freedesktop.Notifications"_s;
 const QStringList bothActions{u"default"_s, u""_s, u"FOCUS_SESSION"_s, u"Open Session"_s};
 
+/// A notification server that shows nothing, notes what it is asked and does what the test says.
+class RecordingNotificationServer : public BusObject {
+public:
+    struct Banner {
+        QVariantList arguments; ///< Of the call, with these among them.
+        QString title, body;
+        QStringList actions;
+    };
+
+    RecordingNotificationServer(const QDBusConnection& bus, QStringList capabilities)
+        : BusObject(bus, serverName, u"/org/freedesktop/Notifications"_s),
+          capabilities_(std::move(capabilities))
+    {
+    }
+
+    /// From now on calls are noted, but answered by `answerHeld` only.
+    void hold() { holding_ = true; }
+    void answerHeld()
+    {
+        holding_ = false;
+        for (const QDBusMessage& reply : std::exchange(held_, {}))
+            bus_.send(reply);
+    }
+    void tell(const char* signal, uint banner, const QVariant& value)
+    {
+        auto message = QDBusMessage::createSignal(path_, service_, QString::fromLatin1(signal));
+        bus_.send(message << banner << value);
+    }
+    void click(uint banner, const char* action = "default")
+    {
+        tell("ActionInvoked", banner, QString::fromLatin1(action));
+    }
+    void close(uint banner) { tell("NotificationClosed", banner, 2U); }
+
+    std::vector<Banner> banners;
+    int capabilityQuestions = 0;
+
+    bool handleMessage(const QDBusMessage& call, const QDBusConnection&) override
+    {
+        QVariantList result{u"Test"_s, u""_s, u""_s, u""_s}; // of GetServerInformation
+        if (call.member() == u"GetCapabilities") {
+            ++capabilityQuestions;
+            result = {capabilities_};
+        } else if (call.member() == u"Notify") {
+            QVariantList arguments = call.arguments();
+            arguments[6] = qdbus_cast<QVariantMap>(arguments[6]); // the hints
+            banners.push_back(
+                {arguments, arguments[3].toString(), arguments[4].toString(), arguments[5].toStringList()});
+            result = {static_cast<uint>(banners.size())};
+        }
+        const QDBusMessage reply = call.createReply(result);
+        if (!holding_ || call.member() == u"GetServerInformation") return bus_.send(reply);
+        held_.push_back(reply);
+        return true;
+    }
+
+private:
+    QStringList capabilities_;
+    bool holding_ = false;
+    std::vector<QDBusMessage> held_;
+};
+
 class DbusNotificationCenterTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
         if (!bus.unavailable().empty()) GTEST_SKIP() << bus.unavailable();
+        startOn("");
+    }
+
+    void startOn(const char* desktop)
+    {
+        setenv("XDG_CURRENT_DESKTOP", desktop, 1);
         center.emplace(bus.connection(u"center"_s), time, tokens);
         center->setCategory({.identifier = "AGENT_EVENT",
                              .actionIdentifier = "FOCUS_SESSION",
@@ -47,15 +119,15 @@ protected:
             responses.push_back(response.actionIdentifier + " " + response.userInfo.at("cwd") + " " +
                                 tokens.take());
         });
+        center->setChangeHandler([this] { ++changes; });
     }
 
     /// In place of the one that there is.
-    void startServer(const QStringList& capabilities = {u"actions"_s, u"body-markup"_s},
-                     const QString& software = u"Test"_s)
+    void startServer(const QStringList& capabilities = {u"actions"_s, u"body-markup"_s})
     {
         static int number = 0;
         server = std::make_unique<RecordingNotificationServer>(bus.connection(u"server %1"_s.arg(++number)),
-                                                               capabilities, software);
+                                                               capabilities);
     }
 
     void post(const std::string& title, const std::string& body = "Body")
@@ -71,6 +143,7 @@ protected:
     {
         std::optional<NotificationPermission> answer;
         center->readPermission([&](NotificationPermission value) { answer = value; });
+        EXPECT_FALSE(answer) << "answers come from the event loop";
         EXPECT_TRUE(waitUntil([&] { return answer.has_value(); }));
         return answer.value_or(NotificationPermission::notDetermined);
     }
@@ -90,12 +163,16 @@ protected:
         QCoreApplication::processEvents();
     }
 
+    const TemporaryFolder folder;
+    const EnvironmentVariable configuration{"XDG_CONFIG_HOME", folder.path()};
+    const EnvironmentVariable currentDesktop{"XDG_CURRENT_DESKTOP", ""}; ///< Puts back what it was.
     PrivateBus bus;
     FakeTime time;
     ActivationTokens tokens;
     std::optional<DbusNotificationCenter> center;
     std::unique_ptr<RecordingNotificationServer> server;
     Texts responses;
+    int changes = 0;
 };
 
 TEST_F(DbusNotificationCenterTest, HandsTheServerAllItNeeds)
@@ -112,43 +189,6 @@ TEST_F(DbusNotificationCenterTest, HandsTheServerAllItNeeds)
               (QVariantList{u"Chimewell"_s, 0U, id, u"One & two"_s, u"&lt;b&gt;a&lt;/b&gt;\n&amp;amp; b"_s,
                             bothActions, hints, -1}));
     EXPECT_EQ(time.runningTimers(), 0U);
-}
-
-TEST_F(DbusNotificationCenterTest, AsksAReplacedServerAgainAndForgetsTheBannersOfTheOld)
-{
-    const struct {
-        QStringList capabilities;
-        QString software;
-        QString body;
-        QStringList actions;
-    } cases[] = {
-        {{}, u"Test"_s, u"<&>"_s, {}},
-        {{u"actions"_s, u"body-markup"_s}, u"Test"_s, u"&lt;&amp;&gt;"_s, bothActions},
-        {{u"actions"_s}, u"Xfce Notify Daemon"_s, u"<&>"_s, bothActions.mid(2)},
-    };
-    for (const auto& each : cases) {
-        startServer(each.capabilities, each.software);
-        ASSERT_TRUE(waitUntil([&] { return center->isAvailable(); }));
-        synchronize();
-        server->click(1); // the number of an old server's banner
-        post("a", "<&>");
-        ASSERT_TRUE(serverGets(1));
-        EXPECT_EQ(server->banners[0].body, each.body);
-        EXPECT_EQ(server->banners[0].actions, each.actions);
-        synchronize();
-    }
-    EXPECT_EQ(responses, Texts());
-
-    startServer({});
-    server->hold();
-    synchronize();
-    post("b", "<");
-    ASSERT_TRUE(waitUntil([&] { return server->capabilityQuestions == 1; }));
-    const auto slow = std::move(server);
-    startServer();
-    slow->answerHeld();
-    ASSERT_TRUE(serverGets(1));
-    EXPECT_EQ(server->banners[0].body, u"&lt;"_s) << "an answer that comes too late decides nothing";
 }
 
 TEST_F(DbusNotificationCenterTest, WaitsASecondForTheCapabilitiesAndThenAssumesThem)
@@ -212,70 +252,12 @@ TEST_F(DbusNotificationCenterTest, ReportsClicksOnOurBannersOnlyWithTheirTokens)
     server->click(2);
     ASSERT_TRUE(waitUntil([&] { return responses.size() == 2; }));
     EXPECT_EQ(responses, (Texts{"default d token", "default b "}));
-}
-
-TEST_F(DbusNotificationCenterTest, ABannerIsWithdrawnHoweverFarItCame)
-{
-    startServer();
-    post("shown");
-    ASSERT_TRUE(serverGets(1));
-    synchronize();
-    center->withdraw("id-shown");
-    server->hold();
-    post("unanswered");
-    post("kept");
-    center->withdraw("id-unanswered");
-    synchronize();
-    server->answerHeld();
-    ASSERT_TRUE(waitUntil([&] { return server->withdrawn.size() == 2; }));
-    EXPECT_EQ(server->withdrawn, (std::vector<uint>{1, 2}));
 
     startServer();
     synchronize();
-    center->withdraw("id-kept"); // the old server's
-    post("never sent");
-    center->withdraw("id-never sent");
-    post("last");
-    ASSERT_TRUE(serverGets(1));
-    EXPECT_EQ(server->banners[0].title, u"last"_s);
-    EXPECT_TRUE(server->withdrawn.empty());
-}
-
-TEST_F(DbusNotificationCenterTest, IsWokenByServersOnlyWhileItHasBanners)
-{
-    const QString daemon = u"org.freedesktop.DBus"_s;
-    const QDBusConnection connection(u"center"_s);
-    QDBusInterface statistics(daemon, u"/org/freedesktop/DBus"_s, daemon + u".Debug.Stats"_s, connection);
-    const auto matchRules = [&] {
-        const QDBusReply<QVariantMap> reply =
-            statistics.call(u"GetConnectionStats"_s, connection.baseService());
-        return reply.value().value(u"MatchRules"_s, -1).toInt();
-    };
-    startServer();
-    EXPECT_EQ(permission(), NotificationPermission::authorized);
-    const int idle = matchRules();
-    if (idle < 0) GTEST_SKIP() << "this bus daemon keeps no statistics";
-    post("a");
-    ASSERT_TRUE(serverGets(1));
+    server->click(1); // another program's: a new server numbers its banners from 1 again
     synchronize();
-    EXPECT_EQ(matchRules(), idle + 3);
-    server->close(1);
-    synchronize();
-    EXPECT_EQ(matchRules(), idle);
-}
-
-TEST_F(DbusNotificationCenterTest, WithoutAServerBannersAreDropped)
-{
-    EXPECT_TRUE(center->isAvailable()) << "the bus has not answered yet";
-    post("early");
-    EXPECT_EQ(permission(), NotificationPermission::unknown);
-    EXPECT_EQ(time.runningTimers(), 0U) << "the banner does not wait any more";
-    post("dropped");
-    startServer();
-    ASSERT_TRUE(waitUntil([&] { return center->isAvailable(); }));
-    post("shown");
-    ASSERT_TRUE(serverGets(1));
-    EXPECT_EQ(server->banners[0].title, u"shown"_s);
+    EXPECT_EQ(responses.size(), 2U);
 }
 
 TEST_F(DbusNotificationCenterTest, ABannerStartsAServerThatTheBusKnows)
@@ -285,7 +267,6 @@ TEST_F(DbusNotificationCenterTest, ABannerStartsAServerThatTheBusKnows)
     ASSERT_TRUE(waitUntil([&] { return time.runningTimers() == 0; }));
     EXPECT_TRUE(center->isAvailable()) << "it is tried again";
 
-    const TemporaryFolder folder;
     const auto started = folder.path() / "started";
     // Stands for a server that takes its name some time after it was started.
     bus.offer(serverName.toStdString(), "/bin/sh -c \"echo > " + started.string() + "\"");
@@ -296,6 +277,64 @@ TEST_F(DbusNotificationCenterTest, ABannerStartsAServerThatTheBusKnows)
     startServer();
     ASSERT_TRUE(serverGets(1));
     EXPECT_EQ(server->banners[0].title, u"shown"_s);
+}
+
+TEST_F(DbusNotificationCenterTest, IsDeniedWhereTheDesktopsSettingsSwitchOurBannersOff)
+{
+    using enum NotificationPermission;
+    const std::string us = "app.chimewell.Chimewell";
+    const auto gnome = [](const char* key, const char* value) {
+        return Texts{"gsettings", "set",
+                     "org.gnome.desktop.notifications.application:"
+                     "/org/gnome/desktop/notifications/application/app-chimewell-chimewell/",
+                     key, value};
+    };
+    const auto xfce = [](const Texts& value) {
+        Texts command{"xfconf-query", "-c", "xfce4-notifyd", "-p", "/applications/muted_applications", "-n"};
+        command.insert(command.end(), value.begin(), value.end());
+        return command;
+    };
+    const auto plasma = [](const std::string& lines) {
+        return Texts{"sh", "-c", "printf '" + lines + "' >\"$XDG_CONFIG_HOME/plasmanotifyrc\""};
+    };
+    const std::string group = "[Applications][" + us + "]\n";
+    const struct {
+        const char* desktop;
+        Texts command;
+        NotificationPermission permission;
+    } cases[] = {
+        {"ubuntu:GNOME", gnome("enable", "false"), denied},
+        {"GNOME", gnome("enable", "true"), authorized},
+        {"GNOME", gnome("show-banners", "false"), denied},
+        {"XFCE", xfce({"-a", "-t", "string", "-s", "Other", "-t", "string", "-s", us}), denied},
+        {"XFCE", xfce({"-a", "-t", "string", "-s", "Other", "-t", "int", "-s", "1"}), authorized},
+        {"XFCE", xfce({"-t", "string", "-s", us}), authorized},
+        {"KDE", plasma(group + "Seen=true\nShowPopups=false\n"), denied},
+        {"KDE", plasma("[Applications][org.kde.other]\nShowPopups=false\n" + group), authorized},
+        {"KDE", plasma(group + "ShowPopups=true\n[DoNotDisturb]\nShowPopups=false\n"), authorized},
+        {"sway", plasma(group + "ShowPopups=false\n"), authorized},
+    };
+    startServer();
+    bus.offerInstalled("ca.desrt.dconf");
+    bus.offerInstalled("org.xfce.Xfconf");
+    for (const char* desktop : {"GNOME", "XFCE", "KDE"}) {
+        startOn(desktop);
+        EXPECT_EQ(permission(), authorized) << desktop << " before anything was set";
+    }
+    std::string skipped;
+    for (const auto& each : cases) {
+        startOn(each.desktop);
+        permission();
+        changes = 0;
+        if (run(each.command).status != 0) {
+            skipped = each.desktop;
+            continue;
+        }
+        const bool isWatched = each.command[0] != "sh"; // Plasma's file is not
+        EXPECT_TRUE(waitUntil([&] { return changes > 0 || !isWatched; })) << each.command.back();
+        EXPECT_EQ(permission(), each.permission) << each.desktop << ' ' << each.command.back();
+    }
+    if (!skipped.empty()) GTEST_SKIP() << "no settings of " << skipped << " here";
 }
 
 }

@@ -5,7 +5,6 @@
 #include "harness/child_process.h"
 #include "harness/private_session.h"
 #include "harness/wait_until.h"
-#include "platform/linux/sound/wav_file.h"
 #include "platform/posix/posix_clock.h"
 #include "support/temporary_folder.h"
 #include "wav.h"
@@ -15,7 +14,6 @@
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -106,42 +104,6 @@ TEST_F(PulseSystemSoundsTest, AServerThatHangsOrDiesEndsSoundsUntilThereIsOneAga
         sound->play();
         EXPECT_TRUE(streamsBecome(1));
         EXPECT_TRUE(ends(*sound));
-    }
-}
-
-TEST_F(PulseSystemSoundsTest, HasOnlyTheSoundsOfItsFolder)
-{
-    folder.write("Text.wav", "not a sound");
-    folder.write("inner/Long.wav", wav(1));
-    for (const char* name : {"long", "Text", "inner/Long", "../Long", "."})
-        EXPECT_EQ(sounds.named(name), nullptr) << name;
-}
-
-TEST(WavFile, ReadsFormatAndSamplesAndSkipsOtherChunks)
-{
-    const std::string plain = wav(8001);
-    const std::string odd = plain.substr(0, 12) + std::string("LIST\x03\0\0\0abc\0", 12) + plain.substr(12);
-    for (const std::string& bytes : {plain, plain + "trailing", odd}) {
-        const WavFile file = parseWavFile(bytes).value_or(WavFile{});
-        EXPECT_EQ(file.framesPerSecond, 8000U);
-        EXPECT_EQ(file.channels, 1);
-        EXPECT_EQ(file.samples, plain.substr(44));
-        EXPECT_EQ(file.duration(), 1001ms) << "rounded up";
-    }
-}
-
-TEST(WavFile, RefusesWhatItCannotPlay)
-{
-    const std::string plain = wav(4);
-    for (std::size_t size = 0; size < plain.size(); ++size)
-        EXPECT_FALSE(parseWavFile(plain.substr(0, size))) << "cut to " << size;
-    // Other containers, formats, channels, rates, frames and sample sizes, and data that do not fit.
-    const std::pair<std::size_t, int> changes[] = {{3, 'X'}, {8, 'A'}, {20, 3}, {22, 0}, {22, 3}, {24, 0x3F},
-                                                   {26, 9},  {32, 4},  {34, 8}, {40, 0}, {40, 7}, {40, 9}};
-    for (const auto& [place, byte] : changes) {
-        std::string changed = plain;
-        changed[place] = static_cast<char>(byte);
-        EXPECT_FALSE(parseWavFile(changed)) << byte << " at " << place;
     }
 }
 
