@@ -41,8 +41,8 @@ std::string_view takeUntil(std::string_view& text, char separator);
 using Deadline = std::chrono::steady_clock::time_point;
 
 /// Waits until `descriptor` is ready for one of `events` (those of poll), was closed by the other side, or
-/// the deadline has passed. Returns whether it was ready before the deadline: input that never stops is waited
-/// for no longer than silence.
+/// the deadline has passed. Returns whether it was ready before the deadline: input that never stops is
+/// waited for no longer than silence.
 bool waitFor(int descriptor, short events, Deadline deadline);
 
 }
