@@ -32,6 +32,7 @@ desktop_packages=(
 
 # The other desktops on which it is used (tests/desktops), and how pictures are taken there.
 real_desktop_packages=(
+    python3-pil
     trayer qt6-wayland
     xdg-desktop-portal xdg-desktop-portal-gtk xdg-desktop-portal-kde
     sway waybar mako-notifier
@@ -42,7 +43,7 @@ real_desktop_packages=(
 # To test it: the checks, the second compiler, the programs that tests use.
 test_packages=(
     libgtest-dev clang-19 clang-tidy-19 clang-format-19 ccache
-    libclang-rt-19-dev
+    libclang-rt-19-dev libblocksruntime-dev
     appstream man-db shellcheck unicode-data
     dex dconf-service gsettings-desktop-schemas xfconf
     git strace golang-github-burntsushi-toml-dev

@@ -2,7 +2,7 @@
 // What every NotificationCenter does: the fake of the other tests, and the real one with servers that
 // people use.
 #include "harness/child_process.h"
-#include "harness/private_bus.h"
+#include "harness/private_session.h"
 #include "harness/wait_until.h"
 #include "platform/linux/freedesktop/activation.h"
 #include "platform/linux/notifications/dbus_notification_center.h"
@@ -137,7 +137,7 @@ private:
     }
 
     const EnvironmentVariable noAccessibility{"NO_AT_BRIDGE", "1"};
-    PrivateBus bus{{"Xvfb"}};
+    PrivateSession bus{{"dbus-daemon", "Xvfb"}};
     FakeTime time;
     ActivationTokens tokens;
     DbusNotificationCenter real{bus.connection(u"center"_s), time, tokens};

@@ -8,8 +8,6 @@
 
 #include <chrono>
 #include <functional>
-#include <string>
-#include <vector>
 
 namespace chimewell::test {
 
@@ -22,21 +20,18 @@ TEST(ReopenRequestsTest, OnlyTheUsersOpenAWindow)
     services.notifications.configure();
     int opened = 0;
     services.reopens.onUserReopen = [&] { ++opened; };
-    const std::function<void()> reopen = [&] { services.reopens.request(); };
-    const std::function<void()> url = [&] {
-        services.urls.handleURLEvent("chimewell://event?type=finished");
-    };
-    const std::function<void()> banner = [&] { system.center.respond({defaultNotificationAction, {}}); };
-    const std::function<void()> wake = [&] { services.reopens.explain(ReopenRequests::Cause::wake); };
+    const auto reopen = [&] { services.reopens.request(); };
+    const auto url = [&] { services.urls.handleURLEvent("chimewell://event?type=finished"); };
+    const auto banner = [&] { system.center.respond({defaultNotificationAction, {}}); };
+    const auto wake = [&] { services.reopens.explain(ReopenRequests::Cause::wake); };
 
-    struct Row {
+    const struct {
         const char* name;
         std::function<void()> first;
         std::chrono::milliseconds between;
         std::function<void()> second;
         int opens;
-    };
-    const std::vector<Row> rows{
+    } rows[] = {
         {"the user alone", [] {}, 0ms, reopen, 1},
         {"twice in a hurry", reopen, 100ms, reopen, 1},
         {"twice", reopen, 600ms, reopen, 2},
@@ -50,7 +45,7 @@ TEST(ReopenRequestsTest, OnlyTheUsersOpenAWindow)
         {"long after waking", wake, 10s, reopen, 1},
         {"a URL does not shorten what follows waking", [&] { wake(), url(); }, 5s, reopen, 0},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         opened = 0;
         row.first();
         system.time.advance(row.between);

@@ -1,46 +1,25 @@
 # SPDX-License-Identifier: MIT
 """The eye and the hand on a screen: pictures of it, what changed between two, and clicks as a person makes them."""
-import collections
 import os
 import pathlib
 import subprocess
 import time
 
 import bus
-from desktops import WIDTH
 from gi.repository import Gio
 from interface import click_at, output
+from PIL import Image, ImageChops
 from waiting import until
 
 PRESSED = 0.08    # seconds
 BTN_LEFT = 0x110  # of Linux' input events
 
 
-class Picture:
-    def __init__(self, file):
-        self.pixels = subprocess.run(["convert", file, "-depth", "8", "rgb:-"], capture_output=True, check=True).stdout
-
-    def row(self, y, left, right):
-        return self.pixels[3 * (y * WIDTH + left):3 * (y * WIDTH + right)]
-
-    def colours(self, area):
-        left, top, right, bottom = area
-        for y in range(top, bottom):
-            row = self.row(y, left, right)
-            yield from zip(row[::3], row[1::3], row[2::3])
-
-    def changes(self, other, area):
-        """Where, inside an area, another picture differs; None if it does not."""
-        left, top, right, bottom = area
-        columns, rows = [], []
-        for y in range(top, bottom):
-            mine, others = self.row(y, left, right), other.row(y, left, right)
-            if mine != others:
-                rows.append(y)
-                different = [i for i, (a, b) in enumerate(zip(mine, others)) if abs(a - b) > 8]
-                if different:
-                    columns += (left + different[0] // 3, left + different[-1] // 3)
-        return (min(columns), rows[0], max(columns) + 1, rows[-1] + 1) if columns else None
+def changes(before, after, area):
+    """Where, inside an area, two pictures differ; None if they do not."""
+    difference = ImageChops.difference(before.crop(area), after.crop(area))
+    box = difference.point(lambda value: value > 8).getbbox()
+    return box and tuple(edge + area[i % 2] for i, edge in enumerate(box))
 
 
 def luminance(colour):
@@ -51,9 +30,11 @@ def luminance(colour):
 
 def contrast(picture, area):
     """Between the most frequent colour and the one that differs from it most."""
-    counted = collections.Counter(picture.colours(area))
-    ground = luminance(counted.most_common(1)[0][0])
-    return max((max(ground, each) + 0.05) / (min(ground, each) + 0.05) for each in map(luminance, counted))
+    inside = picture.crop(area)
+    counted = inside.getcolors(inside.width * inside.height)
+    ground = luminance(max(counted)[1])
+    return max((max(ground, each) + 0.05) / (min(ground, each) + 0.05)
+               for each in (luminance(colour) for _, colour in counted))
 
 
 class Screen:
@@ -74,7 +55,7 @@ class Screen:
 
     def picture(self):
         self.photograph(self._file)
-        return Picture(self._file)
+        return Image.open(self._file).convert("RGB")
 
     def settled(self):
         """A picture of what has stayed as it is for two seconds: explanations at the pointer go away late."""
@@ -82,7 +63,7 @@ class Screen:
 
         def look():
             now = self.picture()
-            if now.pixels != since[1].pixels:
+            if now != since[1]:
                 since[:] = time.monotonic(), now
             return time.monotonic() - since[0] > 2
         until(look, "a screen at rest", 30)
@@ -94,10 +75,10 @@ class Screen:
 
         def look():
             seen.append(self.picture())
-            return len(seen) > 2 and seen[-1].changes(before, area) and all(
-                not seen[-1].changes(each, area) for each in seen[-3:-1])
+            return len(seen) > 2 and changes(before, seen[-1], area) and not any(
+                changes(each, seen[-1], area) for each in seen[-3:-1])
         until(look, what, 20)
-        return seen[-1].changes(before, area), seen[-1]
+        return changes(before, seen[-1], area), seen[-1]
 
 
 class GnomeScreen(Screen):

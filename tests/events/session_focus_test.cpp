@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "events/session_focus.h"
 
-#include "support/recording_workspace.h"
+#include "support/fake_system.h"
 
 #include <gtest/gtest.h>
 

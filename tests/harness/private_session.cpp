@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "harness/private_session.h"
 
+#include <utility>
+
 namespace chimewell::test {
 namespace {
 
@@ -26,6 +28,18 @@ PrivateSession::PrivateSession(const std::vector<std::string>& programs)
         }
         variables_.emplace_back(line.substr(0, equals), line.substr(equals + 1));
     }
+}
+
+PrivateSession::~PrivateSession()
+{
+    for (const QString& name : std::as_const(connections_))
+        QDBusConnection::disconnectFromBus(name);
+}
+
+QDBusConnection PrivateSession::connection(const QString& name)
+{
+    connections_.append(name);
+    return QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), name);
 }
 
 void PrivateSession::raise(const std::string& program, int signal)

@@ -4,6 +4,9 @@
 #include "harness/child_process.h"
 #include "support/environment_variable.h"
 
+#include <QDBusConnection>
+#include <QStringList>
+
 #include <list>
 #include <string>
 #include <vector>
@@ -17,6 +20,7 @@ namespace chimewell::test {
 class PrivateSession {
 public:
     explicit PrivateSession(const std::vector<std::string>& programs);
+    ~PrivateSession();
     PrivateSession(const PrivateSession&) = delete;
     PrivateSession& operator=(const PrivateSession&) = delete;
 
@@ -29,6 +33,9 @@ public:
     void kill(const std::string& program) { command("kill " + program); }
     void raise(const std::string& program, int signal);
 
+    /// A new connection to the bus, with a name that is unique within the process. It is closed with the
+    /// session.
+    QDBusConnection connection(const QString& name);
     /// From now on the first call to `busName` starts `program`, with this session's environment.
     void offer(const std::string& busName, const std::string& program);
     /// The same with the machine's own service of that name; false where it is not installed.
@@ -42,6 +49,7 @@ private:
     ChildProcess harness_;
     std::string unavailable_;
     std::list<EnvironmentVariable> variables_;
+    QStringList connections_;
 };
 
 }

@@ -101,7 +101,7 @@ TEST(JSONParser, HoldsAnyDepth)
 }
 
 /// Something of everything, and everything that can go wrong in the middle of a token.
-const std::vector<std::string> texts{
+const std::vector<std::string> samples{
     R"({"hooks":{"Stop":[{"matcher":"","timeout":1.50e-3}]},"é😀":["\"\\\/\b\f\n\r\t",true,false,null]})",
     "\n[ -0 ,\t\"\\u00e9\\ud83d\\ude00 and \\ud83dx and \\ude00 and \\ud83d\\u0041\" , [ ] , { } ] \r\n",
     R"(["a long run of text that needs no escape at all, then one \u0000 and more text after it"])",
@@ -119,7 +119,7 @@ const std::vector<std::string> texts{
 
 TEST(JSONReader, TellsTheSameHoweverTheTextIsCut)
 {
-    for (const std::string& text : texts) {
+    for (const std::string& text : samples) {
         const Reading whole = readWhole(text);
         for (std::size_t cut = 0; cut <= text.size(); ++cut) {
             EXPECT_EQ(readInPieces(text, cut, text.size()), whole) << text << " cut at " << cut;

@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "ui/settings/settings_window.h"
 
+#include "ui/controls/confirm_dialog.h"
 #include "window_test.h"
 
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QSignalSpy>
 #include <QSpinBox>
+
+#include <tuple>
 
 namespace chimewell::test {
 namespace {
@@ -153,6 +157,25 @@ TEST_F(SettingsWindowTest, AFileIsChangedOnlyAfterAYes)
     settle();
     EXPECT_TRUE(shows("Hooks are missing from this file. Install them again."));
     EXPECT_TRUE(find("Install Codex"));
+}
+
+TEST_F(SettingsWindowTest, ReturnIsYesOnlyWhereNothingIsTakenAway)
+{
+    const std::tuple<PendingAction, Qt::Key, QDialog::DialogCode> cases[] = {
+        {PendingAction::install, Qt::Key_Return, QDialog::Accepted},
+        {PendingAction::uninstall, Qt::Key_Return, QDialog::Rejected},
+        {PendingAction::restore, Qt::Key_Return, QDialog::Rejected},
+        {PendingAction::update, Qt::Key_Escape, QDialog::Rejected}};
+    for (const auto& [action, key, answer] : cases) {
+        const Confirmation question = fakes.services.cards.all().front()->confirmation(action);
+        auto* dialog = new ConfirmDialog(question, fakes.words, nullptr);
+        const QSignalSpy answers(dialog, &QDialog::finished);
+        WindowTest::open(dialog);
+        press(key);
+        ASSERT_EQ(answers.size(), 1) << static_cast<int>(action);
+        EXPECT_EQ(answers.at(0).at(0).toInt(), answer) << static_cast<int>(action);
+        EXPECT_FALSE(window);
+    }
 }
 
 TEST_F(SettingsWindowTest, GeneralTellsWhatGoesWrong)

@@ -17,6 +17,7 @@
 #include <QTimer>
 #include <QUrl>
 
+#include <Block.h>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 
@@ -221,7 +222,7 @@ TEST_F(ApplicationTest, StaysBehindWhenTheSystemReopensIt)
         send(center["delegate"],
              "userNotificationCenter:didReceiveNotificationResponse:withCompletionHandler:", Id(center),
              Id(response),
-             keep(^{
+             Block_copy(^{
              }));
         runMainQueue();
     };

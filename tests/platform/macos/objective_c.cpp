@@ -3,6 +3,8 @@
 
 #include "base/utf8.h"
 
+#include <Block.h>
+
 #include <algorithm>
 #include <cctype>
 #include <cstddef>
@@ -54,20 +56,6 @@ struct String : Object {
     std::uint64_t length;
 };
 
-struct Block : Object {
-    std::uint32_t flags;
-    std::uint32_t reserved;
-    const void* function;
-    struct Description {
-        std::uint64_t reserved;
-        std::uint64_t size;
-        void (*copy)(void* to, const void* from); ///< Only with the flag `hasCopy`.
-    }* description;
-};
-constexpr std::uint32_t onHeap = 1U << 24;
-constexpr std::uint32_t hasCopy = 1U << 25;
-constexpr std::uint32_t isGlobal = 1U << 28;
-
 namespace {
 
 struct FrameworkObject : Object {
@@ -86,7 +74,7 @@ std::vector<void (^)()> mainQueue;
 std::map<std::string, Value> sharedObjects;
 std::map<std::string, Method> methods;
 
-/// Memory for strings, blocks and instances of compiled classes, kept for good.
+/// Memory for strings and instances of compiled classes, kept for good.
 void* allocate(std::size_t size)
 {
     static auto& all = *new std::vector<std::unique_ptr<std::byte[]>>;
@@ -165,7 +153,7 @@ Id makeObject(Id type, const char* selector, Word first, Word second, Word third
 
 Id addObserver(Id center, const char* /*selector*/, Id name, Id /*object*/, Id /*queue*/, void (^block)(Id))
 {
-    observers.push_back({object(), center, Value(name).text(), keep(block)});
+    observers.push_back({object(), center, Value(name).text(), Block_copy(block)});
     return observers.back().observation;
 }
 
@@ -188,11 +176,11 @@ const std::map<std::string, Method> builtIn = {
      [](Id dictionary, const char*, Id value, Id key) { Value(dictionary).set(Value(key).text(), value); }},
     {"addOperationWithBlock:",
      [](Id queue, const char*, void (^task)()) {
-         if (queue == Id(shared("mainQueue"))) mainQueue.push_back(keep(task));
+         if (queue == Id(shared("mainQueue"))) mainQueue.push_back(Block_copy(task));
      }},
     {"timerWithTimeInterval:repeats:block:",
      [](Id, const char*, double interval, bool, void (^block)(Id)) -> Id {
-         madeTimers().push_back(object({{"seconds", long(interval)}, {"block", Word(keep(block))}}));
+         madeTimers().push_back(object({{"seconds", long(interval)}, {"block", Word(Block_copy(block))}}));
          return madeTimers().back();
      }},
     {"invalidate", [](Id timer, const char*) { Value(timer).set("isInvalid", true); }},
@@ -220,8 +208,6 @@ extern "C" {
 Class NSObjectClass asm("OBJC_CLASS_$_NSObject") = {};
 Class NSObjectMetaclass asm("OBJC_METACLASS_$_NSObject") = {};
 Class NSStringClass asm("OBJC_CLASS_$_NSString") = {};
-Class _NSConcreteStackBlock = {};
-Class _NSConcreteGlobalBlock = {};
 void* _objc_empty_cache = nullptr;
 
 Value NSApplicationDidBecomeActiveNotification = "NSApplicationDidBecomeActiveNotification";
@@ -242,6 +228,11 @@ Id NSHomeDirectory()
 const char* __asan_default_options()
 {
     return "max_free_fill_size=4096";
+}
+
+const char* __lsan_default_suppressions()
+{
+    return "leak:_Block_copy"; // blocks are kept for good, like the objects
 }
 
 /// The function that a message calls.
@@ -278,28 +269,6 @@ void objc_enumerationMutation(Id /*collection*/)
 {
     std::abort();
 }
-
-/// Blocks begin on the stack.
-void* _Block_copy(const void* object)
-{
-    const auto* const block = static_cast<const Block*>(object);
-    if (!block || (block->flags & (onHeap | isGlobal)) != 0) return const_cast<void*>(object);
-    auto* const copy = static_cast<Block*>(allocate(block->description->size));
-    std::memcpy(copy, block, block->description->size);
-    copy->flags |= onHeap;
-    if ((block->flags & hasCopy) != 0) block->description->copy(copy, block);
-    return copy;
-}
-
-/// Copies what a block captured.
-void _Block_object_assign(void* place, const void* captured, int kind)
-{
-    constexpr int isBlock = 7;
-    const void* const kept = kind == isBlock ? _Block_copy(captured) : captured;
-    std::memcpy(place, &kept, sizeof kept);
-}
-
-void _Block_object_dispose(const void* /*captured*/, int /*kind*/) {}
 }
 // NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)
 

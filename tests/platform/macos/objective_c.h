@@ -91,16 +91,8 @@ void implement(const std::string& selector, Method method);
 }
 
 extern "C" void objc_msgSend();
-extern "C" void* _Block_copy(const void* block);
 
 namespace chimewell::test::objc {
-
-/// Moves a block off the stack, so that it can be called later.
-template<typename Block>
-Block keep(Block block)
-{
-    return reinterpret_cast<Block>(_Block_copy(reinterpret_cast<const void*>(block)));
-}
 
 template<typename... Arguments>
 void send(Id receiver, const char* selector, Arguments... arguments)

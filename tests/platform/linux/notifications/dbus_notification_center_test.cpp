@@ -4,7 +4,7 @@
 #include "platform/linux/notifications/dbus_notification_center.h"
 
 #include "harness/child_process.h"
-#include "harness/private_bus.h"
+#include "harness/private_session.h"
 #include "harness/wait_until.h"
 #include "platform/linux/freedesktop/activation.h"
 #include "support/bus_object.h"
@@ -166,7 +166,7 @@ protected:
     const TemporaryFolder folder;
     const EnvironmentVariable configuration{"XDG_CONFIG_HOME", folder.path()};
     const EnvironmentVariable currentDesktop{"XDG_CURRENT_DESKTOP", ""}; ///< Puts back what it was.
-    PrivateBus bus;
+    PrivateSession bus{{"dbus-daemon"}};
     FakeTime time;
     ActivationTokens tokens;
     std::optional<DbusNotificationCenter> center;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What the application offers to the session's bus, and what it follows there.
-#include "harness/private_bus.h"
+#include "harness/private_session.h"
 #include "harness/wait_until.h"
 #include "platform/linux/session/desktop_appearance.h"
 #include "platform/linux/session/freedesktop_application.h"
@@ -30,7 +30,7 @@ protected:
     }
     static QVariant variant(const QVariant& value) { return QVariant::fromValue(QDBusVariant(value)); }
 
-    PrivateBus bus;
+    PrivateSession bus{{"dbus-daemon"}};
     QDBusConnection connection = bus.connection(u"application"_s);
 };
 

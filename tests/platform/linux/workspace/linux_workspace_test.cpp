@@ -3,7 +3,7 @@
 
 #include "events/session_focus.h"
 #include "harness/child_process.h"
-#include "harness/private_bus.h"
+#include "harness/private_session.h"
 #include "harness/wait_until.h"
 #include "platform/linux/freedesktop/activation.h"
 #include "platform/posix/posix_files.h"
@@ -40,7 +40,7 @@ const TerminalApplication& terminal(std::string_view term)
 
 class LinuxWorkspaceTest : public ::testing::Test {
 protected:
-    explicit LinuxWorkspaceTest(std::vector<std::string> services = {}) : bus(std::move(services)) {}
+    explicit LinuxWorkspaceTest(const std::vector<std::string>& services = {"dbus-daemon"}) : bus(services) {}
     void SetUp() override
     {
         if (!bus.unavailable().empty()) GTEST_SKIP() << bus.unavailable();
@@ -67,7 +67,7 @@ protected:
     const EnvironmentVariable oldToken{"XDG_ACTIVATION_TOKEN", "ours"};
     const std::string homeLine = std::filesystem::canonical(folder.path()).string() + "\n";
     const std::string uri = "file://" + folder.path().string();
-    PrivateBus bus;
+    PrivateSession bus;
     const XdgUserFolders folders = [] {
         const EnvironmentVariable shared("XDG_DATA_DIRS", "/none"); // nothing that the machine has
         return XdgUserFolders();
@@ -166,7 +166,7 @@ TEST_F(LinuxWorkspaceTest, WithoutAFileManagerTheUsersChoiceOpensTheFolder)
 /// With a real window manager and real windows.
 class LinuxWorkspaceOnScreenTest : public LinuxWorkspaceTest {
 protected:
-    LinuxWorkspaceOnScreenTest() : LinuxWorkspaceTest({"Xvfb", "openbox"}) {}
+    LinuxWorkspaceOnScreenTest() : LinuxWorkspaceTest({"dbus-daemon", "Xvfb", "openbox"}) {}
     ~LinuxWorkspaceOnScreenTest() override
     {
         for (const ChildProcess& window : windows)

@@ -21,9 +21,7 @@ typedef NS_ENUM(NSInteger, NSApplicationActivationPolicy) {
 + (NSArray<NSRunningApplication*>*)runningApplicationsWithBundleIdentifier:(NSString*)bundleIdentifier;
 - (BOOL)activateWithOptions:(NSApplicationActivationOptions)options;
 @property (class, readonly, strong) NSRunningApplication* currentApplication;
-- (BOOL)activateFromApplication:(NSRunningApplication*)application
-                        options:(NSApplicationActivationOptions)options
-    __attribute__((availability(macos, introduced = 14.0)));
+- (BOOL)activateFromApplication:(NSRunningApplication*)application options:(NSApplicationActivationOptions)options __attribute__((availability(macos, introduced = 14.0)));
 @end
 
 NS_EXTERN const NSNotificationName NSApplicationDidBecomeActiveNotification;
@@ -35,8 +33,7 @@ NS_EXTERN const NSNotificationName NSApplicationWillFinishLaunchingNotification;
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)activationPolicy;
 // Not deprecated before 14, which has a request that other applications may refuse in its place.
 - (void)activateIgnoringOtherApps:(BOOL)ignoreOtherApps;
-- (void)yieldActivationToApplication:(NSRunningApplication*)application
-    __attribute__((availability(macos, introduced = 14.0)));
+- (void)yieldActivationToApplication:(NSRunningApplication*)application __attribute__((availability(macos, introduced = 14.0)));
 @end
 
 NS_EXTERN const NSNotificationName NSWorkspaceDidWakeNotification;
@@ -51,15 +48,8 @@ NS_EXTERN const NSNotificationName NSWorkspaceDidWakeNotification;
 @property (readonly, strong) NSNotificationCenter* notificationCenter;
 - (BOOL)openURL:(NSURL*)url;
 - (nullable NSURL*)URLForApplicationWithBundleIdentifier:(NSString*)bundleIdentifier;
-- (void)openApplicationAtURL:(NSURL*)applicationURL
-               configuration:(NSWorkspaceOpenConfiguration*)configuration
-           completionHandler:(void (^_Nullable)(NSRunningApplication* _Nullable app,
-                                                NSError* _Nullable error))completionHandler; // 10.15
-- (void)openURLs:(NSArray<NSURL*>*)urls
-    withApplicationAtURL:(NSURL*)applicationURL
-           configuration:(NSWorkspaceOpenConfiguration*)configuration
-       completionHandler:(void (^_Nullable)(NSRunningApplication* _Nullable app,
-                                            NSError* _Nullable error))completionHandler; // 10.15
+- (void)openApplicationAtURL:(NSURL*)applicationURL configuration:(NSWorkspaceOpenConfiguration*)configuration completionHandler:(void (^_Nullable)(NSRunningApplication* _Nullable app, NSError* _Nullable error))completionHandler; // 10.15
+- (void)openURLs:(NSArray<NSURL*>*)urls withApplicationAtURL:(NSURL*)applicationURL configuration:(NSWorkspaceOpenConfiguration*)configuration completionHandler:(void (^_Nullable)(NSRunningApplication* _Nullable app, NSError* _Nullable error))completionHandler; // 10.15
 - (BOOL)isFilePackageAtPath:(NSString*)fullPath;
 - (void)activateFileViewerSelectingURLs:(NSArray<NSURL*>*)fileURLs;
 @end
@@ -72,8 +62,7 @@ NS_EXTERN const NSNotificationName NSWorkspaceDidWakeNotification;
 @end
 
 @interface NSImage : NSObject
-+ (nullable instancetype)imageWithSystemSymbolName:(NSString*)name
-                          accessibilityDescription:(nullable NSString*)description; // 11.0
++ (nullable instancetype)imageWithSystemSymbolName:(NSString*)name accessibilityDescription:(nullable NSString*)description; // 11.0
 @property (readonly) NSSize size;
 // Not as a property, the name of which is a keyword of C++.
 - (void)setTemplate:(BOOL)isTemplate;
@@ -84,15 +73,9 @@ NS_EXTERN NSString* const NSDeviceRGBColorSpace;
 
 @interface NSBitmapImageRep : NSObject
 - (nullable instancetype)initWithBitmapDataPlanes:(unsigned char* _Nullable* _Nullable)planes
-                                       pixelsWide:(NSInteger)width
-                                       pixelsHigh:(NSInteger)height
-                                    bitsPerSample:(NSInteger)bps
-                                  samplesPerPixel:(NSInteger)spp
-                                         hasAlpha:(BOOL)alpha
-                                         isPlanar:(BOOL)isPlanar
-                                   colorSpaceName:(NSString*)colorSpaceName
-                                      bytesPerRow:(NSInteger)rBytes
-                                     bitsPerPixel:(NSInteger)pBits;
+    pixelsWide:(NSInteger)width pixelsHigh:(NSInteger)height bitsPerSample:(NSInteger)bps
+    samplesPerPixel:(NSInteger)spp hasAlpha:(BOOL)alpha isPlanar:(BOOL)isPlanar
+    colorSpaceName:(NSString*)colorSpaceName bytesPerRow:(NSInteger)rBytes bitsPerPixel:(NSInteger)pBits;
 @property (nullable, readonly) unsigned char* bitmapData;
 @end
 

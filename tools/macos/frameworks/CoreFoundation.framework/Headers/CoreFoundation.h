@@ -22,18 +22,13 @@ typedef const struct __CFAllocator* CFAllocatorRef;
 typedef const struct __CFArray* CFArrayRef;
 typedef const struct __CFURL* CFURLRef;
 
-enum CFStringBuiltInEncodings : CFStringEncoding {
-    kCFStringEncodingUTF8 = 0x08000100,
-};
+enum CFStringBuiltInEncodings : CFStringEncoding { kCFStringEncodingUTF8 = 0x08000100 };
 
 struct CFArrayCallBacks;
 
 extern "C" const CFArrayCallBacks kCFTypeArrayCallBacks;
 
 extern "C" void CFRelease(CFTypeRef object);
-extern "C" CFURLRef CFURLCreateWithBytes(CFAllocatorRef allocator, const UInt8* bytes, CFIndex length,
-                                         CFStringEncoding encoding, CFURLRef base);
-extern "C" CFURLRef CFURLCreateFromFileSystemRepresentation(CFAllocatorRef allocator, const UInt8* path,
-                                                            CFIndex length, Boolean isFolder);
-extern "C" CFArrayRef CFArrayCreate(CFAllocatorRef allocator, const void** values, CFIndex count,
-                                    const CFArrayCallBacks* callBacks);
+extern "C" CFURLRef CFURLCreateWithBytes(CFAllocatorRef allocator, const UInt8* bytes, CFIndex length, CFStringEncoding encoding, CFURLRef base);
+extern "C" CFURLRef CFURLCreateFromFileSystemRepresentation(CFAllocatorRef allocator, const UInt8* path, CFIndex length, Boolean isFolder);
+extern "C" CFArrayRef CFArrayCreate(CFAllocatorRef allocator, const void** values, CFIndex count, const CFArrayCallBacks* callBacks);

@@ -24,11 +24,7 @@ enum {
     kAEShutDown = 'shut',
 };
 
-typedef CF_OPTIONS(UInt32, LSLaunchFlags) {
-    kLSLaunchDontAddToRecents = 0x00000100,
-    kLSLaunchDontSwitch = 0x00000200,
-    kLSLaunchAsync = 0x00010000,
-};
+typedef CF_OPTIONS(UInt32, LSLaunchFlags) { kLSLaunchDontAddToRecents = 0x00000100, kLSLaunchDontSwitch = 0x00000200, kLSLaunchAsync = 0x00010000 };
 
 #pragma pack(push, 2)
 struct LSLaunchURLSpec {

@@ -48,30 +48,17 @@ __attribute__((objc_root_class))
 - (id)copy;
 @end
 
-struct CGPoint {
-    CGFloat x;
-    CGFloat y;
-};
-struct CGSize {
-    CGFloat width;
-    CGFloat height;
-};
-struct CGRect {
-    CGPoint origin;
-    CGSize size;
-};
+struct CGPoint { CGFloat x; CGFloat y; };
+struct CGSize { CGFloat width; CGFloat height; };
+struct CGRect { CGPoint origin; CGSize size; };
 typedef CGSize NSSize;
 typedef CGRect NSRect;
 
 typedef NSUInteger NSStringEncoding;
-enum : NSStringEncoding {
-    NSUTF8StringEncoding = 4,
-};
+enum : NSStringEncoding { NSUTF8StringEncoding = 4 };
 
 @interface NSString : NSObject <NSCopying>
-- (nullable instancetype)initWithBytes:(const void*)bytes
-                                length:(NSUInteger)len
-                              encoding:(NSStringEncoding)encoding;
+- (nullable instancetype)initWithBytes:(const void*)bytes length:(NSUInteger)len encoding:(NSStringEncoding)encoding;
 - (BOOL)isEqualToString:(NSString*)aString;
 @property (nullable, readonly) const char* UTF8String;
 @end
@@ -89,9 +76,7 @@ typedef struct {
 } NSFastEnumerationState;
 
 @protocol NSFastEnumeration
-- (NSUInteger)countByEnumeratingWithState:(NSFastEnumerationState*)state
-                                  objects:(id __unsafe_unretained _Nullable[_Nonnull])buffer
-                                    count:(NSUInteger)len;
+- (NSUInteger)countByEnumeratingWithState:(NSFastEnumerationState*)state objects:(id __unsafe_unretained _Nullable[_Nonnull])buffer count:(NSUInteger)len;
 @end
 
 @interface NSArray<__covariant ObjectType> : NSObject <NSFastEnumeration>
@@ -123,10 +108,7 @@ typedef struct {
 @property (class, readonly, copy) NSTimeZone* localTimeZone;
 @end
 
-typedef NS_ENUM(NSUInteger, NSDateFormatterStyle) {
-    NSDateFormatterNoStyle = 0,
-    NSDateFormatterShortStyle = 1,
-};
+typedef NS_ENUM(NSUInteger, NSDateFormatterStyle) { NSDateFormatterNoStyle = 0, NSDateFormatterShortStyle = 1 };
 
 @interface NSDateFormatter : NSObject
 - (NSString*)stringFromDate:(NSDate*)date;
@@ -135,9 +117,7 @@ typedef NS_ENUM(NSUInteger, NSDateFormatterStyle) {
 @property (null_resettable, copy) NSTimeZone* timeZone;
 @end
 
-typedef NS_ENUM(NSInteger, NSRelativeDateTimeFormatterStyle) { // 10.15
-    NSRelativeDateTimeFormatterStyleNamed = 1,
-};
+typedef NS_ENUM(NSInteger, NSRelativeDateTimeFormatterStyle) { NSRelativeDateTimeFormatterStyleNamed = 1 }; // 10.15
 
 typedef NS_ENUM(NSInteger, NSRelativeDateTimeFormatterUnitsStyle) { // 10.15
     NSRelativeDateTimeFormatterUnitsStyleFull = 0,
@@ -156,23 +136,15 @@ typedef NS_ENUM(NSInteger, NSRelativeDateTimeFormatterUnitsStyle) { // 10.15
 @property (nullable, readonly, copy) NSString* path;
 @end
 
-typedef NS_ENUM(NSUInteger, NSSearchPathDirectory) {
-    NSApplicationSupportDirectory = 14,
-};
+typedef NS_ENUM(NSUInteger, NSSearchPathDirectory) { NSApplicationSupportDirectory = 14 };
 
-typedef NS_OPTIONS(NSUInteger, NSSearchPathDomainMask) {
-    NSUserDomainMask = 1,
-};
+typedef NS_OPTIONS(NSUInteger, NSSearchPathDomainMask) { NSUserDomainMask = 1 };
 
 NS_EXTERN NSString* NSHomeDirectory(void);
 
 @interface NSFileManager : NSObject
 @property (class, readonly, strong) NSFileManager* defaultManager;
-- (nullable NSURL*)URLForDirectory:(NSSearchPathDirectory)directory
-                          inDomain:(NSSearchPathDomainMask)domain
-                 appropriateForURL:(nullable NSURL*)url
-                            create:(BOOL)shouldCreate
-                             error:(NSError* _Nullable* _Nullable)error;
+- (nullable NSURL*)URLForDirectory:(NSSearchPathDirectory)directory inDomain:(NSSearchPathDomainMask)domain appropriateForURL:(nullable NSURL*)url create:(BOOL)shouldCreate error:(NSError* _Nullable* _Nullable)error;
 @end
 
 @interface NSBundle : NSObject
@@ -181,9 +153,7 @@ NS_EXTERN NSString* NSHomeDirectory(void);
 @property (nullable, readonly, copy) NSString* bundleIdentifier;
 @end
 
-typedef NS_OPTIONS(unsigned long long, NSActivityOptions) {
-    NSActivityUserInitiatedAllowingIdleSystemSleep = 0xEFFFFFULL,
-};
+typedef NS_OPTIONS(unsigned long long, NSActivityOptions) { NSActivityUserInitiatedAllowingIdleSystemSleep = 0xEFFFFFULL };
 
 @interface NSProcessInfo : NSObject
 @property (class, readonly, strong) NSProcessInfo* processInfo;
@@ -203,17 +173,12 @@ typedef NSString* NSNotificationName;
 
 @interface NSNotificationCenter : NSObject
 @property (class, readonly, strong) NSNotificationCenter* defaultCenter;
-- (id<NSObject>)addObserverForName:(nullable NSNotificationName)name
-                            object:(nullable id)obj
-                             queue:(nullable NSOperationQueue*)queue
-                        usingBlock:(void (^)(NSNotification* notification))block;
+- (id<NSObject>)addObserverForName:(nullable NSNotificationName)name object:(nullable id)obj queue:(nullable NSOperationQueue*)queue usingBlock:(void (^)(NSNotification* notification))block;
 - (void)removeObserver:(id)observer;
 @end
 
 @interface NSTimer : NSObject
-+ (NSTimer*)timerWithTimeInterval:(NSTimeInterval)interval
-                          repeats:(BOOL)repeats
-                            block:(void (^)(NSTimer* timer))block; // 10.12
++ (NSTimer*)timerWithTimeInterval:(NSTimeInterval)interval repeats:(BOOL)repeats block:(void (^)(NSTimer* timer))block; // 10.12
 - (void)invalidate;
 @end
 
@@ -235,10 +200,7 @@ NS_EXTERN NSString* const NSRunLoopCommonModes;
 
 @interface NSAppleEventManager : NSObject
 + (NSAppleEventManager*)sharedAppleEventManager;
-- (void)setEventHandler:(id)handler
-            andSelector:(SEL)handleEventSelector
-          forEventClass:(AEEventClass)eventClass
-             andEventID:(AEEventID)eventID;
+- (void)setEventHandler:(id)handler andSelector:(SEL)handleEventSelector forEventClass:(AEEventClass)eventClass andEventID:(AEEventID)eventID;
 - (void)removeEventHandlerForEventClass:(AEEventClass)eventClass andEventID:(AEEventID)eventID;
 @end
 

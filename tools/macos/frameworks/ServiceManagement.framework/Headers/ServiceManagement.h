@@ -8,9 +8,7 @@
 
 #pragma clang assume_nonnull begin
 
-typedef NS_ENUM(NSInteger, SMAppServiceStatus) {
-    SMAppServiceStatusEnabled = 1,
-};
+typedef NS_ENUM(NSInteger, SMAppServiceStatus) { SMAppServiceStatusEnabled = 1 };
 
 @interface SMAppService : NSObject
 @property (class, readonly) SMAppService* mainAppService;

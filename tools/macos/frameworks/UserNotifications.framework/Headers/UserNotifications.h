@@ -21,13 +21,9 @@ typedef NS_ENUM(NSInteger, UNAuthorizationStatus) {
     UNAuthorizationStatusProvisional,
 };
 
-typedef NS_OPTIONS(NSUInteger, UNNotificationActionOptions) {
-    UNNotificationActionOptionForeground = 1 << 2,
-};
+typedef NS_OPTIONS(NSUInteger, UNNotificationActionOptions) { UNNotificationActionOptionForeground = 1 << 2 };
 
-typedef NS_OPTIONS(NSUInteger, UNNotificationCategoryOptions) {
-    UNNotificationCategoryOptionNone = 0,
-};
+typedef NS_OPTIONS(NSUInteger, UNNotificationCategoryOptions) { UNNotificationCategoryOptionNone = 0 };
 
 typedef NS_OPTIONS(NSUInteger, UNNotificationPresentationOptions) {
     UNNotificationPresentationOptionList = 1 << 3,   // 11.0
@@ -37,16 +33,11 @@ typedef NS_OPTIONS(NSUInteger, UNNotificationPresentationOptions) {
 NS_EXTERN NSString* const UNNotificationDefaultActionIdentifier;
 
 @interface UNNotificationAction : NSObject
-+ (instancetype)actionWithIdentifier:(NSString*)identifier
-                               title:(NSString*)title
-                             options:(UNNotificationActionOptions)options;
++ (instancetype)actionWithIdentifier:(NSString*)identifier title:(NSString*)title options:(UNNotificationActionOptions)options;
 @end
 
 @interface UNNotificationCategory : NSObject
-+ (instancetype)categoryWithIdentifier:(NSString*)identifier
-                               actions:(NSArray<UNNotificationAction*>*)actions
-                     intentIdentifiers:(NSArray<NSString*>*)intentIdentifiers
-                               options:(UNNotificationCategoryOptions)options;
++ (instancetype)categoryWithIdentifier:(NSString*)identifier actions:(NSArray<UNNotificationAction*>*)actions intentIdentifiers:(NSArray<NSString*>*)intentIdentifiers options:(UNNotificationCategoryOptions)options;
 @end
 
 @class UNNotificationTrigger;
@@ -63,9 +54,7 @@ NS_EXTERN NSString* const UNNotificationDefaultActionIdentifier;
 @end
 
 @interface UNNotificationRequest : NSObject
-+ (instancetype)requestWithIdentifier:(NSString*)identifier
-                              content:(UNNotificationContent*)content
-                              trigger:(nullable UNNotificationTrigger*)trigger;
++ (instancetype)requestWithIdentifier:(NSString*)identifier content:(UNNotificationContent*)content trigger:(nullable UNNotificationTrigger*)trigger;
 @property (nonatomic, readonly, copy) UNNotificationContent* content;
 @end
 
@@ -86,24 +75,17 @@ NS_EXTERN NSString* const UNNotificationDefaultActionIdentifier;
 
 @protocol UNUserNotificationCenterDelegate <NSObject>
 @optional
-- (void)userNotificationCenter:(UNUserNotificationCenter*)center
-       willPresentNotification:(UNNotification*)notification
-         withCompletionHandler:(void (^)(UNNotificationPresentationOptions options))completionHandler;
-- (void)userNotificationCenter:(UNUserNotificationCenter*)center
-    didReceiveNotificationResponse:(UNNotificationResponse*)response
-             withCompletionHandler:(void (^)(void))completionHandler;
+- (void)userNotificationCenter:(UNUserNotificationCenter*)center willPresentNotification:(UNNotification*)notification withCompletionHandler:(void (^)(UNNotificationPresentationOptions options))completionHandler;
+- (void)userNotificationCenter:(UNUserNotificationCenter*)center didReceiveNotificationResponse:(UNNotificationResponse*)response withCompletionHandler:(void (^)(void))completionHandler;
 @end
 
 @interface UNUserNotificationCenter : NSObject
 @property (nullable, nonatomic, weak) id<UNUserNotificationCenterDelegate> delegate;
 + (UNUserNotificationCenter*)currentNotificationCenter;
-- (void)requestAuthorizationWithOptions:(UNAuthorizationOptions)options
-                      completionHandler:(void (^)(BOOL granted, NSError* _Nullable error))completionHandler;
+- (void)requestAuthorizationWithOptions:(UNAuthorizationOptions)options completionHandler:(void (^)(BOOL granted, NSError* _Nullable error))completionHandler;
 - (void)setNotificationCategories:(NSSet<UNNotificationCategory*>*)categories;
-- (void)getNotificationSettingsWithCompletionHandler:
-    (void (^)(UNNotificationSettings* settings))completionHandler;
-- (void)addNotificationRequest:(UNNotificationRequest*)request
-         withCompletionHandler:(void (^_Nullable)(NSError* _Nullable error))completionHandler;
+- (void)getNotificationSettingsWithCompletionHandler:(void (^)(UNNotificationSettings* settings))completionHandler;
+- (void)addNotificationRequest:(UNNotificationRequest*)request withCompletionHandler:(void (^_Nullable)(NSError* _Nullable error))completionHandler;
 - (void)removeDeliveredNotificationsWithIdentifiers:(NSArray<NSString*>*)identifiers;
 @end
 
