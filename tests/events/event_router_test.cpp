@@ -257,6 +257,10 @@ TEST_F(EventRouterTest, ABannerThatSaysWaitingGoesAwayWhenItIsNoLongerTrue)
     EXPECT_EQ(shownAfter(CanonicalEvent::userActed, std::nullopt), "STST");
     EXPECT_EQ(shownAfter(CanonicalEvent::finished, "S"), "TT"); // like the reminders
     EXPECT_EQ(shownAfter(CanonicalEvent::error, "S"), "ST-ST-");
+    center.posted.clear();
+    router.handle(event(CanonicalEvent::finished));
+    router.handle(event(CanonicalEvent::userActed));
+    EXPECT_EQ(center.posted.size(), 1u); // it says something that stays true
 }
 
 TEST_F(EventRouterTest, RemindsOnlyWhereTheUserWantsIt)

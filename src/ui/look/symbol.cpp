@@ -39,6 +39,7 @@ QByteArray ourDrawing(const QString& name, int devicePixels, int size)
     QFile file(folder + QStringLiteral("16/") + name + QStringLiteral(".svg"));
     if (devicePixels != 16 || !file.exists()) file.setFileName(folder + name + QStringLiteral(".svg"));
     QByteArray svg = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    Q_ASSERT_X(!svg.isEmpty(), "symbol", qPrintable(name));
     if (size >= large) svg.replace("stroke-width=\"1.75\"", "stroke-width=\"1.4\"");
     return svg;
 }
