@@ -65,6 +65,8 @@ TEST(ReminderChoices, OtherIntervalsAreWholeMinutes)
     for (const auto& [seconds, minutes] :
          {std::pair<std::int64_t, std::int64_t>{90, 1}, {1, 1}, {-5, 1}, {150, 2}, {3600, 60}})
         EXPECT_EQ(shownMinutes(seconds), minutes) << seconds;
+    EXPECT_EQ(reminderPreset(90), std::nullopt);
+    EXPECT_EQ(reminderPreset(reminderPresets[1].seconds), 1U);
     EXPECT_EQ(storedSeconds(0), 60);
     EXPECT_EQ(storedSeconds(7), 420);
     EXPECT_EQ(storedSeconds(1000), 3600);
