@@ -17,10 +17,10 @@ void check(std::string_view bytes)
 {
     if (bytes.size() < 2) return;
     const std::array<Invocation, 4> commands = {{
-        {.provider = "claude", .event = CanonicalEvent::finished},
-        {.provider = "claude", .event = CanonicalEvent::waitingInput},
-        {.provider = "cursor", .event = CanonicalEvent::finished},
-        {.provider = "codex", .event = CanonicalEvent::finished},
+        {.agent = Agent::claude, .event = CanonicalEvent::finished},
+        {.agent = Agent::claude, .event = CanonicalEvent::waitingInput},
+        {.agent = Agent::cursor, .event = CanonicalEvent::finished},
+        {.agent = Agent::codex, .event = CanonicalEvent::finished},
     }};
     const Invocation& command = commands[static_cast<unsigned char>(bytes[0]) % commands.size()];
     const std::size_t step = static_cast<unsigned char>(bytes[1]) + std::size_t{1};
@@ -46,7 +46,7 @@ void check(std::string_view bytes)
     const std::string_view query = std::string_view(*url).substr(url->find('?') + 1);
     require(query.find_first_not_of(plain) == std::string_view::npos && strictlyPercentDecoded(query));
     const auto read = parseEventUrl(*url);
-    require(read && read->type == command.event && read->provider == command.provider && read->timestamp);
+    require(read && read->type == command.event && read->provider == command.provider() && read->timestamp);
 }
 
 }

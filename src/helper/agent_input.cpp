@@ -2,7 +2,6 @@
 #include "helper/agent_input.h"
 
 #include "base/utf8.h"
-#include "values/provider.h"
 #include "values/shared_names.h"
 
 #include <algorithm>
@@ -81,31 +80,37 @@ std::optional<Invocation> parseInvocation(std::span<const char* const> arguments
     const std::string_view first = arguments[0];
     const std::string_view second = arguments.size() > 1 ? arguments[1] : std::string_view();
     if (first == codexNotifyCommand)
-        return Invocation{.provider = codexProvider, .payloadIsArgument = true, .payload = second};
+        return Invocation{.agent = Agent::codex, .payloadIsArgument = true, .payload = second};
 
     const auto event = eventNamed(second);
-    if ((first != claudeProvider && first != cursorProvider) || !event) return std::nullopt;
-    return Invocation{.provider = first, .event = *event};
+    if (!event) return std::nullopt;
+    if (first == claudeProvider) return Invocation{.agent = Agent::claude, .event = *event};
+    if (first == cursorProvider) return Invocation{.agent = Agent::cursor, .event = *event};
+    return std::nullopt;
 }
 
 PayloadReader::PayloadReader(const Invocation& invocation) : invocation_(invocation)
 {
-    if (invocation.provider == claudeProvider) {
+    switch (invocation.agent) {
+    case Agent::claude:
         collector_.lookFor(Role::session, "session_id");
         collector_.lookFor(Role::cwd, "cwd");
         if (invocation.event != CanonicalEvent::waitingInput) return;
         collector_.lookFor(Role::message, "message");
         collector_.lookFor(Role::kind, "notification_type");
-    } else if (invocation.provider == cursorProvider) {
-        collector_.lookFor(Role::session, "conversation_id");
-        collector_.lookFor(Role::cwd, "workspace_roots", true);
-        collector_.lookFor(Role::kind, "status");
-    } else {
+        return;
+    case Agent::codex:
         collector_.lookFor(Role::session, "thread-id");
         collector_.lookFor(Role::cwd, "cwd");
         collector_.lookFor(Role::kind, "type");
         collector_.lookFor(Role::prompts, "input-messages", true, titlePrompt.size());
         collector_.lookFor(Role::answer, "last-assistant-message", false, maxTitleAnswerBytes);
+        return;
+    case Agent::cursor:
+        collector_.lookFor(Role::session, "conversation_id");
+        collector_.lookFor(Role::cwd, "workspace_roots", true);
+        collector_.lookFor(Role::kind, "status");
+        return;
     }
 }
 
@@ -137,10 +142,15 @@ Payload PayloadReader::payload() const
 bool PayloadReader::isIgnored() const
 {
     const auto kind = collector_[Role::kind].text();
-    if (invocation_.provider == claudeProvider)
+    switch (invocation_.agent) {
+    case Agent::claude:
         return kind && std::ranges::find(ignoredNotifications, *kind) != std::end(ignoredNotifications);
-    if (invocation_.provider == cursorProvider) return kind == "aborted"; // by the user, who is there
-    return (kind && *kind != "agent-turn-complete") || isTitleTurn();
+    case Agent::codex:
+        return (kind && *kind != "agent-turn-complete") || isTitleTurn();
+    case Agent::cursor:
+        return kind == "aborted"; // by the user, who is there
+    }
+    return false;
 }
 
 /// Either sign alone could be the user's own turn.

@@ -3,6 +3,7 @@
 
 #include "values/canonical_event.h"
 #include "values/event_payload.h"
+#include "values/provider.h"
 #include "json/json_reader.h"
 
 #include <array>
@@ -15,12 +16,18 @@
 
 namespace chimewell {
 
+/// In the order of `knownProviders`. A `switch` over them that lacks one doesn't compile.
+enum class Agent : std::uint8_t { claude, codex, cursor };
+static_assert(knownProviders == std::array{claudeProvider, codexProvider, cursorProvider});
+
 /// How the agent's configuration calls the helper.
 struct Invocation {
-    std::string_view provider;
+    Agent agent = Agent::claude;
     CanonicalEvent event = CanonicalEvent::finished;
     bool payloadIsArgument = false; ///< Otherwise it comes on standard input.
     std::string_view payload = {};  ///< If it is an argument; empty when that is missing.
+
+    std::string_view provider() const { return knownProviders[static_cast<std::size_t>(agent)]; }
 };
 
 /// `arguments`, the program's name left out, are `claude EVENT` or `cursor EVENT` with an event's raw name,

@@ -4,7 +4,6 @@
 #include "base/percent.h"
 #include "base/utf8.h"
 #include "values/event_payload.h"
-#include "values/provider.h"
 
 namespace chimewell {
 
@@ -13,6 +12,28 @@ namespace {
 std::string_view textOr(const std::optional<std::string>& text, std::string_view otherwise)
 {
     return text && !text->empty() ? std::string_view(*text) : otherwise;
+}
+
+/// What an agent tells its hooks by their environment: names of variables, empty if there is none.
+struct Variables {
+    std::string_view session = {};
+    std::string_view folder = {};
+    bool nameTheTerminal = true; ///< Those of `terminalOf`.
+};
+
+Variables variablesOf(Agent agent)
+{
+    switch (agent) {
+    case Agent::claude:
+        return {.session = "CLAUDE_CODE_SESSION_ID", .folder = "CLAUDE_PROJECT_DIR"};
+    case Agent::codex:
+        return {};
+    case Agent::cursor:
+        // It runs hooks from the editor: the terminal in their environment is the one in which that was
+        // started.
+        return {.folder = "CURSOR_PROJECT_DIR", .nameTheTerminal = false};
+    }
+    return {};
 }
 
 std::string secondsSince1970(std::chrono::system_clock::time_point time)
@@ -49,21 +70,17 @@ std::optional<std::string> eventUrlFor(const Invocation& invocation, const Paylo
                                        const Environment& environment,
                                        std::chrono::system_clock::time_point now)
 {
-    const bool isClaude = invocation.provider == claudeProvider;
-    const bool isCursor = invocation.provider == cursorProvider;
     if (payload.isIgnored) return std::nullopt;
     // Cursor can run the hooks of Claude Code beside its own, which report the same turn.
-    if (isClaude && !environment["CURSOR_VERSION"].empty()) return std::nullopt;
+    if (invocation.agent == Agent::claude && !environment["CURSOR_VERSION"].empty()) return std::nullopt;
 
-    EventUrlBuilder url(invocation.event, invocation.provider);
-    url.add("session", textOr(payload.session, isClaude ? environment["CLAUDE_CODE_SESSION_ID"] : ""));
-    url.add("cwd", textOr(payload.cwd, isClaude   ? environment["CLAUDE_PROJECT_DIR"]
-                                       : isCursor ? environment["CURSOR_PROJECT_DIR"]
-                                                  : ""));
+    const Variables variables = variablesOf(invocation.agent);
+    const auto valueOf = [&](std::string_view name) { return name.empty() ? name : environment[name]; };
+    EventUrlBuilder url(invocation.event, invocation.provider());
+    url.add("session", textOr(payload.session, valueOf(variables.session)));
+    url.add("cwd", textOr(payload.cwd, valueOf(variables.folder)));
     url.add("message", textOr(payload.message, ""));
-    // Cursor runs hooks from the editor: the name of a terminal in their environment is that of the one in
-    // which the editor was started.
-    if (!isCursor) url.add("term", terminalOf(environment));
+    if (variables.nameTheTerminal) url.add("term", terminalOf(environment));
     url.add("ts", secondsSince1970(now));
     url.add("v", "1");
     return std::move(url).text();
