@@ -185,7 +185,7 @@ void expectNothingIsCut(const QWidget& window)
     }
 }
 
-/// Screen readers know each control by a name of its own.
+/// Screen readers know what each control is, and it by a name of its own.
 void expectControlsAreNamedOnce(const QWidget& window)
 {
     std::map<QString, int> names;
@@ -197,6 +197,7 @@ void expectControlsAreNamedOnce(const QWidget& window)
         const bool isPicker = qobject_cast<QComboBox*>(widget);
         const QString said = seen->text(isPicker ? QAccessible::Description : QAccessible::Name);
         EXPECT_FALSE(said.isEmpty()) << about(*widget);
+        EXPECT_NE(seen->role(), QAccessible::Client) << about(*widget);
         EXPECT_LE(++names[said], 1) << "twice " << said.toStdString();
     }
     EXPECT_GE(names.size(), 2U);

@@ -3,8 +3,6 @@
 #include "ui/settings/settings_window.h"
 #include "window_test.h"
 
-#include <QAccessible>
-
 namespace chimewell::test {
 namespace {
 
@@ -24,11 +22,9 @@ TEST_P(RecentAlertsTest, CanBeUsedByKeyboard)
         settings->show(Pane::recent);
         open(settings);
     }
-    auto& row = at<QWidget>(isPanel ? "Error. The agent reported an error.. 14:05 (0 seconds ago)"
-                                    : "Error, The agent reported an error., 14:05 (0 seconds ago)");
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(&row)->role(),
-              isPanel ? QAccessible::Button : QAccessible::ListItem);
-    row.setFocus();
+    at<QWidget>(isPanel ? "Error. The agent reported an error.. 14:05 (0 seconds ago)"
+                        : "Error, The agent reported an error., 14:05 (0 seconds ago)")
+        .setFocus();
     press(Qt::Key_Return); // there is no session
     press(Qt::Key_Down);
     if (!isPanel) // the panel shows it in place of the first

@@ -7,6 +7,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QSpinBox>
 
@@ -157,6 +159,23 @@ TEST_F(SettingsWindowTest, AFileIsChangedOnlyAfterAYes)
     settle();
     EXPECT_TRUE(shows("Hooks are missing from this file. Install them again."));
     EXPECT_TRUE(find("Install Codex"));
+}
+
+TEST_F(SettingsWindowTest, ACardStaysWhereItWasUsed)
+{
+    open(Pane::providers);
+    window->resize(window->minimumSize());
+    settle();
+    QScrollBar* bar = window->findChild<QScrollArea*>(QStringLiteral("providers"))->verticalScrollBar();
+    bar->setValue(bar->maximum());
+    QWidget* card = &at<QWidget>("Cursor");
+    const int top = card->mapTo(window, QPoint()).y();
+    system.files.contents["/home/me/.claude/settings.json"] = "{"; // the card above will say more
+    click("Install Cursor");
+    answer(QDialogButtonBox::AcceptRole);
+    fakes.services.cards.refresh();
+    settle();
+    EXPECT_EQ(card->mapTo(window, QPoint()).y(), top);
 }
 
 TEST_F(SettingsWindowTest, ReturnIsYesOnlyWhereNothingIsTakenAway)

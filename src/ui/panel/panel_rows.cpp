@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/panel/panel_rows.h"
 
+#include "ui/controls/accessibility.h"
 #include "ui/controls/buttons.h"
 #include "ui/controls/layouts.h"
 #include "ui/controls/marks.h"
@@ -85,6 +86,7 @@ RecentPanelRow::RecentPanelRow(const Words& words, std::function<void(const Rece
       open_(new IconButton("arrow.up.forward.app", words(texts::openSessionTooltip)))
 {
     setFocusPolicy(Qt::StrongFocus);
+    setAccessibleRole(this, QAccessible::ListItem);
     setAttribute(Qt::WA_Hover);
     setMinimumHeight(scaled(46));
 

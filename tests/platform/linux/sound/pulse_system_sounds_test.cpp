@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -67,6 +68,18 @@ TEST_F(PulseSystemSoundsTest, PlaysToTheEndOnceAlthoughAskedTwiceAndOutlivesItsM
     ASSERT_TRUE(ends(*sound));
     EXPECT_GE(clock.instant() - start, 500ms) << "it ended before its last sample was heard";
     EXPECT_TRUE(streamsBecome(0));
+}
+
+TEST_F(PulseSystemSoundsTest, HasNoSoundOfAFileThatItCannotPlay)
+{
+    // Two names, a length beyond the file's end, a format too short, not PCM, three channels, eight bits.
+    for (const auto& [place, byte] :
+         {std::pair{0U, 'X'}, {8U, 'X'}, {7U, ''}, {16U, ''}, {20U, ''}, {22U, ''}, {34U, ''}}) {
+        std::string file = wav(10);
+        file[place] = byte;
+        folder.write("Broken.wav", file);
+        EXPECT_EQ(sounds.named("Broken"), nullptr) << place;
+    }
 }
 
 TEST_F(PulseSystemSoundsTest, StoppedOrDestroyedSoundsLeaveNothingAtTheServer)
