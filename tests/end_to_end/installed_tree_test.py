@@ -35,13 +35,12 @@ class InstalledTree(unittest.TestCase):
 
     def test_launchers_name_the_installed_program(self):
         program = str(self.prefix / "bin/chimewell")
-        entry = configparser.RawConfigParser()
-        entry.read(self.prefix / "share/applications/app.chimewell.Chimewell.desktop")
-        value = entry["Desktop Entry"]["Exec"].replace("\\\\", "\\").replace("%%", "%")
+        files = configparser.RawConfigParser()
+        files.read([self.prefix / "share/applications/app.chimewell.Chimewell.desktop",
+                    self.prefix / "share/dbus-1/services/app.chimewell.Chimewell.service"])
+        value = files["Desktop Entry"]["Exec"].replace("\\\\", "\\").replace("%%", "%")
         self.assertEqual(re.sub(r"\\(.)", r"\1", value), f'"{program}" %u')
-        service = configparser.RawConfigParser()
-        service.read(self.prefix / "share/dbus-1/services/app.chimewell.Chimewell.service")
-        self.assertEqual(re.sub(r"\\(.)", r"\1", service["D-BUS Service"]["Exec"]), f'"{program}"')
+        self.assertEqual(re.sub(r"\\(.)", r"\1", files["D-BUS Service"]["Exec"]), f'"{program}"')
 
     def test_the_desktops_tools_accept_it(self):
         share = self.prefix / "share"

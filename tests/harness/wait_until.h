@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
-#include <QEventLoop>
-#include <QTimer>
+#include <QTest>
 
 #include <chrono>
 
@@ -15,14 +12,7 @@ namespace chimewell::test {
 template<typename Condition>
 bool waitUntil(Condition condition, std::chrono::milliseconds limit = std::chrono::seconds(30))
 {
-    const QDeadlineTimer deadline(limit);
-    QTimer wakeUp; // for conditions that become true outside this process
-    wakeUp.start(std::chrono::milliseconds(5));
-    while (!condition()) {
-        if (deadline.hasExpired()) return false;
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-    return true;
+    return QTest::qWaitFor(condition, static_cast<int>(limit.count()));
 }
 
 }

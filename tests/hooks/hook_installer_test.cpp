@@ -175,10 +175,11 @@ TEST_F(HookInstallerTest, RefusesWhatItCannotChangeSafely)
     refuses(codex, "", "Could not encode config.toml.", "done", "/opt/\xE9/chimewell-hook");
     const std::string notUtf8 = "Could not read /home/me/.codex/config.toml: The file is not valid UTF-8.";
     refuses(codex, "a = \"\xFF\"\n", notUtf8, notUtf8);
-    for (const char* text : {"notify = [\"other\"] # chimewell-hook\n", "text = '''\n''' \n'notify'=1\n",
-                             "a = ''''''\nnotify = 1\n", "a = [\"\"\"x\"\"\"\"]\nb = {c = 1}\nnotify = {}\n",
-                             "notify.program = \"other\"\n", "a = 1\n[notify]\nx = 1\n", "[a]\n[[notify]]\n",
-                             "[ \"notify\" . x ]\n"})
+    for (const char* text :
+         {"notify = [\"other\"] # chimewell-hook\n", "text = '''\n''' \n'notify'=1\n",
+          "a = ''''''\nb = \"\"\nnotify = 1\n", "a = [\"\"\"x\"\"\"\"]\nb = {c = 1}\nnotify = {}\n",
+          "notify.program = \"other\"\n", "a = 1\n[notify]\nx = 1\n", "[a]\n[[notify]]\n",
+          "[ \"notify\" . x ]\n"})
         refuses(codex, text, "Codex supports only a single `notify` program");
     for (const char* text : {"notify = [\"/home/u/chain.sh\", \"/opt/chimewell-hook\"]\n",
                              "notify = [ # mine\n  '/home/u/chimewell-hook/chain.sh',\n]\n"})

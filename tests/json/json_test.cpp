@@ -176,18 +176,14 @@ TEST(JSONWriter, EscapesOnlyWhatHasTo)
 
 TEST(JSONWriter, FindsAnEscapeAtEveryPlace)
 {
-    for (std::size_t length = 0; length < 40; ++length) {
-        for (std::size_t at = 0; at < length; ++at) {
+    for (std::size_t length = 0; length < 40; ++length)
+        for (std::size_t at = 0; at < length; ++at)
             for (const auto& [character, escape] :
                  {std::pair{'\n', "\\n"}, {'"', "\\\""}, {'\x1F', "\\u001f"}}) {
-                std::string text(length, '\xC3'); // the writer does not mind
-                text[at] = character;
-                const std::string expected = "\"" + std::string(text).replace(at, 1, escape) + "\"";
-                EXPECT_EQ(quoteJSON(text), expected);
-                EXPECT_EQ(writeJSON(JSONValue::string(text)), expected);
+                const std::string text(length, '\xC3'); // the writer does not mind
+                EXPECT_EQ(quoteJSON(std::string(text).replace(at, 1, 1, character)),
+                          "\"" + std::string(text).replace(at, 1, escape) + "\"");
             }
-        }
-    }
 }
 
 }

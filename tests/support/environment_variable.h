@@ -24,10 +24,7 @@ public:
 private:
     void set(const std::optional<std::string>& value)
     {
-        if (value)
-            ::setenv(name_.c_str(), value->c_str(), 1);
-        else
-            ::unsetenv(name_.c_str());
+        value ? ::setenv(name_.c_str(), value->c_str(), 1) : ::unsetenv(name_.c_str());
     }
 
     std::string name_;

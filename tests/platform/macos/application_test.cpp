@@ -101,10 +101,10 @@ protected:
         notify(shared("defaultCenter"), "NSApplicationDidFinishLaunchingNotification");
     }
 
-    static void deliver(const Event& name, Value content)
+    static void deliver(const Event& name, Value content, Value reply = object())
     {
         const auto [handler, selector] = handlers.at(name);
-        send(handler, selector, Id(content), Id(object()));
+        send(handler, selector, Id(content), Id(reply));
     }
     static void open(Value url)
     {
@@ -284,10 +284,7 @@ TEST_F(ApplicationTest, IsDormantAfterTheUsersQuitOnly)
     }));
     const Value reply = object();
     const auto isDormantAfterEvent = [&](Value content) {
-        return isDormantAfter([&] {
-            const auto [handler, selector] = handlers.at(quit);
-            send(handler, selector, Id(content), Id(reply));
-        });
+        return isDormantAfter([&] { deliver(quit, content, reply); });
     };
     EXPECT_TRUE(isDormantAfterEvent(object()));
     const std::pair<int, bool> reasons[] = {{'quia', true},  {'norm', true},  {'logo', false},

@@ -321,20 +321,15 @@ TEST_F(DbusNotificationCenterTest, IsDeniedWhereTheDesktopsSettingsSwitchOurBann
         startOn(desktop);
         EXPECT_EQ(permission(), authorized) << desktop << " before anything was set";
     }
-    std::string skipped;
     for (const auto& each : cases) {
         startOn(each.desktop);
         permission();
         changes = 0;
-        if (run(each.command).status != 0) {
-            skipped = each.desktop;
-            continue;
-        }
+        if (run(each.command).status != 0) GTEST_SKIP() << "no settings of " << each.desktop << " here";
         const bool isWatched = each.command[0] != "sh"; // Plasma's file is not
         EXPECT_TRUE(waitUntil([&] { return changes > 0 || !isWatched; })) << each.command.back();
         EXPECT_EQ(permission(), each.permission) << each.desktop << ' ' << each.command.back();
     }
-    if (!skipped.empty()) GTEST_SKIP() << "no settings of " << skipped << " here";
 }
 
 }

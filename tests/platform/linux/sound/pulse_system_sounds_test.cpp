@@ -40,8 +40,8 @@ protected:
     }
     static bool ends(const Sound& sound)
     {
-        constexpr auto limit = 20s; // the sound library itself gives up after 30
-        return waitUntil([&] { return !sound.isPlaying(); }, limit);
+        return waitUntil([&] { return !sound.isPlaying(); },
+                         20s); // the sound library itself gives up after 30
     }
     /// How many sounds the server is playing, or keeps without playing them.
     static bool streamsBecome(int count)
