@@ -21,8 +21,6 @@ class PrivateSession {
 public:
     explicit PrivateSession(const std::vector<std::string>& programs);
     ~PrivateSession();
-    PrivateSession(const PrivateSession&) = delete;
-    PrivateSession& operator=(const PrivateSession&) = delete;
 
     /// What is missing; empty when everything runs. The test then skips with this reason.
     const std::string& unavailable() const { return unavailable_; }

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "presentation/provider_card.h"
-#include "values/texts.h"
 
 #include "support/fake_system.h"
 

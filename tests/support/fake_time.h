@@ -58,8 +58,6 @@ private:
     class Handle : public Timer {
     public:
         Handle(Running& timers, Key key) : timers_(timers), key_(key) {}
-        Handle(const Handle&) = delete;
-        Handle& operator=(const Handle&) = delete;
         ~Handle() override { timers_.erase(key_); }
 
     private:

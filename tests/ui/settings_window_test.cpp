@@ -132,6 +132,10 @@ TEST_F(SettingsWindowTest, AFileIsChangedOnlyAfterAYes)
     open(Pane::providers);
     const auto before = system.files.contents;
     click("Install Codex");
+    const auto* question = window->findChild<QDialog*>();
+    const int height = question->height();
+    click("Entries to be added");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return question->height() > height; }));
     answer(QDialogButtonBox::RejectRole);
     EXPECT_EQ(system.files.contents, before);
     at("Install Codex").setFocus();
