@@ -8,6 +8,7 @@
 #include <QTimer>
 
 #include <functional>
+#include <utility>
 
 namespace chimewell::test {
 namespace {
@@ -37,6 +38,7 @@ TEST_F(OnboardingWindowTest, EndsForGoodHoweverItIsLeft)
         window->hide();
         window->show();
         EXPECT_EQ(policies, std::vector{ActivationPolicy::regular}); // once, however often it shows
+        EXPECT_EQ(std::exchange(system.activation.activations, 0), 1);
         leave();
         settle();
         EXPECT_EQ(policies.back(), ActivationPolicy::accessory);
