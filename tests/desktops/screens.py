@@ -63,7 +63,7 @@ class Screen:
 
         def look():
             now = self.picture()
-            if now != since[1]:
+            if now.tobytes() != since[1].tobytes():  # files also hold when they were made
                 since[:] = time.monotonic(), now
             return time.monotonic() - since[0] > 2
         until(look, "a screen at rest", 30)
