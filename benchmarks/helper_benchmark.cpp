@@ -22,6 +22,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <iterator>
 #include <map>
 #include <random>
 #include <string>
@@ -274,9 +275,7 @@ public:
         int taken = 0;
         const auto end = Clock::now() + 30s;
         do {
-            for (std::string line; std::getline(lines_, line);)
-                ++taken;
-            lines_.clear();
+            taken += static_cast<int>(std::count(std::istreambuf_iterator<char>(lines_), {}, '\n'));
             std::this_thread::sleep_for(100us);
         } while (taken < expected && Clock::now() < end);
         return taken;
